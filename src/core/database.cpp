@@ -1,0 +1,151 @@
+#include "core/database.h"
+
+#include <QAtomicInteger>
+#include <QDir>
+#include <QSqlError>
+#include <QSqlRecord>
+#include <QUrl>
+
+namespace ventarix {
+
+namespace {
+
+QString NextConnectionName() {
+  static QAtomicInteger<quint64> counter;
+  return QStringLiteral("ventarix-%1").arg(counter.fetchAndAddRelaxed(1));
+}
+
+const QString kSqlitePrefix = QStringLiteral("sqlite:");
+
+}  // namespace
+
+std::optional<ConnectionTarget> ParseCadena(const QString& cadena) {
+  const QString text = cadena.trimmed();
+  ConnectionTarget target;
+  if (text.startsWith(kSqlitePrefix)) {
+    target.engine = Engine::kSqlite;
+    target.path = text.mid(kSqlitePrefix.size());
+    if (target.path.isEmpty()) return std::nullopt;
+    return target;
+  }
+  const QUrl url(text, QUrl::StrictMode);
+  if (!url.isValid()) return std::nullopt;
+  const QString scheme = url.scheme().toLower();
+  if (scheme != QLatin1String("postgresql") && scheme != QLatin1String("postgres")) {
+    return std::nullopt;
+  }
+  target.engine = Engine::kPostgres;
+  target.host = url.host();
+  target.port = url.port(5432);
+  target.user = url.userName();
+  target.password = url.password();
+  target.catalog = url.path().mid(1);
+  if (target.host.isEmpty() || target.catalog.isEmpty()) return std::nullopt;
+  return target;
+}
+
+QString SqliteCadena(const QString& path) {
+  return kSqlitePrefix + QDir::cleanPath(QDir().absoluteFilePath(path));
+}
+
+QString PostgresCadena(const ConnectionTarget& target) {
+  QUrl url;
+  url.setScheme(QStringLiteral("postgresql"));
+  url.setUserName(target.user);
+  url.setPassword(target.password);
+  url.setHost(target.host);
+  url.setPort(target.port);
+  url.setPath(QLatin1Char('/') + target.catalog);
+  return url.toString();
+}
+
+Connection::Connection(const QString& cadena) : name_(NextConnectionName()) {
+  const std::optional<ConnectionTarget> target = ParseCadena(cadena);
+  if (!target) {
+    error_ = QStringLiteral("Cadena de conexión no válida: ") + cadena;
+    return;
+  }
+  engine_ = target->engine;
+  if (engine_ == Engine::kSqlite) {
+    if (!QFile::exists(target->path)) {
+      error_ = QStringLiteral("No existe el archivo: ") + target->path;
+      return;
+    }
+    db_ = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), name_);
+    db_.setDatabaseName(target->path);
+    // Several workstations may share the file: a writer waits for another instead of failing.
+    db_.setConnectOptions(QStringLiteral("QSQLITE_BUSY_TIMEOUT=15000"));
+  } else {
+    db_ = QSqlDatabase::addDatabase(QStringLiteral("QPSQL"), name_);
+    db_.setHostName(target->host);
+    db_.setPort(target->port);
+    db_.setUserName(target->user);
+    db_.setPassword(target->password);
+    db_.setDatabaseName(target->catalog);
+    db_.setConnectOptions(QStringLiteral("connect_timeout=10"));
+  }
+  ok_ = db_.open();
+  if (!ok_) {
+    error_ = db_.lastError().text();
+    return;
+  }
+  if (engine_ == Engine::kPostgres) {
+    // Keep the server quiet about notices, and dates in ISO form.
+    QSqlQuery(db_).exec(QStringLiteral("set client_min_messages to warning"));
+  }
+}
+
+Connection::~Connection() {
+  if (db_.isValid()) db_.close();
+  db_ = QSqlDatabase();
+  QSqlDatabase::removeDatabase(name_);
+}
+
+QSqlQuery Connection::Exec(const QString& statement, const QVariantList& values) {
+  QSqlQuery query(db_);
+  query.setForwardOnly(true);
+  if (!query.prepare(statement)) return query;
+  for (const QVariant& v : values) query.addBindValue(v);
+  query.exec();
+  return query;
+}
+
+bool Connection::Run(const QString& statement, const QVariantList& values, QString* error) {
+  QSqlQuery query = Exec(statement, values);
+  if (query.lastError().isValid()) {
+    if (error) *error = QueryError(query);
+    return false;
+  }
+  return true;
+}
+
+QVariant Connection::Scalar(const QString& statement, const QVariantList& values) {
+  QSqlQuery query = Exec(statement, values);
+  if (query.next()) return query.value(0);
+  return {};
+}
+
+QStringList Connection::Tables() { return db_.tables(QSql::Tables); }
+
+Transaction::Transaction(Connection& connection) : connection_(connection) {
+  started_ = connection_.db().transaction();
+}
+
+Transaction::~Transaction() {
+  if (started_ && !done_) connection_.db().rollback();
+}
+
+bool Transaction::Commit() {
+  if (!started_ || done_) return false;
+  done_ = connection_.db().commit();
+  return done_;
+}
+
+QString QueryError(const QSqlQuery& query) {
+  const QSqlError e = query.lastError();
+  QString text = e.databaseText().trimmed();
+  if (text.isEmpty()) text = e.text().trimmed();
+  return text;
+}
+
+}  // namespace ventarix

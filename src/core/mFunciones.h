@@ -1,0 +1,77 @@
+#pragma once
+
+#include <QDateTime>
+#include <QString>
+#include <QVariant>
+#include <QVariantList>
+
+#include "core/database.h"
+#include "core/session.h"
+
+// Shared helpers of data access and start-up that every screen uses.
+namespace ventarix::mFunciones {
+
+// The password of every embedded company file in the original system; kept as the starting
+// value of the authorization passwords at login.
+inline constexpr char kClaveFija[] = "qxlmarda_vep";
+
+// Access: Cadena and CadenaShape of the SQLite file BaseDatos. Sql: the two lines of the
+// connection file BaseDatos (a missing line leaves its string empty).
+void ConstruirCadenas(Session& session);
+
+// Assigns every folder of the tree under BaseCarpeta and creates the missing ones; the
+// company folders take the company's RFC.
+void CrearCarpetas(Session& session);
+
+QString NombreEquipo();
+
+// max(column) + 1 over the table, optionally under a condition with its bound values;
+// 1 on an empty table. No lock: unique indexes settle a collision.
+qint32 NumeroSiguiente(Connection& connection, const QString& column, const QString& table,
+                       const QString& condition = {}, const QVariantList& values = {});
+qint32 NumeroSiguiente(const Session& session, const QString& column, const QString& table,
+                       const QString& condition = {}, const QVariantList& values = {});
+
+// The server's date and time (PostgreSQL) or the workstation's (SQLite); date only when
+// asked. FechaFija "yyyyMMdd" overrides both.
+QDateTime FechaServidor(const Session& session, bool solo_fecha = false);
+
+// Statement and bound values that find a product by any of its four codes.
+struct SqlText {
+  QString text;
+  QVariantList values;
+};
+SqlText SqlProducto(const QString& codigo);
+
+bool ExisteFolio(const Session& session, const QString& tabla, const QString& serie,
+                 qint32 folio);
+
+// Deletes the rows of "<tabla> detalles" whose key column holds the value; nothing for an
+// empty value.
+bool BorrarDetalles(Connection& connection, const QString& tabla, const QString& columna,
+                    const QString& valor);
+
+// Values of a freshly added row before its own columns are assigned: zero for numbers, empty
+// text for text, dates and binaries left null.
+QVariantMap InicializarRegistro(const QString& tabla);
+
+// A new scratch file name "TVIK<hex>.TMP" in the temporary folder, after sweeping the older
+// ones; also kept in BaseTemporal.
+QString ArchivoTemporal(Session& session);
+
+// Extracts empresa.logotipo into CarpetaTmp/logo.tmp when that file is missing.
+bool ExtraerLogo(Session& session);
+
+// " and serie in (...)" of the user's invoice series when AplicarSeriesEnFacturas is "S",
+// else empty; the series go into `values` as bound values.
+QString SerieEnLista(const Session& session, QVariantList& values);
+
+bool EsJuridico(const Session& session, qint32 cliente);
+
+// Hands a path to the desktop to open.
+bool AbrirArchivo(const QString& path);
+
+// Appends a line to CarpetaErrores/errores_<mmmyyyy>.txt.
+void RegistrarError(const Session& session, const QString& descripcion);
+
+}  // namespace ventarix::mFunciones

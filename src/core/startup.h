@@ -1,0 +1,61 @@
+#pragma once
+
+#include <QString>
+
+#include <optional>
+
+#include "core/outcome.h"
+#include "core/session.h"
+
+// Start-up of a session: the regional check, the choice of company database kept in the
+// settings store, the company check, the remote address prompt's rules and the login.
+namespace ventarix::startup {
+
+// False when the machine writes decimals with a comma; the message to show then.
+bool SeparadorDecimalEsPunto();
+QString MensajeSeparadorDecimal();
+
+// The values MDB0..MDB3 kept under QSettings("Ventarix", "TVik").
+struct EleccionGuardada {
+  QString motor, base_datos, base_nombre, base_carpeta;
+};
+EleccionGuardada LeerEleccion();
+void GuardarEleccion(const Session& session);
+void OlvidarEleccion();
+
+// "Sql" when the lower-cased file title contains ".txt", else "Access" for ".mdb", else empty.
+QString MotorDeTitulo(const QString& titulo);
+
+// Applies a stored or chosen database to the session: sets Motor, Sql, Access; an unknown
+// motor blanks BaseDatos.
+void AplicarEleccion(Session& session, const EleccionGuardada& eleccion);
+// The choice made in the open-file dialog (or on the command line).
+EleccionGuardada EleccionDeArchivo(const QString& path);
+
+// The company check: the strings are built, a connection opened and table "tablas" looked
+// for. Failure carries the stop message to show (empty when the connection itself failed).
+Outcome ChecarEmpresa(Session& session);
+
+// The remote address prompt runs for a PostgreSQL company whose Cadena mentions 1433.
+bool PedirDireccionRemota(const Session& session);
+QString DireccionActual(const Session& session);
+// Blanks removed; accepted with exactly three points. nullopt for an empty answer, an
+// Outcome warning "Esta IP no es válida" for a wrong one.
+struct RespuestaDireccion {
+  bool vacia = false;
+  bool valida = false;
+  QString direccion;
+};
+RespuestaDireccion RevisarDireccion(const QString& respuesta);
+// Rebuilds both strings with the new address and port 1433 and rewrites the connection file.
+bool CambiarDireccionRemota(Session& session, const QString& direccion);
+
+// After the company check: reads usuarios for the authorization passwords. Without any
+// administrator the table is emptied and the session enters directly as ADMINISTRADOR
+// (returns true: no login).
+bool EntrarSinAcceso(Session& session);
+
+// The login button: exact messages, focus on "usuario" or "contrasena".
+Outcome Entrar(Session& session, const QString& usuario, const QString& contrasena);
+
+}  // namespace ventarix::startup
