@@ -104,6 +104,12 @@ Connection::~Connection() {
 QSqlQuery Connection::Exec(const QString& statement, const QVariantList& values) {
   QSqlQuery query(db_);
   query.setForwardOnly(true);
+  // PostgreSQL prepares only queries and data changes; a statement without values (DDL among
+  // them) goes to the server as it stands.
+  if (values.isEmpty()) {
+    query.exec(statement);
+    return query;
+  }
   if (!query.prepare(statement)) return query;
   for (const QVariant& v : values) query.addBindValue(v);
   query.exec();
