@@ -43,8 +43,7 @@ struct SqlText {
 };
 SqlText SqlProducto(const QString& codigo);
 
-bool ExisteFolio(const Session& session, const QString& tabla, const QString& serie,
-                 qint32 folio);
+bool ExisteFolio(const Session& session, const QString& tabla, const QString& serie, qint32 folio);
 
 // Deletes the rows of "<tabla> detalles" whose key column holds the value; nothing for an
 // empty value.
@@ -73,5 +72,9 @@ bool AbrirArchivo(const QString& path);
 
 // Appends a line to CarpetaErrores/errores_<mmmyyyy>.txt.
 void RegistrarError(const Session& session, const QString& descripcion);
+// The monthly log file of a day ("errores_ene2014.txt", Spanish month names), and one line
+// of it: company folder, user, description and "dd/mmmm/yyyy hh:mm:ss am".
+QString ArchivoDeErrores(const Session& session, const QDate& fecha);
+QString LineaDeError(const Session& session, const QString& descripcion, const QDateTime& momento);
 
 }  // namespace ventarix::mFunciones

@@ -63,6 +63,8 @@ struct Session {
   RowValues empresa;     // row numero = 1 of empresa, or the defaults
   RowValues usuario;     // the user's rights (columns of usuarios)
   RowValues configurar;  // the terminal settings of the user
+  QString DocumentosTpv;  // point-of-sale forms in use: "T", "N", "C" joined by commas
+  QString SerieTpv;       // series of the first form in use
 
   // Default series per document family.
   QString SerieOrdenesCompra, SerieCompras, SerieLicitaciones, SerieContraRecibos,

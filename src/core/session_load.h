@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 #include "core/session.h"
 
@@ -10,6 +11,18 @@
 namespace ventarix {
 
 void CargarSesion(Session& session);
+
+// The mail relay a company starts with until its own account is captured.
+inline constexpr char kServidorSMTPPredeterminado[] = "smtp.ventarix.mx";
+inline constexpr char kPuertoSMTPPredeterminado[] = "587";
+inline constexpr char kDePredeterminado[] = "facturas@ventarix.mx";
+inline constexpr char kPasswordSMTPPredeterminado[] = "";
+
+// Above this many products the look-ups stop pre-loading the product list.
+inline constexpr qint64 kMuchosProductos = 20000;
+
+// The 24 columns of usuarios holding a three-letter rights text (add, cancel, change).
+const QStringList& ColumnasDeDerechos();
 
 // Pieces, for the reload and for tests.
 void CargarEmpresa(Session& session);

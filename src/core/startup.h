@@ -1,8 +1,9 @@
 #pragma once
 
-#include <QString>
-
 #include <optional>
+
+#include <QLocale>
+#include <QString>
 
 #include "core/outcome.h"
 #include "core/session.h"
@@ -13,6 +14,7 @@ namespace ventarix::startup {
 
 // False when the machine writes decimals with a comma; the message to show then.
 bool SeparadorDecimalEsPunto();
+bool SeparadorDecimalEsPunto(const QLocale& locale);
 QString MensajeSeparadorDecimal();
 
 // The values MDB0..MDB3 kept under QSettings("Ventarix", "TVik").

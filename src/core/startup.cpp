@@ -1,0 +1,206 @@
+#include "core/startup.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QLocale>
+#include <QSaveFile>
+#include <QSettings>
+#include <QSqlError>
+#include <QSqlQuery>
+
+#include "core/database.h"
+#include "core/mFunciones.h"
+#include "core/passwords.h"
+
+namespace ventarix::startup {
+
+namespace {
+
+const QString kS = QStringLiteral("S");
+
+QSettings Almacen() { return QSettings(QStringLiteral("Ventarix"), QStringLiteral("TVik")); }
+
+}  // namespace
+
+bool SeparadorDecimalEsPunto(const QLocale& locale) {
+  return !locale.toString(0.5, 'f', 1).contains(QLatin1Char(','));
+}
+
+bool SeparadorDecimalEsPunto() { return SeparadorDecimalEsPunto(QLocale::system()); }
+
+QString MensajeSeparadorDecimal() {
+  return QStringLiteral(
+      "Se requiere configurar la separación de decimales con PUNTO ( . )\n"
+      "Panel de Control\n"
+      "Configuración Regional\n"
+      "Español(México), Número");
+}
+
+EleccionGuardada LeerEleccion() {
+  QSettings settings = Almacen();
+  return {settings.value(QStringLiteral("MDB0")).toString(),
+          settings.value(QStringLiteral("MDB1")).toString(),
+          settings.value(QStringLiteral("MDB2")).toString(),
+          settings.value(QStringLiteral("MDB3")).toString()};
+}
+
+void GuardarEleccion(const Session& session) {
+  QSettings settings = Almacen();
+  settings.setValue(QStringLiteral("MDB0"), session.Motor);
+  settings.setValue(QStringLiteral("MDB1"), session.BaseDatos);
+  settings.setValue(QStringLiteral("MDB2"), session.BaseNombre);
+  settings.setValue(QStringLiteral("MDB3"), session.BaseCarpeta);
+  settings.sync();
+}
+
+void OlvidarEleccion() {
+  QSettings settings = Almacen();
+  settings.clear();
+  settings.sync();
+}
+
+QString MotorDeTitulo(const QString& titulo) {
+  const QString lower = titulo.toLower();
+  if (lower.contains(QLatin1String(".txt"))) return QStringLiteral("Sql");
+  if (lower.contains(QLatin1String(".mdb"))) return QStringLiteral("Access");
+  return {};
+}
+
+void AplicarEleccion(Session& session, const EleccionGuardada& eleccion) {
+  session.Sql = false;
+  session.Access = false;
+  session.Motor = eleccion.motor;
+  session.BaseDatos = eleccion.base_datos;
+  session.BaseNombre = eleccion.base_nombre;
+  session.BaseCarpeta = eleccion.base_carpeta;
+  if (session.Motor == QLatin1String("Sql")) {
+    session.Sql = true;
+  } else if (session.Motor == QLatin1String("Access")) {
+    session.Access = true;
+  } else {
+    session.BaseDatos.clear();
+  }
+}
+
+EleccionGuardada EleccionDeArchivo(const QString& path) {
+  const QFileInfo info(path);
+  return {MotorDeTitulo(info.fileName()), info.absoluteFilePath(), info.fileName(),
+          info.absolutePath()};
+}
+
+Outcome ChecarEmpresa(Session& session) {
+  const Outcome fallo{false, {}, MessageIcon::kNone, {}};
+  if (session.BaseDatos.isEmpty() || !QFileInfo::exists(session.BaseDatos)) return fallo;
+  mFunciones::ConstruirCadenas(session);
+  Connection connection(session.Cadena);
+  if (!connection.ok()) return fallo;
+  const QString tabla = QStringLiteral("tablas");
+  for (const QString& name : connection.Tables()) {
+    if (name.compare(tabla, Qt::CaseInsensitive) == 0) return Outcome::Ok();
+  }
+  return Outcome::Stop(QStringLiteral("En la base de datos:\n") + session.BaseDatos +
+                       QStringLiteral("\nno existe la tabla: ") + tabla);
+}
+
+bool PedirDireccionRemota(const Session& session) {
+  return session.Sql && session.Cadena.contains(QLatin1String("1433"));
+}
+
+QString DireccionActual(const Session& session) {
+  const std::optional<ConnectionTarget> target = ParseCadena(session.Cadena);
+  return target ? target->host : QString();
+}
+
+RespuestaDireccion RevisarDireccion(const QString& respuesta) {
+  RespuestaDireccion r;
+  for (const QChar c : respuesta) {
+    if (!c.isSpace()) r.direccion += c;
+  }
+  r.vacia = r.direccion.isEmpty();
+  r.valida = !r.vacia && r.direccion.count(QLatin1Char('.')) == 3;
+  return r;
+}
+
+bool CambiarDireccionRemota(Session& session, const QString& direccion) {
+  std::optional<ConnectionTarget> target = ParseCadena(session.Cadena);
+  if (!target || target->engine != Engine::kPostgres) return false;
+  target->host = direccion;
+  target->port = 1433;
+  const QString cadena = PostgresCadena(*target);
+  QSaveFile file(session.BaseDatos);
+  if (!file.open(QIODevice::WriteOnly | QIODevice::Text)) return false;
+  const QByteArray lineas = (cadena + QLatin1Char('\n') + cadena + QLatin1Char('\n')).toUtf8();
+  if (file.write(lineas) != lineas.size() || !file.commit()) return false;
+  session.Cadena = cadena;
+  session.CadenaShape = cadena;
+  return true;
+}
+
+bool EntrarSinAcceso(Session& session) {
+  Connection connection(session.Cadena);
+  if (!connection.ok()) {
+    mFunciones::RegistrarError(session, connection.error());
+    return false;
+  }
+  QSqlQuery query = connection.Exec(QStringLiteral("select * from usuarios"));
+  if (query.lastError().isValid()) {
+    mFunciones::RegistrarError(session, QueryError(query));
+    return false;
+  }
+  session.ContrasenaAdministrador = QString::fromLatin1(mFunciones::kClaveFija);
+  session.ContrasenaGerente = session.ContrasenaAdministrador;
+  bool hay_administrador = false;
+  while (query.next()) {
+    const QString contrasena = query.value(QStringLiteral("contraseña")).toString();
+    if (query.value(QStringLiteral("administrador")).toString() == kS) {
+      session.ContrasenaAdministrador = contrasena;
+      hay_administrador = true;
+    } else if (query.value(QStringLiteral("gerente")).toString() == kS) {
+      session.ContrasenaGerente = contrasena;
+    }
+  }
+  if (hay_administrador) return false;
+  // A company without an administrator has no login: whoever opens it is the administrator.
+  QString error;
+  if (!connection.Run(QStringLiteral("delete from usuarios"), {}, &error)) {
+    mFunciones::RegistrarError(session, error);
+    return false;
+  }
+  session.Contrasena.clear();
+  session.ContrasenaAdministrador.clear();
+  session.ContrasenaGerente.clear();
+  session.Usuario = QStringLiteral("ADMINISTRADOR");
+  session.Administrador = true;
+  session.Gerente = false;
+  return true;
+}
+
+Outcome Entrar(Session& session, const QString& usuario, const QString& contrasena) {
+  Connection connection(session.Cadena);
+  if (!connection.ok()) return Outcome::Stop(connection.error());
+  QSqlQuery query =
+      connection.Exec(QStringLiteral("select * from usuarios where usuario = ?"), {usuario});
+  if (query.lastError().isValid()) {
+    mFunciones::RegistrarError(session, QueryError(query));
+    return Outcome::Stop(QueryError(query));
+  }
+  if (!query.next()) {
+    return Outcome::Warning(QStringLiteral("Usuario no registrado para acceso al sistema"),
+                            QStringLiteral("usuario"));
+  }
+  const QString guardada = query.value(QStringLiteral("contraseña")).toString();
+  if (!passwords::Verify(contrasena, guardada)) {
+    return Outcome::Warning(QStringLiteral("Contraseña no válida para acceso al sistema"),
+                            QStringLiteral("contrasena"));
+  }
+  session.Usuario = query.value(QStringLiteral("usuario")).toString();
+  session.Administrador = query.value(QStringLiteral("administrador")).toString() == kS;
+  session.Gerente = query.value(QStringLiteral("gerente")).toString() == kS;
+  // The stored text, hashed or not: authorization prompts verify against it.
+  session.Contrasena = guardada;
+  const int tienda = query.value(QStringLiteral("tienda")).toInt();
+  session.Tienda = tienda >= 1 && tienda <= 5 ? tienda : 1;
+  return Outcome::Ok();
+}
+
+}  // namespace ventarix::startup
