@@ -1,0 +1,141 @@
+#include "documents/document_totals.h"
+
+#include <array>
+#include <charconv>
+
+#include <QSqlQuery>
+#include <QStringList>
+#include <QVariantList>
+
+#include "core/dialect.h"
+
+namespace ventarix {
+
+namespace {
+
+struct StoredRow {
+  QVariant id;
+  RowInput input;
+};
+
+QString DetailTable(const TotalsFamily& family) {
+  return dialect::Name(QString::fromUtf8(family.header) + QStringLiteral(" detalles"));
+}
+
+// Reads the rows in the order the engine gives them. A null in a figure stops the document:
+// nothing sensible can be stored for it.
+Outcome ReadRows(Connection& connection, const TotalsFamily& family, const QString& key,
+                 std::vector<StoredRow>* rows) {
+  QStringList columns = {QStringLiteral("cantidad"), QStringLiteral("precio"),
+                         QStringLiteral("dcto"), QStringLiteral("impuesto")};
+  if (family.with_cost) columns << QStringLiteral("costo") << QStringLiteral("com");
+  const QString text = QStringLiteral("select %1 as fila, %2 from %3 where %4 = ?")
+                           .arg(RowIdentity(connection.sql()), columns.join(QStringLiteral(", ")),
+                                DetailTable(family), dialect::Name(QString::fromUtf8(family.key)));
+  QSqlQuery query = connection.Exec(text, {key});
+  if (!query.isActive()) return Outcome::Stop(QueryError(query));
+  while (query.next()) {
+    std::array<double, 6> figures{};
+    for (int i = 0; i < columns.size(); ++i) {
+      const QVariant value = query.value(i + 1);
+      if (value.isNull()) {
+        return Outcome::Stop(QStringLiteral("Uso no válido de Null: %1 en %2 %3")
+                                 .arg(columns[i], DetailTable(family), key));
+      }
+      figures[i] = value.toDouble();
+    }
+    rows->push_back(
+        {query.value(0), {figures[0], figures[1], figures[2], figures[3], figures[4], figures[5]}});
+  }
+  return Outcome::Ok();
+}
+
+Outcome WriteRow(Connection& connection, const TotalsFamily& family, const QVariant& id,
+                 const RowAmounts& r) {
+  QString text =
+      QStringLiteral(
+          "update %1 set cantidad = ?, precio = ?, importe = ?, dcto = ?, descuento = ?, "
+          "subtotal = ?, impuesto = ?, iva = ?, total = ?")
+          .arg(DetailTable(family));
+  QVariantList values = {r.cantidad, r.precio,   r.importe, r.dcto, r.descuento,
+                         r.subtotal, r.impuesto, r.iva,     r.total};
+  if (family.with_cost) {
+    text += QStringLiteral(", costo = ?, costototal = ?, com = ?, comision = ?, utilidad = ?");
+    values << r.costo << r.costo_total << r.com << r.comision << r.utilidad;
+  }
+  text += QStringLiteral(" where ") + RowIdentityMatch(connection.sql());
+  values << id;
+  QString error;
+  if (!connection.Run(text, values, &error)) return Outcome::Stop(error);
+  return Outcome::Ok();
+}
+
+Outcome WriteHeader(Connection& connection, const TotalsFamily& family, const QString& key,
+                    const DocumentSums& sums, double total,
+                    const std::vector<Deduction>& deductions) {
+  QString text =
+      QStringLiteral("update %1 set importe = ?, descuento = ?, subtotal = ?, iva = ?, total = ?")
+          .arg(dialect::Name(QString::fromUtf8(family.header)));
+  QVariantList values = {HeaderFigure(sums.importe), HeaderFigure(sums.descuento),
+                         HeaderFigure(sums.subtotal), HeaderFigure(sums.iva), total};
+  if (family.with_cost) {
+    text += QStringLiteral(", costo = ?, comision = ?, utilidad = ?");
+    values << HeaderFigure(sums.costo) << HeaderFigure(sums.comision)
+           << HeaderFigure(sums.utilidad);
+  }
+  for (const Deduction& d : deductions) {
+    if (d.column == nullptr) continue;
+    text += QStringLiteral(", %1 = ?").arg(dialect::Name(QString::fromUtf8(d.column)));
+    values << d.amount;
+  }
+  text += QStringLiteral(" where %1 = ?").arg(dialect::Name(QString::fromUtf8(family.key)));
+  values << key;
+  QString error;
+  if (!connection.Run(text, values, &error)) return Outcome::Stop(error);
+  return Outcome::Ok();
+}
+
+}  // namespace
+
+Outcome TotalizeDocument(Connection& connection, const TotalsFamily& family, const QString& key,
+                         const std::vector<Deduction>& deductions, DocumentSums* sums,
+                         double* total) {
+  std::vector<StoredRow> rows;
+  if (Outcome read = ReadRows(connection, family, key, &rows); !read) return read;
+  DocumentSums running;
+  for (const StoredRow& row : rows) {
+    const RowAmounts amounts = ComputeRow(row.input, family.with_cost);
+    running.Add(amounts);
+    if (Outcome written = WriteRow(connection, family, row.id, amounts); !written) return written;
+  }
+  double header_total = running.total;
+  for (const Deduction& d : deductions) header_total -= d.amount;
+  header_total = HeaderFigure(header_total);
+  if (Outcome written = WriteHeader(connection, family, key, running, header_total, deductions);
+      !written) {
+    return written;
+  }
+  if (sums) *sums = running;
+  if (total) *total = header_total;
+  return Outcome::Ok();
+}
+
+double HeaderFigure(double value) {
+  std::array<char, 64> buffer;
+  const auto [end, ec] = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value,
+                                       std::chars_format::general, 15);
+  if (ec != std::errc()) return value;
+  double result = value;
+  std::from_chars(buffer.data(), end, result);
+  return result == 0 ? 0.0 : result;
+}
+
+QString RowIdentity(bool sql) {
+  return sql ? QStringLiteral("cast(ctid as text)") : QStringLiteral("rowid");
+}
+
+QString RowIdentityMatch(bool sql) {
+  return sql ? QStringLiteral("ctid = cast(? as tid)") : QStringLiteral("rowid = ?");
+}
+
+}  // namespace ventarix
