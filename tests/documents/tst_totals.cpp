@@ -1,0 +1,495 @@
+// Document totals as stored: rows rewritten with their rounded figures, headers holding the
+// sums, the summary row of invoices and credit notes, on both engines.
+#include <functional>
+
+#include <QRandomGenerator>
+#include <QSqlQuery>
+#include <QSqlRecord>
+#include <QTest>
+
+#include "core/dialect.h"
+#include "documents/document_totals.h"
+#include "documents/mSaldos.h"
+#include "support/document_rows.h"
+#include "support/test_company.h"
+
+using namespace ventarix;
+using testing::InsertarFila;
+
+namespace {
+
+struct Row {
+  QVariant cantidad, precio, dcto = 0.0, impuesto = 0.0, costo = 0.0, com = 0.0;
+};
+
+using Totalizar = std::function<Outcome(Connection&, const Session&, const QString&)>;
+
+struct Family {
+  const char* table;
+  const char* key;
+  bool cost;
+  Totalizar run;
+};
+
+const std::vector<Family>& Families() {
+  using namespace mSaldos;
+  static const std::vector<Family> families = {
+      {"facturas", "factura", true,
+       [](Connection& c, const Session& s, const QString& k) { return TotalizarFactura(c, s, k); }},
+      {"remisiones", "remision", true,
+       [](Connection& c, const Session&, const QString& k) { return TotalizarRemision(c, k); }},
+      {"cotizaciones", "cotizacion", true,
+       [](Connection& c, const Session&, const QString& k) { return TotalizarCotizacion(c, k); }},
+      {"traspasos", "traspaso", true,
+       [](Connection& c, const Session&, const QString& k) { return TotalizarTraspaso(c, k); }},
+      {"pedidos", "pedido", false,
+       [](Connection& c, const Session&, const QString& k) { return TotalizarPedido(c, k); }},
+      {"ordenes de compra", "orden", false,
+       [](Connection& c, const Session&, const QString& k) { return TotalizarOrdenCompra(c, k); }},
+      {"notas cliente", "nota", false,
+       [](Connection& c, const Session& s, const QString& k) {
+         return TotalizarNotaCliente(c, s, k);
+       }},
+      {"compras", "compra", false,
+       [](Connection& c, const Session&, const QString& k) { return TotalizarCompra(c, k); }},
+      {"notas proveedor", "nota", false,
+       [](Connection& c, const Session&, const QString& k) {
+         return TotalizarNotaProveedor(c, k);
+       }},
+  };
+  return families;
+}
+
+QString T(const char* text) { return QString::fromUtf8(text); }
+
+bool AddDocument(Connection& c, const QString& table, const QString& key_column, const QString& key,
+                 const std::vector<Row>& rows, QVariantMap header = {}) {
+  header[key_column] = key;
+  QString error;
+  if (!InsertarFila(c, table, header, &error)) {
+    qWarning() << error;
+    return false;
+  }
+  int item = 0;
+  for (const Row& r : rows) {
+    QVariantMap row = {{key_column, key},
+                       {QStringLiteral("item"), ++item},
+                       {QStringLiteral("cantidad"), r.cantidad},
+                       {QStringLiteral("precio"), r.precio},
+                       {QStringLiteral("dcto"), r.dcto},
+                       {QStringLiteral("impuesto"), r.impuesto}};
+    const QString detail = table + QStringLiteral(" detalles");
+    if (schema::FindTable(detail)->columns.size() > 0) {
+      for (const schema::Column& col : schema::FindTable(detail)->columns) {
+        if (QLatin1String(col.name) == QLatin1String("costo"))
+          row[QStringLiteral("costo")] = r.costo;
+        if (QLatin1String(col.name) == QLatin1String("com")) row[QStringLiteral("com")] = r.com;
+      }
+    }
+    if (!InsertarFila(c, detail, row, &error)) {
+      qWarning() << error;
+      return false;
+    }
+  }
+  return true;
+}
+
+double Value(Connection& c, const QString& table, const QString& key_column, const QString& key,
+             const QString& column) {
+  return c
+      .Scalar(QStringLiteral("select %1 from %2 where %3 = ?")
+                  .arg(dialect::Name(column), dialect::Name(table), dialect::Name(key_column)),
+              {key})
+      .toDouble();
+}
+
+int Count(Connection& c, const QString& table, const QString& key_column, const QString& key) {
+  return c
+      .Scalar(QStringLiteral("select count(*) from %1 where %2 = ?")
+                  .arg(dialect::Name(table), dialect::Name(key_column)),
+              {key})
+      .toInt();
+}
+
+// Every figure of a table, in key and item order, as exact text.
+QStringList Snapshot(Connection& c, const QString& table, const QString& key_column) {
+  const bool detail = table.endsWith(QLatin1String(" detalles"));
+  QSqlQuery q = c.Exec(QStringLiteral("select * from %1 order by %2%3")
+                           .arg(dialect::Name(table), dialect::Name(key_column),
+                                detail ? QStringLiteral(", item") : QString()));
+  QStringList out;
+  while (q.next()) {
+    QStringList fields;
+    for (int i = 0; i < q.record().count(); ++i) {
+      const QVariant v = q.value(i);
+      fields << (v.metaType().id() == QMetaType::Double ? QString::number(v.toDouble(), 'g', 17)
+                                                        : v.toString());
+    }
+    out << fields.join(QLatin1Char('|'));
+  }
+  return out;
+}
+
+}  // namespace
+
+class TstTotals : public QObject {
+  Q_OBJECT
+
+ private slots:
+  void initTestCase_data() { testing::AddEngineRows(); }
+
+  void clerksInvoiceOfThreeRows();
+  void rowsKeepOnlyTheirStatedPlaces();
+  void everyFamilyWritesItsOwnHeader();
+  void retentionsAndDeductions();
+  void invoiceWithoutRowsAndWithRetentions();
+  void summaryRowsStayOnePerDocument();
+  void adjustmentValuesTheMovements();
+  void aNullFigureStopsTheDocument();
+  void relatedDocumentsList();
+  void randomDocumentsAreStableAndAddUp();
+};
+
+void TstTotals::clerksInvoiceOfThreeRows() {
+  VENTARIX_COMPANY(company);
+  Session session = company.MakeSession();
+  session.empresa.Set(QStringLiteral("impuesto"), 16);
+  session.Tienda = 2;
+  Connection c(company.cadena());
+  Transaction save(c);
+  QVERIFY(
+      AddDocument(c, QStringLiteral("facturas"), QStringLiteral("factura"), QStringLiteral("A-7"),
+                  {{3, 10.00, 12.5, 16, 6, 5}, {2, 45.5, 0, 16, 30, 5}, {1.5, 0.125, 0, 0, 0, 0}}));
+  const Outcome done = mSaldos::TotalizarFactura(c, session, QStringLiteral("A-7"), {1.5, 2.25, 0},
+                                                 QStringLiteral("VENTA DEL DIA"),
+                                                 QDateTime(QDate(2024, 3, 15), QTime(17, 45)));
+  QVERIFY2(done.ok, qPrintable(done.message));
+  QVERIFY(save.Commit());
+
+  auto header = [&](const char* column) {
+    return Value(c, QStringLiteral("facturas"), QStringLiteral("factura"), QStringLiteral("A-7"),
+                 T(column));
+  };
+  QCOMPARE(header("importe"), 121.1875);
+  QCOMPARE(header("descuento"), 3.75);
+  QCOMPARE(header("subtotal"), 117.4375);
+  QCOMPARE(header("iva"), 18.76);
+  QCOMPARE(header("total"), 132.4475);  // 136.1975 less 1.50 ISR and 2.25 IVA retained
+  QCOMPARE(header("costo"), 78.0);
+  QCOMPARE(header("comision"), 5.86);  // 1.3125 -> 1.31 and 4.55
+  QCOMPARE(header("utilidad"), 33.58);  // 6.94 + 26.45 + 0.19
+  QCOMPARE(header("retencion isr $"), 1.5);
+  QCOMPARE(header("retencion iva $"), 2.25);
+
+  // The single concept the invoice can be printed and stamped as.
+  const QString resumen = QStringLiteral("facturas resumen");
+  QCOMPARE(Count(c, resumen, QStringLiteral("factura"), QStringLiteral("A-7")), 1);
+  QSqlQuery row = c.Exec(QStringLiteral("select * from \"facturas resumen\" where factura = ?"),
+                         {QStringLiteral("A-7")});
+  QVERIFY(row.next());
+  QCOMPARE(row.value(QStringLiteral("codigo")).toString(), QStringLiteral("CORTE"));
+  QCOMPARE(row.value(QStringLiteral("unidad")).toString(), QStringLiteral("CORTE"));
+  QCOMPARE(row.value(QStringLiteral("descripcion")).toString(), QStringLiteral("VENTA DEL DIA"));
+  QCOMPARE(row.value(QStringLiteral("cantidad")).toDouble(), 1.0);
+  QCOMPARE(row.value(QStringLiteral("precio")).toDouble(), 121.1875);
+  QCOMPARE(row.value(QStringLiteral("total")).toDouble(), 132.4475);
+  QCOMPARE(row.value(QStringLiteral("impuesto")).toDouble(), 16.0);
+  QCOMPARE(row.value(QStringLiteral("costo")).toDouble(), 78.0);
+  QCOMPARE(row.value(QStringLiteral("costototal")).toDouble(), 78.0);
+  QCOMPARE(row.value(QStringLiteral("tienda")).toInt(), 2);
+  QCOMPARE(row.value(QStringLiteral("item")).toInt(), 1);
+  QCOMPARE(dialect::ReadDate(row.value(QStringLiteral("fecha"))),
+           QDateTime(QDate(2024, 3, 15), QTime(0, 0)));
+}
+
+void TstTotals::rowsKeepOnlyTheirStatedPlaces() {
+  VENTARIX_COMPANY(company);
+  Connection c(company.cadena());
+  QVERIFY(AddDocument(c, QStringLiteral("remisiones"), QStringLiteral("remision"),
+                      QStringLiteral("R-1"),
+                      {{2.123456789, 3.14159, 10.555, 16.004, 12.345, 2.5}}));
+  QVERIFY(mSaldos::TotalizarRemision(c, QStringLiteral("R-1")).ok);
+  QSqlQuery q = c.Exec(QStringLiteral("select * from \"remisiones detalles\" where remision = ?"),
+                       {QStringLiteral("R-1")});
+  QVERIFY(q.next());
+  QCOMPARE(q.value(QStringLiteral("cantidad")).toDouble(), 2.12345679);
+  QCOMPARE(q.value(QStringLiteral("precio")).toDouble(), 3.1416);
+  QCOMPARE(q.value(QStringLiteral("importe")).toDouble(), 6.6711);  // 6.671051851464
+  QCOMPARE(q.value(QStringLiteral("dcto")).toDouble(), 10.56);
+  QCOMPARE(q.value(QStringLiteral("descuento")).toDouble(), 0.7045);  // 0.70446816
+  QCOMPARE(q.value(QStringLiteral("subtotal")).toDouble(), 5.9666);
+  QCOMPARE(q.value(QStringLiteral("impuesto")).toDouble(), 16.0);
+  QCOMPARE(q.value(QStringLiteral("iva")).toDouble(), 0.9547);  // 0.954656
+  QCOMPARE(q.value(QStringLiteral("total")).toDouble(), 6.9213);
+  QCOMPARE(q.value(QStringLiteral("costo")).toDouble(), 12.34);
+  QCOMPARE(q.value(QStringLiteral("costototal")).toDouble(), 26.2);  // 26.20346... with 12.34
+  QCOMPARE(q.value(QStringLiteral("comision")).toDouble(), 0.15);    // 0.149165
+  QCOMPARE(q.value(QStringLiteral("utilidad")).toDouble(), -20.38);  // 5.9666 - 26.2 - 0.15
+}
+
+void TstTotals::everyFamilyWritesItsOwnHeader() {
+  VENTARIX_COMPANY(company);
+  const Session session = company.MakeSession();
+  Connection c(company.cadena());
+  for (const Family& f : Families()) {
+    const QString table = T(f.table);
+    // A second document with the same rows stays as it was: only the key's header changes.
+    QVERIFY(AddDocument(c, table, T(f.key), QStringLiteral("X-1"), {{3, 10.0, 12.5, 16, 6, 10}}));
+    QVERIFY(AddDocument(c, table, T(f.key), QStringLiteral("X-2"), {{3, 10.0, 12.5, 16, 6, 10}}));
+    const Outcome done = f.run(c, session, QStringLiteral("X-1"));
+    QVERIFY2(done.ok, qPrintable(table + QStringLiteral(": ") + done.message));
+    auto header = [&](const QString& key, const char* column) {
+      return Value(c, table, T(f.key), key, T(column));
+    };
+    QCOMPARE(header(QStringLiteral("X-1"), "importe"), 30.0);
+    QCOMPARE(header(QStringLiteral("X-1"), "descuento"), 3.75);
+    QCOMPARE(header(QStringLiteral("X-1"), "subtotal"), 26.25);
+    QCOMPARE(header(QStringLiteral("X-1"), "iva"), 4.2);
+    QCOMPARE(header(QStringLiteral("X-1"), "total"), 30.45);
+    QCOMPARE(header(QStringLiteral("X-2"), "total"), 0.0);
+    QCOMPARE(Value(c, table + QStringLiteral(" detalles"), T(f.key), QStringLiteral("X-1"),
+                   QStringLiteral("total")),
+             30.45);
+    if (f.cost) {
+      QCOMPARE(header(QStringLiteral("X-1"), "costo"), 18.0);
+      QCOMPARE(header(QStringLiteral("X-1"), "comision"), 2.62);
+      QCOMPARE(header(QStringLiteral("X-1"), "utilidad"), 5.63);
+    }
+  }
+}
+
+void TstTotals::retentionsAndDeductions() {
+  VENTARIX_COMPANY(company);
+  Connection c(company.cadena());
+  const std::vector<Row> rows = {{3, 10.0, 12.5, 16}};
+  QVERIFY(AddDocument(c, QStringLiteral("compras"), QStringLiteral("compra"), QStringLiteral("C-1"),
+                      rows));
+  QVERIFY(mSaldos::TotalizarCompra(c, QStringLiteral("C-1"), 2.8).ok);
+  QCOMPARE(Value(c, QStringLiteral("compras"), QStringLiteral("compra"), QStringLiteral("C-1"),
+                 QStringLiteral("total")),
+           27.65);
+  QCOMPARE(Value(c, QStringLiteral("compras"), QStringLiteral("compra"), QStringLiteral("C-1"),
+                 QStringLiteral("retencion")),
+           2.8);
+
+  // A supplier note's deduction lowers its total and is kept nowhere.
+  QVERIFY(AddDocument(c, QStringLiteral("notas proveedor"), QStringLiteral("nota"),
+                      QStringLiteral("N-1"), rows, {{QStringLiteral("retencion"), 9.0}}));
+  QVERIFY(mSaldos::TotalizarNotaProveedor(c, QStringLiteral("N-1"), 0.45).ok);
+  QCOMPARE(Value(c, QStringLiteral("notas proveedor"), QStringLiteral("nota"),
+                 QStringLiteral("N-1"), QStringLiteral("total")),
+           30.0);
+  QCOMPARE(Value(c, QStringLiteral("notas proveedor"), QStringLiteral("nota"),
+                 QStringLiteral("N-1"), QStringLiteral("retencion")),
+           9.0);
+}
+
+void TstTotals::invoiceWithoutRowsAndWithRetentions() {
+  VENTARIX_COMPANY(company);
+  const Session session = company.MakeSession();
+  Connection c(company.cadena());
+  QVERIFY(AddDocument(c, QStringLiteral("facturas"), QStringLiteral("factura"),
+                      QStringLiteral("A-1"), {},
+                      {{QStringLiteral("importe"), 99.0}, {QStringLiteral("total"), 99.0}}));
+  QVERIFY(mSaldos::TotalizarFactura(c, session, QStringLiteral("A-1"), {4, 3, 2}).ok);
+  QCOMPARE(Value(c, QStringLiteral("facturas"), QStringLiteral("factura"), QStringLiteral("A-1"),
+                 QStringLiteral("importe")),
+           0.0);
+  QCOMPARE(Value(c, QStringLiteral("facturas"), QStringLiteral("factura"), QStringLiteral("A-1"),
+                 QStringLiteral("total")),
+           -9.0);
+  // No summary text, no summary row.
+  QCOMPARE(Count(c, QStringLiteral("facturas resumen"), QStringLiteral("factura"),
+                 QStringLiteral("A-1")),
+           0);
+}
+
+void TstTotals::summaryRowsStayOnePerDocument() {
+  VENTARIX_COMPANY(company);
+  Session session = company.MakeSession();
+  session.empresa.Set(QStringLiteral("impuesto"), 16);
+  Connection c(company.cadena());
+  const QDateTime fecha(QDate(2024, 3, 15), QTime(9, 0));
+  QVERIFY(AddDocument(c, QStringLiteral("notas cliente"), QStringLiteral("nota"),
+                      QStringLiteral("NC-1"), {{1, 100, 0, 16}}));
+  QVERIFY(mSaldos::TotalizarNotaCliente(c, session, QStringLiteral("NC-1"), fecha,
+                                        QStringLiteral("DEVOLUCION"))
+              .ok);
+  // The clerk corrects the price and saves again: the summary row is rewritten, not doubled.
+  QVERIFY(c.Run(QStringLiteral("update \"notas cliente detalles\" set precio = 50 where nota = ?"),
+                {QStringLiteral("NC-1")}));
+  QVERIFY(mSaldos::TotalizarNotaCliente(c, session, QStringLiteral("NC-1"), fecha,
+                                        QStringLiteral("DESCUENTO"))
+              .ok);
+  QCOMPARE(Count(c, QStringLiteral("notas cliente resumen"), QStringLiteral("nota"),
+                 QStringLiteral("NC-1")),
+           1);
+  QSqlQuery row = c.Exec(QStringLiteral("select * from \"notas cliente resumen\" where nota = ?"),
+                         {QStringLiteral("NC-1")});
+  QVERIFY(row.next());
+  QCOMPARE(row.value(QStringLiteral("codigo")).toString(), QStringLiteral("NOTA"));
+  QCOMPARE(row.value(QStringLiteral("unidad")).toString(), QStringLiteral("NA"));
+  QCOMPARE(row.value(QStringLiteral("descripcion")).toString(), QStringLiteral("DESCUENTO"));
+  QCOMPARE(row.value(QStringLiteral("importe")).toDouble(), 50.0);
+  QCOMPARE(row.value(QStringLiteral("total")).toDouble(), 58.0);
+
+  // An empty text afterwards leaves the existing summary as it stands.
+  QVERIFY(mSaldos::TotalizarNotaCliente(c, session, QStringLiteral("NC-1"), fecha, QString()).ok);
+  QCOMPARE(Count(c, QStringLiteral("notas cliente resumen"), QStringLiteral("nota"),
+                 QStringLiteral("NC-1")),
+           1);
+
+  // The invoice's summary behaves the same way.
+  QVERIFY(AddDocument(c, QStringLiteral("facturas"), QStringLiteral("factura"),
+                      QStringLiteral("A-2"), {{2, 10, 0, 16}}));
+  for (int i = 0; i < 3; ++i) {
+    QVERIFY(mSaldos::TotalizarFactura(c, session, QStringLiteral("A-2"), {},
+                                      QStringLiteral("CORTE Z"), fecha)
+                .ok);
+  }
+  QCOMPARE(Count(c, QStringLiteral("facturas resumen"), QStringLiteral("factura"),
+                 QStringLiteral("A-2")),
+           1);
+}
+
+void TstTotals::adjustmentValuesTheMovements() {
+  VENTARIX_COMPANY(company);
+  Connection c(company.cadena());
+  QString error;
+  QVERIFY(InsertarFila(c, QStringLiteral("ajustes de inventario"),
+                       {{QStringLiteral("ajuste"), QStringLiteral("J-1")}}, &error));
+  struct Move {
+    double entradas, salidas;
+    QVariant costo;
+  };
+  const Move moves[] = {
+      {5, 0, 2.5}, {0, 2, 10.125}, {3, 0, QVariant(QMetaType(QMetaType::Double))}};
+  int item = 0;
+  for (const Move& m : moves) {
+    QVERIFY2(InsertarFila(c, QStringLiteral("ajustes de inventario detalles"),
+                          {{QStringLiteral("ajuste"), QStringLiteral("J-1")},
+                           {QStringLiteral("item"), ++item},
+                           {QStringLiteral("entradas"), m.entradas},
+                           {QStringLiteral("salidas"), m.salidas},
+                           {QStringLiteral("costo"), m.costo}},
+                          &error),
+             qPrintable(error));
+  }
+  QVERIFY(mSaldos::TotalizarAjuste(c, QStringLiteral("J-1")).ok);
+  // 12.5 in, 20.25 out, and a row without cost that counts nothing; not rounded.
+  QCOMPARE(Value(c, QStringLiteral("ajustes de inventario"), QStringLiteral("ajuste"),
+                 QStringLiteral("J-1"), QStringLiteral("total")),
+           -7.75);
+}
+
+void TstTotals::aNullFigureStopsTheDocument() {
+  VENTARIX_COMPANY(company);
+  Connection c(company.cadena());
+  QVERIFY(AddDocument(c, QStringLiteral("pedidos"), QStringLiteral("pedido"), QStringLiteral("P-1"),
+                      {{1, QVariant(QMetaType(QMetaType::Double))}},
+                      {{QStringLiteral("total"), 99.0}}));
+  const Outcome done = mSaldos::TotalizarPedido(c, QStringLiteral("P-1"));
+  QVERIFY(!done.ok);
+  QVERIFY(done.message.contains(QLatin1String("precio")));
+  QCOMPARE(done.icon, MessageIcon::kStop);
+  QCOMPARE(Value(c, QStringLiteral("pedidos"), QStringLiteral("pedido"), QStringLiteral("P-1"),
+                 QStringLiteral("total")),
+           99.0);
+}
+
+void TstTotals::relatedDocumentsList() {
+  VENTARIX_COMPANY(company);
+  Connection c(company.cadena());
+  int item = 0;
+  for (const char* factura : {"A-1", "A-2", "A-1"}) {
+    QVERIFY(InsertarFila(c, QStringLiteral("cxc detalles"),
+                         {{QStringLiteral("pago"), QStringLiteral("P-1")},
+                          {QStringLiteral("item"), ++item},
+                          {QStringLiteral("factura"), T(factura)}}));
+  }
+  QString error;
+  QStringList facturas = mSaldos::ListaDocumentosRelacionados(
+      c, QStringLiteral("cxc"), QStringLiteral("pago"), QStringLiteral("P-1"),
+      QStringLiteral("factura"), &error);
+  facturas.sort();
+  QCOMPARE(facturas, (QStringList{QStringLiteral("A-1"), QStringLiteral("A-2")}));
+  QVERIFY(error.isEmpty());
+  // Nothing related: the list of nothing, which a scope turns into "matches none".
+  QCOMPARE(mSaldos::ListaDocumentosRelacionados(c, QStringLiteral("cxc"), QStringLiteral("pago"),
+                                                QStringLiteral("P-9"), QStringLiteral("factura")),
+           QStringList{QString()});
+  // The orders behind a purchase, read from another family's rows.
+  QVERIFY(AddDocument(c, QStringLiteral("compras"), QStringLiteral("compra"), QStringLiteral("C-1"),
+                      {{1, 1}}));
+  QVERIFY(c.Run(QStringLiteral("update \"compras detalles\" set orden = 'O-5'")));
+  QCOMPARE(
+      mSaldos::ListaDocumentosRelacionados(c, QStringLiteral("compras"), QStringLiteral("compra"),
+                                           QStringLiteral("C-1"), QStringLiteral("orden")),
+      QStringList{QStringLiteral("O-5")});
+}
+
+void TstTotals::randomDocumentsAreStableAndAddUp() {
+  VENTARIX_COMPANY(company);
+  const Session session = company.MakeSession();
+  Connection c(company.cadena());
+  QRandomGenerator random(20240315);
+  // Figures with more places than kept, and many exact ties.
+  auto figure = [&](int whole, int places) {
+    double value = random.bounded(whole * 100000) / 100000.0;
+    if (random.bounded(3) == 0) value = random.bounded(whole * 1000) / 1000.0 + 0.00005;
+    return std::round(value * std::pow(10, places)) / std::pow(10, places);
+  };
+  const double percents[] = {0, 5, 12.5, 33.333, 16, 16.004, 2.5};
+  for (const Family& f : Families()) {
+    const QString table = T(f.table);
+    const QString key_column = T(f.key);
+    QStringList keys;
+    for (int d = 0; d < 6; ++d) {
+      std::vector<Row> rows;
+      const int count = random.bounded(7);
+      for (int i = 0; i < count; ++i) {
+        rows.push_back({figure(40, 10), figure(900, 6), percents[random.bounded(7)],
+                        percents[random.bounded(7)], figure(500, 3), percents[random.bounded(7)]});
+      }
+      keys << QStringLiteral("R-%1").arg(d + 1);
+      QVERIFY(AddDocument(c, table, key_column, keys.last(), rows));
+      QVERIFY(f.run(c, session, keys.last()).ok);
+    }
+    const QStringList headers = Snapshot(c, table, key_column);
+    const QStringList rows = Snapshot(c, table + QStringLiteral(" detalles"), key_column);
+    for (const QString& key : keys) QVERIFY(f.run(c, session, key).ok);
+    QCOMPARE(Snapshot(c, table, key_column), headers);
+    QCOMPARE(Snapshot(c, table + QStringLiteral(" detalles"), key_column), rows);
+
+    QStringList sums = {QStringLiteral("importe"), QStringLiteral("descuento"),
+                        QStringLiteral("subtotal"), QStringLiteral("iva"), QStringLiteral("total")};
+    if (f.cost)
+      sums << QStringLiteral("costo") << QStringLiteral("comision") << QStringLiteral("utilidad");
+    for (const QString& key : keys) {
+      for (const QString& column : sums) {
+        const QString row_column =
+            column == QLatin1String("costo") ? QStringLiteral("costototal") : column;
+        QSqlQuery q =
+            c.Exec(QStringLiteral("select %1 from %2 where %3 = ?")
+                       .arg(row_column, dialect::Name(table + QStringLiteral(" detalles")),
+                            dialect::Name(key_column)),
+                   {key});
+        double sum = 0;
+        while (q.next()) {
+          const double stored = q.value(0).toDouble();
+          // Every stored figure already has no more than four places.
+          QCOMPARE(std::round(stored * 10000) / 10000, stored);
+          sum += stored;
+        }
+        const double header = Value(c, table, key_column, key, column);
+        QVERIFY2(std::abs(header - sum) < 1e-9, qPrintable(QStringLiteral("%1 %2 %3: %4 vs %5")
+                                                               .arg(table, key, column)
+                                                               .arg(header, 0, 'g', 17)
+                                                               .arg(sum, 0, 'g', 17)));
+      }
+    }
+  }
+}
+
+QTEST_GUILESS_MAIN(TstTotals)
+#include "tst_totals.moc"
