@@ -176,7 +176,7 @@ void TstTotals::clerksInvoiceOfThreeRows() {
   QCOMPARE(header("iva"), 18.76);
   QCOMPARE(header("total"), 132.4475);  // 136.1975 less 1.50 ISR and 2.25 IVA retained
   QCOMPARE(header("costo"), 78.0);
-  QCOMPARE(header("comision"), 5.86);  // 1.3125 -> 1.31 and 4.55
+  QCOMPARE(header("comision"), 5.86);   // 1.3125 -> 1.31 and 4.55
   QCOMPARE(header("utilidad"), 33.58);  // 6.94 + 26.45 + 0.19
   QCOMPARE(header("retencion isr $"), 1.5);
   QCOMPARE(header("retencion iva $"), 2.25);
