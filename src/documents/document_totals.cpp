@@ -76,12 +76,10 @@ Outcome WriteHeader(Connection& connection, const TotalsFamily& family, const QS
   QString text =
       QStringLiteral("update %1 set importe = ?, descuento = ?, subtotal = ?, iva = ?, total = ?")
           .arg(dialect::Name(QString::fromUtf8(family.header)));
-  QVariantList values = {HeaderFigure(sums.importe), HeaderFigure(sums.descuento),
-                         HeaderFigure(sums.subtotal), HeaderFigure(sums.iva), total};
+  QVariantList values = {sums.importe, sums.descuento, sums.subtotal, sums.iva, total};
   if (family.with_cost) {
     text += QStringLiteral(", costo = ?, comision = ?, utilidad = ?");
-    values << HeaderFigure(sums.costo) << HeaderFigure(sums.comision)
-           << HeaderFigure(sums.utilidad);
+    values << sums.costo << sums.comision << sums.utilidad;
   }
   for (const Deduction& d : deductions) {
     if (d.column == nullptr) continue;
@@ -111,11 +109,15 @@ Outcome TotalizeDocument(Connection& connection, const TotalsFamily& family, con
   double header_total = running.total;
   for (const Deduction& d : deductions) header_total -= d.amount;
   header_total = HeaderFigure(header_total);
-  if (Outcome written = WriteHeader(connection, family, key, running, header_total, deductions);
+  const DocumentSums stored = {HeaderFigure(running.importe),  HeaderFigure(running.descuento),
+                               HeaderFigure(running.subtotal), HeaderFigure(running.iva),
+                               HeaderFigure(running.total),    HeaderFigure(running.costo),
+                               HeaderFigure(running.comision), HeaderFigure(running.utilidad)};
+  if (Outcome written = WriteHeader(connection, family, key, stored, header_total, deductions);
       !written) {
     return written;
   }
-  if (sums) *sums = running;
+  if (sums) *sums = stored;
   if (total) *total = header_total;
   return Outcome::Ok();
 }

@@ -27,7 +27,7 @@ struct Deduction {
 
 // Rewrites every row of the document with the rounded figures, then writes the sums to the
 // header in one statement, `total` less the deductions. A document without rows gets zeros.
-// `sums` receives the sums of the rounded rows and `total` the header total written.
+// `sums` receives the sums of the rounded rows as written and `total` the header total.
 Outcome TotalizeDocument(Connection& connection, const TotalsFamily& family, const QString& key,
                          const std::vector<Deduction>& deductions, DocumentSums* sums = nullptr,
                          double* total = nullptr);
