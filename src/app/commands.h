@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+// The subcommands of the ventarix executable. Each takes the words after its own name and
+// returns the process exit code. They run under a QCoreApplication: no display needed.
+namespace ventarix::app {
+
+inline constexpr int kExitOk = 0;
+inline constexpr int kExitFailed = 1;
+inline constexpr int kExitUsage = 2;
+
+int RunEmpresa(const QStringList& args);
+int RunDemo(const QStringList& args);
+void PrintHelp();
+
+// Console output, UTF-8 whatever the locale says.
+void Print(const QString& line);
+void PrintError(const QString& line);
+
+}  // namespace ventarix::app

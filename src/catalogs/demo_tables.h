@@ -1,0 +1,46 @@
+#pragma once
+
+#include <QString>
+
+#include "catalogs/demo_rows.h"
+#include "core/database.h"
+
+// The demo company, table by table. Each writer adds its rows on the open transaction and
+// returns false with *error set when a row is refused.
+namespace ventarix::demo {
+
+// Sizes the tables agree on: clients name an agent, a payment method and a bank; products a
+// brand, a line and a supplier.
+inline constexpr int kAgentes = 5;
+inline constexpr int kMetodos = 6;
+inline constexpr int kBancos = 4;
+inline constexpr int kClientes = 60;
+inline constexpr int kProveedores = 10;
+
+// The company's settings put prices at cost * (1 + margin / 100).
+bool EscribirEmpresa(Connection& c, QString* error);
+bool EscribirMetodos(Connection& c, QString* error);
+bool EscribirTipos(Connection& c, QString* error);
+bool EscribirSeries(Connection& c, QString* error);
+bool EscribirBancos(Connection& c, QString* error);
+
+bool EscribirAgentes(Connection& c, QString* error);
+bool EscribirClientes(Connection& c, Dice& dice, QString* error);
+bool EscribirProveedores(Connection& c, Dice& dice, QString* error);
+
+bool EscribirLineas(Connection& c, QString* error);
+bool EscribirMarcas(Connection& c, QString* error);
+bool EscribirProductos(Connection& c, Dice& dice, QString* error);
+bool EscribirClientesUtilidades(Connection& c, QString* error);
+
+// A place in Mexico for an address.
+struct Lugar {
+  const char* colonia;
+  const char* localidad;
+  const char* municipio;
+  const char* estado;
+  const char* codigo_postal;
+};
+const Lugar& LugarAlAzar(Dice& dice);
+
+}  // namespace ventarix::demo
