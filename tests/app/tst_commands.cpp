@@ -1,0 +1,208 @@
+#include <QDir>
+#include <QProcess>
+#include <QRegularExpression>
+#include <QSqlQuery>
+#include <QTest>
+
+#include "core/company_database.h"
+#include "support/test_company.h"
+
+using namespace ventarix;
+
+namespace {
+
+struct Run {
+  int code = -1;
+  QString out;
+  QString err;
+};
+
+// The built program, run as a shop's administrator would, on a machine without a display.
+Run Ventarix(const QStringList& args) {
+  QProcess process;
+  QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
+  for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"}) {
+    env.remove(QString::fromLatin1(name));
+  }
+  process.setProcessEnvironment(env);
+  process.start(QStringLiteral(VENTARIX_BUILD_DIR "/src/ventarix"), args);
+  Run run;
+  if (!process.waitForFinished(300000) || process.exitStatus() != QProcess::NormalExit) {
+    run.err = QStringLiteral("ventarix did not finish: ") + process.errorString();
+    return run;
+  }
+  run.code = process.exitCode();
+  run.out = QString::fromUtf8(process.readAllStandardOutput());
+  run.err = QString::fromUtf8(process.readAllStandardError());
+  return run;
+}
+
+QString Describe(const Run& run) {
+  return QStringLiteral("exit %1\n%2\n%3").arg(run.code).arg(run.out, run.err);
+}
+
+// Where a new company goes on the current engine: a SQLite file not yet there, or the empty
+// catalog of the fixture's .txt file.
+QString NewPath(const testing::TestCompany& company, const QString& name) {
+  return company.sql() ? company.path() : QDir(company.folder()).filePath(name);
+}
+
+qint64 Count(const QString& path, const QString& table) {
+  Connection c(CadenaDeRuta(path));
+  return c.Scalar(QStringLiteral("select count(*) from \"%1\"").arg(table)).toLongLong();
+}
+
+// The per-table lines of `empresa copiar`: "  <table> <rows>".
+QMap<QString, qint64> CopiedRows(const QString& out, qint64* total) {
+  static const QRegularExpression line(QStringLiteral("^  (\\S.*\\S)\\s+(\\d+)$"));
+  QMap<QString, qint64> rows;
+  for (const QString& text : out.split(QLatin1Char('\n'))) {
+    const QRegularExpressionMatch m = line.match(text);
+    if (!m.hasMatch()) continue;
+    if (m.captured(1) == QLatin1String("Total")) {
+      *total = m.captured(2).toLongLong();
+    } else {
+      rows.insert(m.captured(1), m.captured(2).toLongLong());
+    }
+  }
+  return rows;
+}
+
+}  // namespace
+
+// An empty PostgreSQL catalog with its .txt file, or a temporary folder for SQLite files.
+#define VENTARIX_EMPTY(var)                                \
+  QFETCH_GLOBAL(QString, engine);                          \
+  ::ventarix::testing::TestCompany var(engine, false);     \
+  if (var.skipped()) QSKIP("VENTARIX_TEST_PG is not set"); \
+  QVERIFY2(var.ok(), qPrintable(var.error()))
+
+class TestCommands : public QObject {
+  Q_OBJECT
+
+ private slots:
+  void initTestCase_data() { testing::AddEngineRows(); }
+
+  void initTestCase() {
+    QVERIFY2(QFile::exists(QStringLiteral(VENTARIX_BUILD_DIR "/src/ventarix")),
+             "build the ventarix target first");
+  }
+
+  void MalUsoExplicaLaOrden_data() {
+    QTest::addColumn<QStringList>("args");
+    QTest::addColumn<int>("code");
+    QTest::addColumn<QString>("says");
+    QTest::newRow("ayuda") << QStringList{QStringLiteral("--help")} << 0
+                           << QStringLiteral("empresa copiar ORIGEN DESTINO");
+    QTest::newRow("orden desconocida") << QStringList{QStringLiteral("inventar")} << 2
+                                       << QStringLiteral("Orden desconocida: inventar");
+    QTest::newRow("empresa sin acción")
+        << QStringList{QStringLiteral("empresa")} << 2 << QStringLiteral("Uso: ventarix empresa");
+    QTest::newRow("nueva sin ruta")
+        << QStringList{QStringLiteral("empresa"), QStringLiteral("nueva")} << 2
+        << QStringLiteral("Uso: ventarix empresa nueva RUTA");
+    QTest::newRow("copiar sin destino")
+        << QStringList{QStringLiteral("empresa"), QStringLiteral("copiar"), QStringLiteral("a.mdb")}
+        << 2 << QStringLiteral("Uso: ventarix empresa copiar ORIGEN DESTINO");
+    QTest::newRow("demo sin ruta")
+        << QStringList{QStringLiteral("demo")} << 2 << QStringLiteral("Uso: ventarix demo RUTA");
+    QTest::newRow("reparar lo que no existe")
+        << QStringList{QStringLiteral("empresa"), QStringLiteral("reparar"),
+                       QStringLiteral("/no/existe/empresa.mdb")}
+        << 1 << QStringLiteral("No se puede abrir la empresa /no/existe/empresa.mdb");
+    QTest::newRow("conexión ilegible")
+        << QStringList{QStringLiteral("empresa"), QStringLiteral("reparar"),
+                       QStringLiteral("/no/existe/empresa.txt")}
+        << 1 << QStringLiteral("No se puede leer el archivo de conexión");
+  }
+  void MalUsoExplicaLaOrden() {
+    QFETCH_GLOBAL(QString, engine);
+    if (engine != QLatin1String("sqlite")) QSKIP("no database involved");
+    QFETCH(QStringList, args);
+    QFETCH(int, code);
+    QFETCH(QString, says);
+    const Run run = Ventarix(args);
+    QCOMPARE(run.code, code);
+    QVERIFY2((run.out + run.err).contains(says), qPrintable(Describe(run)));
+  }
+
+  // A new company has every table; a second `nueva` on it is refused and loses nothing.
+  void NuevaNoSobrescribe() {
+    VENTARIX_EMPTY(target);
+    const QString path = NewPath(target, QStringLiteral("nueva.mdb"));
+    Run run = Ventarix({QStringLiteral("empresa"), QStringLiteral("nueva"), path});
+    QVERIFY2(run.code == 0, qPrintable(Describe(run)));
+    QVERIFY(run.out.contains(QStringLiteral("Empresa creada: ") + path));
+    {
+      Connection c(CadenaDeRuta(path));
+      QVERIFY2(c.ok(), qPrintable(c.error()));
+      const QStringList tables = c.Tables();
+      for (const char* table : {"tablas", "empresa", "productos", "facturas detalles"}) {
+        QVERIFY2(tables.contains(QString::fromUtf8(table)), table);
+      }
+      QVERIFY(c.Run(QStringLiteral("insert into marcas (numero, nombre, status) values (?, ?, ?)"),
+                    {7, QStringLiteral("PROPIA"), QStringLiteral("ALTA")}));
+    }
+    run = Ventarix({QStringLiteral("empresa"), QStringLiteral("nueva"), path});
+    QCOMPARE(run.code, 1);
+    QVERIFY2(run.err.contains(QStringLiteral("No se creó la empresa")), qPrintable(Describe(run)));
+    QCOMPARE(Count(path, QStringLiteral("marcas")), qint64{1});
+  }
+
+  // The demo copied into a new company on each engine: every table's rows, counted in the
+  // source, printed, and found in the copy.
+  void CopiarDemoCuentaCadaTabla() {
+    VENTARIX_EMPTY(target);
+    const QString origen = QDir(target.folder()).filePath(QStringLiteral("demo.mdb"));
+    Run run = Ventarix({QStringLiteral("demo"), origen});
+    QVERIFY2(run.code == 0, qPrintable(Describe(run)));
+    const QString destino = NewPath(target, QStringLiteral("copia.mdb"));
+    run = Ventarix({QStringLiteral("empresa"), QStringLiteral("copiar"), origen, destino});
+    QVERIFY2(run.code == 0, qPrintable(Describe(run)));
+    qint64 total = -1;
+    const QMap<QString, qint64> rows = CopiedRows(run.out, &total);
+    QVERIFY2(rows.size() > 20, qPrintable(run.out));
+    qint64 sum = 0;
+    for (auto it = rows.cbegin(); it != rows.cend(); ++it) {
+      QCOMPARE(it.value(), Count(origen, it.key()));
+      QCOMPARE(Count(destino, it.key()), it.value());
+      sum += it.value();
+    }
+    QCOMPARE(total, sum);
+    QVERIFY(rows.value(QStringLiteral("productos")) >= 200);
+    QCOMPARE(rows.value(QStringLiteral("clientes")), Count(origen, QStringLiteral("clientes")));
+    QVERIFY(rows.contains(QStringLiteral("clientes utilidades")));
+    // A second copy onto the same company is refused and leaves it as it was.
+    run = Ventarix({QStringLiteral("empresa"), QStringLiteral("copiar"), origen, destino});
+    QCOMPARE(run.code, 1);
+    QCOMPARE(Count(destino, QStringLiteral("productos")), rows.value(QStringLiteral("productos")));
+  }
+
+  // The repair of a demo that lost a table brings it back and keeps the data.
+  void RepararDemo() {
+    VENTARIX_EMPTY(target);
+    const QString path = NewPath(target, QStringLiteral("demo.mdb"));
+    Run run = Ventarix({QStringLiteral("demo"), path});
+    QVERIFY2(run.code == 0, qPrintable(Describe(run)));
+    const qint64 productos = Count(path, QStringLiteral("productos"));
+    {
+      Connection c(CadenaDeRuta(path));
+      QVERIFY(c.Run(QStringLiteral("drop table campos")));
+    }
+    run = Ventarix({QStringLiteral("empresa"), QStringLiteral("reparar"), path});
+    QVERIFY2(run.code == 0, qPrintable(Describe(run)));
+    QVERIFY2(run.out.contains(QStringLiteral("campos")), qPrintable(Describe(run)));
+    {
+      Connection c(CadenaDeRuta(path));
+      QVERIFY(c.Tables().contains(QStringLiteral("campos")));
+    }
+    QCOMPARE(Count(path, QStringLiteral("productos")), productos);
+    run = Ventarix({QStringLiteral("empresa"), QStringLiteral("reparar"), path});
+    QVERIFY2(run.code == 0, qPrintable(Describe(run)));
+    QVERIFY2(run.out.contains(QStringLiteral("La estructura de la empresa está completa.")),
+             qPrintable(Describe(run)));
+  }
+};
+
+QTEST_GUILESS_MAIN(TestCommands)
+#include "tst_commands.moc"

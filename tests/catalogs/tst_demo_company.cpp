@@ -1,0 +1,211 @@
+#include <QFile>
+#include <QRegularExpression>
+#include <QSet>
+#include <QSqlQuery>
+#include <QTest>
+
+#include "catalogs/demo_company.h"
+#include "core/company_database.h"
+#include "core/startup.h"
+#include "support/test_company.h"
+
+using namespace ventarix;
+
+namespace {
+
+// A demo company on the current engine; null when it could not be made (the test has failed
+// or been skipped by then).
+std::unique_ptr<testing::TestCompany> Demo() {
+  QFETCH_GLOBAL(QString, engine);
+  auto company = std::make_unique<testing::TestCompany>(engine, false);
+  if (company->skipped()) {
+    QTest::qSkip("VENTARIX_TEST_PG is not set", __FILE__, __LINE__);
+    return nullptr;
+  }
+  if (!company->ok()) {
+    QTest::qFail(qPrintable(company->error()), __FILE__, __LINE__);
+    return nullptr;
+  }
+  const Outcome made = CrearEmpresaDemo(company->path());
+  if (!made) {
+    QTest::qFail(qPrintable(made.message), __FILE__, __LINE__);
+    return nullptr;
+  }
+  return company;
+}
+
+#define VENTARIX_DEMO(var)     \
+  const auto var = Demo();     \
+  if (!var) return;            \
+  Connection c(var->cadena()); \
+  QVERIFY2(c.ok(), qPrintable(c.error()))
+
+int Count(Connection& c, const QString& statement) { return c.Scalar(statement).toInt(); }
+
+// The format and date checks an RFC must pass to go on an invoice.
+bool RfcPlausible(const QString& rfc) {
+  static const QRegularExpression pattern(
+      QStringLiteral("^[A-ZÑ&]{3,4}(\\d\\d)(\\d\\d)(\\d\\d)[A-Z0-9Ñ&]{3}$"));
+  const QRegularExpressionMatch m = pattern.match(rfc);
+  if (!m.hasMatch()) return false;
+  const int month = m.captured(2).toInt();
+  const int day = m.captured(3).toInt();
+  return month >= 1 && month <= 12 && day >= 1 && day <= 31;
+}
+
+const QStringList kDomicilio{QStringLiteral("calle"),     QStringLiteral("noexterior"),
+                             QStringLiteral("colonia"),   QStringLiteral("localidad"),
+                             QStringLiteral("municipio"), QStringLiteral("estado"),
+                             QStringLiteral("pais"),      QStringLiteral("codigopostal")};
+
+}  // namespace
+
+class TestDemoCompany : public QObject {
+  Q_OBJECT
+
+ private slots:
+  void initTestCase_data() { testing::AddEngineRows(); }
+
+  // The issuer of every invoice: one row, a full fiscal address, and the RFC of a SAT test
+  // certificate on hand, so that documents can be sealed.
+  void EmpresaListaParaFacturar() {
+    VENTARIX_DEMO(company);
+    QCOMPARE(Count(c, QStringLiteral("select count(*) from empresa")), 1);
+    QSqlQuery q = c.Exec(QStringLiteral("select * from empresa where numero = 1"));
+    QVERIFY(q.next());
+    const QString rfc = q.value(QStringLiteral("rfc")).toString();
+    QVERIFY2(RfcPlausible(rfc), qPrintable(rfc));
+    QVERIFY(QFile::exists(QStringLiteral(VENTARIX_SHARED_DIR "/sat/csd/") + rfc +
+                          QStringLiteral("_30001000000500003416.cer")));
+    for (const QString& column : kDomicilio) {
+      QVERIFY2(!q.value(column).toString().isEmpty(), qPrintable(column));
+      QVERIFY2(!q.value(QStringLiteral("expedidoen") + column).toString().isEmpty(),
+               qPrintable(column));
+    }
+    QCOMPARE(q.value(QStringLiteral("codigopostal")).toString().size(), 5);
+    QCOMPARE(q.value(QStringLiteral("impuesto")).toDouble(), 16.0);
+    QCOMPARE(q.value(QStringLiteral("moneda")).toString(), QStringLiteral("MXN"));
+    // Exactly one of the two price formulas, the one the products follow.
+    QCOMPARE(q.value(QStringLiteral("aplicar_utilidad_aritmetica")).toString(),
+             QStringLiteral("S"));
+    QCOMPARE(q.value(QStringLiteral("aplicar_utilidad_financiera")).toString(),
+             QStringLiteral("N"));
+  }
+
+  void ClientesConDomicilioCompleto() {
+    VENTARIX_DEMO(company);
+    QSqlQuery q = c.Exec(QStringLiteral(
+        "select c.*, (select count(*) from agentes a where a.numero = c.agente) as agentes, "
+        "(select count(*) from metodos m where m.numero = c.metodo) as metodos "
+        "from clientes c order by c.numero"));
+    int clientes = 0;
+    QSet<QString> rfcs;
+    while (q.next()) {
+      ++clientes;
+      const QString nombre = q.value(QStringLiteral("nombre")).toString();
+      const QString rfc = q.value(QStringLiteral("rfc")).toString();
+      if (clientes == 1) QCOMPARE(rfc, QStringLiteral("XAXX010101000"));  // counter sales
+      QVERIFY2(RfcPlausible(rfc), qPrintable(nombre + QLatin1Char(' ') + rfc));
+      QVERIFY2(!rfcs.contains(rfc), qPrintable(rfc));
+      rfcs.insert(rfc);
+      for (const QString& column : kDomicilio) {
+        QVERIFY2(!q.value(column).toString().isEmpty(),
+                 qPrintable(nombre + QLatin1Char(' ') + column));
+      }
+      QCOMPARE(q.value(QStringLiteral("codigopostal")).toString().size(), 5);
+      QVERIFY(q.value(QStringLiteral("plazo")).toInt() >= 1);
+      QCOMPARE(q.value(QStringLiteral("agentes")).toInt(), 1);
+      QCOMPARE(q.value(QStringLiteral("metodos")).toInt(), 1);
+      QCOMPARE(q.value(QStringLiteral("status")).toString(), QStringLiteral("ALTA"));
+    }
+    QVERIFY2(clientes >= 20, qPrintable(QString::number(clientes)));
+    QVERIFY(Count(c, QStringLiteral("select count(*) from proveedores where rfc <> ''")) >= 5);
+    QVERIFY(Count(c, QStringLiteral("select count(*) from bancos")) >= 1);
+  }
+
+  // Each level's price is the cost with the brand's margin on top, to the cent, and the sale
+  // price with tax is level 1 plus 16%.
+  void PreciosSiguenLosMargenesDeLaMarca() {
+    VENTARIX_DEMO(company);
+    QSqlQuery q = c.Exec(QStringLiteral(
+        "select p.*, m.utilidad1 as m1, m.utilidad2 as m2, m.utilidad3 as m3, m.utilidad4 as m4, "
+        "m.utilidad5 as m5, (select count(*) from lineas l where l.numero = p.linea) as lineas, "
+        "(select count(*) from proveedores v where v.numero = p.proveedor1) as proveedores "
+        "from productos p join marcas m on m.numero = p.marca order by p.codigo"));
+    int productos = 0;
+    while (q.next()) {
+      ++productos;
+      const QString codigo = q.value(QStringLiteral("codigo")).toString();
+      const double costo = q.value(QStringLiteral("costo")).toDouble();
+      QVERIFY2(costo > 0, qPrintable(codigo));
+      for (int k = 1; k <= 5; ++k) {
+        const double margen = q.value(QStringLiteral("m%1").arg(k)).toDouble();
+        QCOMPARE(q.value(QStringLiteral("utilidad%1").arg(k)).toDouble(), margen);
+        const double precio = q.value(QStringLiteral("precio%1").arg(k)).toDouble();
+        QVERIFY2(qAbs(precio - costo * (1 + margen / 100)) <= 0.005 + 1e-9,
+                 qPrintable(QStringLiteral("%1 nivel %2: %3").arg(codigo).arg(k).arg(precio)));
+      }
+      const double precio1 = q.value(QStringLiteral("precio1")).toDouble();
+      QCOMPARE(q.value(QStringLiteral("venta")).toDouble(), precio1);
+      QCOMPARE(q.value(QStringLiteral("impuesto")).toDouble(), 16.0);
+      QVERIFY2(qAbs(q.value(QStringLiteral("precio")).toDouble() - precio1 * 1.16) < 0.00005 + 1e-9,
+               qPrintable(codigo));
+      QCOMPARE(q.value(QStringLiteral("lineas")).toInt(), 1);
+      QCOMPARE(q.value(QStringLiteral("proveedores")).toInt(), 1);
+    }
+    QVERIFY2(productos >= 200, qPrintable(QString::number(productos)));
+    QCOMPARE(Count(c, QStringLiteral("select count(*) from productos")), productos);
+  }
+
+  void ExistenciasPositivas() {
+    VENTARIX_DEMO(company);
+    QCOMPARE(Count(c, QStringLiteral("select count(*) from productos where almacen1 <= 0")), 0);
+    QCOMPARE(Count(c, QStringLiteral("select count(*) from productos where almacen2 < 0 or "
+                                     "almacen3 < 0 or almacen4 < 0 or almacen5 < 0")),
+             0);
+    QVERIFY(Count(c, QStringLiteral("select count(*) from productos where almacen2 > 0")) > 0);
+  }
+
+  // No users: the company check passes and the login is skipped, as ADMINISTRADOR.
+  void SinUsuariosEntraComoAdministrador() {
+    VENTARIX_DEMO(company);
+    QCOMPARE(Count(c, QStringLiteral("select count(*) from usuarios")), 0);
+    Session session = company->MakeSession();
+    QVERIFY(startup::ChecarEmpresa(session).ok);
+    QVERIFY(startup::EntrarSinAcceso(session));
+    QCOMPARE(session.Usuario, QStringLiteral("ADMINISTRADOR"));
+    QVERIFY(session.Administrador);
+  }
+
+  void SiempreLosMismosDatos() {
+    VENTARIX_DEMO(first);
+    const auto second = Demo();
+    if (!second) return;
+    Connection d(second->cadena());
+    const QString statement = QStringLiteral(
+        "select p.codigo || '|' || p.producto || '|' || p.costo || '|' || p.almacen1 || '|' || "
+        "c.rfc from productos p, clientes c where c.numero = (p.marca * 3) order by p.codigo");
+    QSqlQuery a = c.Exec(statement);
+    QSqlQuery b = d.Exec(statement);
+    int rows = 0;
+    while (a.next()) {
+      QVERIFY(b.next());
+      QCOMPARE(b.value(0).toString(), a.value(0).toString());
+      ++rows;
+    }
+    QVERIFY(!b.next());
+    QVERIFY(rows > 0);
+  }
+
+  // Over a company that already holds tables the demo adds nothing.
+  void NoSeEscribeSobreOtraEmpresa() {
+    VENTARIX_COMPANY(company);
+    QVERIFY(!CrearEmpresaDemo(company.path()).ok);
+    Connection c(company.cadena());
+    QCOMPARE(Count(c, QStringLiteral("select count(*) from productos")), 0);
+    QCOMPARE(Count(c, QStringLiteral("select count(*) from empresa")), 0);
+  }
+};
+
+QTEST_GUILESS_MAIN(TestDemoCompany)
+#include "tst_demo_company.moc"
