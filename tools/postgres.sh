@@ -6,7 +6,7 @@ version=$(ls /usr/lib/postgresql | sort -V | tail -n 1)
 if ! pg_lsclusters -h | grep -q "^$version main"; then
   pg_createcluster "$version" main >/dev/null
 fi
-pg_ctlcluster "$version" main start 2>/dev/null || true
+pg_ctlcluster "$version" main start >/dev/null 2>&1 || true
 for _ in $(seq 1 30); do
   pg_isready -q -h 127.0.0.1 && break
   sleep 1
