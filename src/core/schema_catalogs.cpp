@@ -7,42 +7,46 @@ namespace {
 
 using enum Type;
 
-std::vector<Column> Address() {
-  return Cols(kText, {"calle", "noexterior", "nointerior", "colonia", "localidad", "referencia",
-                      "municipio", "estado", "pais", "codigopostal"});
+// Contact columns shared by clients and suppliers.
+std::vector<Column> Contact() {
+  return Cols(kText, {"contacto", "telefonos", "celular", "nextel", "email1", "email2", "email3"});
 }
 
 std::vector<Table> PartnerTables() {
   return {
-      Make("clientes", {Cols(kInt32, {"numero"}), Cols(kText, {"nombre", "rfc"}), Address(),
-                        Cols(kInt32, {"plazo"}),  // days
-                        Cols(kDouble, {"credito", "saldo"}), Cols(kInt32, {"agente", "metodo"}),
-                        Cols(kText, {"numctapago"}), Cols(kInt32, {"banco"}),
-                        Cols(kText, {"contacto", "telefonos", "celular", "nextel", "email1",
-                                     "email2", "email3", "tipo", "cuenta", "anotaciones"}),
-                        Cols(kYesNo, {"juridico"}), Cols(kText, {"addenda", "status"})}),
-      Make("agentes", {Cols(kInt32, {"numero"}),
-                       Cols(kText, {"nombre", "direccion", "colonia", "ciudad", "cp", "rfc",
-                                    "contacto", "telefonos", "email", "cuenta"}),
-                       Cols(kDouble, {"comision"}), Cols(kText, {"anotaciones"}),
-                       Cols(kInt16, {"tienda"}), Numbered(kInt32, "dias", 1, 8),
-                       Numbered(kDouble, "comision", 1, 4), Cols(kText, {"status"})}),
-      Make("proveedores",
+      // plazo: days of credit; saldo: derived from the documents.
+      Make("clientes",
            {Cols(kInt32, {"numero"}), Cols(kText, {"nombre", "rfc"}), Address(),
             Cols(kInt32, {"plazo"}), Cols(kDouble, {"credito", "saldo"}),
-            Cols(kText, {"contacto", "telefonos", "celular", "nextel", "email1", "email2", "email3",
-                         "tipo", "cuenta", "anotaciones", "clave", "status"})}),
+            Cols(kInt32, {"agente", "metodo"}), Cols(kText, {"numctapago"}),
+            Cols(kInt32, {"banco"}), Contact(), Cols(kText, {"tipo", "cuenta", "anotaciones"}),
+            Cols(kYesNo, {"juridico"}), Cols(kText, {"addenda", "status"})}),
+      Make("agentes",
+           {Cols(kInt32, {"numero"}),
+            Cols(kText, {"nombre", "direccion", "colonia", "ciudad", "cp", "rfc", "contacto",
+                         "telefonos", "email", "cuenta"}),
+            Cols(kDouble, {"comision"}), Cols(kText, {"anotaciones"}), Cols(kInt16, {"tienda"}),
+            // Four commission ranges: days from, days to, percent.
+            Numbered(kInt32, "dias", 1, 8), Numbered(kDouble, "comision", 1, 4),
+            Cols(kText, {"status"})}),
+      Make("proveedores", {Cols(kInt32, {"numero"}), Cols(kText, {"nombre", "rfc"}), Address(),
+                           Cols(kInt32, {"plazo"}), Cols(kDouble, {"credito", "saldo"}), Contact(),
+                           Cols(kText, {"tipo", "cuenta", "anotaciones", "clave", "status"})}),
       Make("bancos", {Cols(kInt32, {"numero"}), Cols(kText, {"nombre", "cuenta", "status"})}),
-      Make("metodos", {Cols(kInt32, {"numero"}), Cols(kText, {"nombre"})}),  // of payment
+      // Payment methods.
+      Make("metodos", {Cols(kInt32, {"numero"}), Cols(kText, {"nombre"})}),
       Make("tipos", {Cols(kText, {"nombre"})}),
   };
 }
 
 std::vector<Table> ProductTables() {
   return {
+      // marca and linea repeat the name under the column the obsolete-stock export reads.
       Make("marcas", {Cols(kInt32, {"numero"}), Cols(kText, {"nombre"}),
-                      Numbered(kDouble, "utilidad", 1, 5), Cols(kText, {"status"})}),
-      Make("lineas", {Cols(kInt32, {"numero"}), Cols(kText, {"nombre", "status"})}),
+                      Numbered(kDouble, "utilidad", 1, 5), Cols(kText, {"status", "marca"})}),
+      Make("lineas", {Cols(kInt32, {"numero"}), Cols(kText, {"nombre", "status", "linea"})}),
+      // almacen1..5: stock of each store; proveedor1, proveedor2: last and previous supplier;
+      // imagen: "S" when the product's picture file exists.
       Make("productos",
            {Cols(kText,
                  {"codigo", "codigo1", "codigo2", "codigo3", "producto", "descripcion", "unidad"}),
@@ -51,20 +55,20 @@ std::vector<Table> ProductTables() {
             Cols(kDouble, {"costo", "ultimo costo", "venta", "ultima venta", "precio"}),
             Numbered(kDouble, "precio", 1, 5), Numbered(kDouble, "utilidad", 1, 5),
             Cols(kDouble, {"impuesto", "comision", "descuento", "min", "max"}),
-            // Stock on hand in each of the five stores.
             Numbered(kDouble, "almacen", 1, 5),
             Cols(kDateTime, {"fecha ultima compra", "fecha ultima venta"}),
-            Cols(kInt32, {"proveedor1"}), Cols(kYesNo, {"imagen"}),  // a picture file exists
+            Cols(kInt32, {"proveedor1", "proveedor2"}), Cols(kYesNo, {"imagen"}),
             Cols(kText, {"status"})}),
       // A client's own price of a product.
       Make("productos precios", {Cols(kText, {"codigo"}), Cols(kInt32, {"cliente"}),
                                  Cols(kDouble, {"precio"}), Cols(kInt32, {"item"})}),
-      // Materials a product consumes when it is produced.
+      // The materials (equivale) a product consumes when it is produced.
       Make("productos consumos", {Cols(kText, {"codigo", "equivale"}), Cols(kDouble, {"cantidad"}),
                                   Cols(kInt32, {"item"})}),
-      // The price level and discount a client gets on a brand.
+      // The price level (utilidad, 1 to 5) and discount a client gets on a brand.
       Make("clientes utilidades", {Cols(kInt32, {"cliente", "marca"}), Cols(kInt16, {"utilidad"}),
                                    Cols(kDouble, {"dcto"})}),
+      // Ageing categories of obsolete stock, in months.
       Make("obsoletos", {Cols(kText, {"categoria"}), Cols(kInt32, {"mes"})}),
       // Stock count rows.
       Make("inventario",
@@ -74,13 +78,13 @@ std::vector<Table> ProductTables() {
   };
 }
 
+// permisos: the menu mask, four blocks of 50 "1"/"0". The family columns hold three letters
+// "S"/"N": may add, cancel, change.
 Table Usuarios() {
   return Make(
       "usuarios",
       {Cols(kText, {"usuario", "contraseña"}), Cols(kInt16, {"tienda"}),
-       Cols(kYesNo, {"administrador", "gerente"}),
-       Cols(kText, {"permisos"}),  // menu mask, four blocks of 50 "1"/"0"
-       // Rights texts: add, cancel, change, each "S" or "N".
+       Cols(kYesNo, {"administrador", "gerente"}), Cols(kText, {"permisos"}),
        Cols(kText, {"ordenescompra", "compras",      "contrarecibos",  "cotizaciones", "pedidos",
                     "remisiones",    "facturas",     "produccion",     "traspasos",    "cxc",
                     "cxp",           "notascliente", "notasproveedor", "licitaciones", "ajustes",
@@ -91,23 +95,22 @@ Table Usuarios() {
        Numbered(kText, "seriefacturacion", 1, 9)});
 }
 
+// One saved grid view per form caption and user.
 Table Tablas() {
   return Make("tablas", {Cols(kText, {"tabla", "usuario", "sentencia", "cadena", "busqueda",
                                       "ordenar", "permisos", "seguridad"}),
                          Cols(kInt32, {"extender", "renglon", "altura", "posicion"})});
 }
 
+// The single row numero = 1. expedidoen*: the issuing branch; codigo actual / codigo nuevo: a
+// product code change under way.
 Table Empresa() {
   return Make(
       "empresa",
       {Cols(kInt32, {"numero"}), Cols(kText, {"rfc", "empresa", "nombre"}), Address(),
-       Cols(kText,
-            {"expedidoencalle", "expedidoennoexterior", "expedidoennointerior", "expedidoencolonia",
-             "expedidoenlocalidad", "expedidoenreferencia", "expedidoenmunicipio",
-             "expedidoenestado", "expedidoenpais", "expedidoencodigopostal"}),
-       Cols(kText, {"telefonos", "email", "paginaweb"}), Cols(kDouble, {"impuesto"}),
-       Cols(kText, {"moneda", "obsoletos"}), Cols(kInt16, {"respaldar"}),
-       Cols(kText, {"revision", "pagos", "realizarpago"}),
+       Address("expedidoen"), Cols(kText, {"telefonos", "email", "paginaweb"}),
+       Cols(kDouble, {"impuesto"}), Cols(kText, {"moneda", "obsoletos"}),
+       Cols(kInt16, {"respaldar"}), Cols(kText, {"revision", "pagos", "realizarpago"}),
        Cols(kYesNo,
             {"aplicar_retenciones", "aplicar_utilidad_financiera", "aplicar_utilidad_aritmetica",
              "aplicar_utilidades_de_marcas_en_productos", "encompras_modificar_costos_y_precios",
@@ -116,30 +119,23 @@ Table Empresa() {
              "imprimirencabezados", "tallas"}),
        Cols(kText, {"servidorsmtp", "puertosmtp", "de", "password", "autenticacion", "pacusuario",
                     "pacpassword", "pacproduccion"}),
-       Cols(kBinary, {"logotipo"}),
-       Cols(kText, {"codigo actual", "codigo nuevo"})});  // a product code change under way
+       Cols(kBinary, {"logotipo"}), Cols(kText, {"codigo actual", "codigo nuevo"})});
 }
 
-// The block of one printed form of the terminal settings: ticket, nota or cotizacion.
+// The block of one printed form of the terminal settings (ticket, nota, cotizacion): rms and
+// rmi are blank lines at top and bottom, enc and pie the header and footer lines.
 std::vector<Column> FormBlock(const std::string& p) {
-  auto named = [&p](Type type, std::initializer_list<const char*> suffixes) {
-    std::vector<Column> columns;
-    for (const char* s : suffixes) columns.push_back({Interned(p + s), type});
-    return columns;
-  };
-  std::vector<Column> columns;
-  for (const auto& group :
-       {named(kText, {"serie"}),
-        named(kInt16,
-              {"impresionesenoriginal", "impresionesencopia", "formatooriginal", "formatocopia"}),
-        named(kYesNo, {"imprimirenzonas", "preguntarporimprimir"}), named(kInt16, {"rms", "rmi"}),
-        named(kYesNo, {"abrircajon"}), named(kText, {"impresoraoriginal", "impresoracopia"}),
-        Numbered(kText, p + "enc", 1, 9), Numbered(kText, p + "pie", 1, 9)}) {
-    columns.insert(columns.end(), group.begin(), group.end());
-  }
-  return columns;
+  return Join(
+      {Cols(kText, p, {"serie"}),
+       Cols(kInt16, p,
+            {"impresionesenoriginal", "impresionesencopia", "formatooriginal", "formatocopia"}),
+       Cols(kYesNo, p, {"imprimirenzonas", "preguntarporimprimir"}),
+       Cols(kInt16, p, {"rms", "rmi"}), Cols(kYesNo, p, {"abrircajon"}),
+       Cols(kText, p, {"impresoraoriginal", "impresoracopia"}), Numbered(kText, p + "enc", 0, 9),
+       Numbered(kText, p + "pie", 0, 9)});
 }
 
+// Terminal settings, one row per user.
 Table Configurar() {
   return Make("configurar",
               {Cols(kText, {"usuario"}),
@@ -157,11 +153,11 @@ std::vector<Table> SettingsTables() {
       Tablas(),
       Empresa(),
       Configurar(),
-      // Which series each document family offers.
+      // The default series of each document family.
       Make("series", {Cols(kText, {"documento", "serie", "nombre"})}),
       // The filter screen's field list.
       Make("campos", {Cols(kText, {"campo", "tipo", "dato"}), Cols(kInt32, {"posicion"})}),
-      // Terminal settings kept from before configurar.
+      // Per-store ticket settings kept from before configurar.
       Make("ticket", {Cols(kInt32, {"numero", "cliente", "pantalla"}),
                       Cols(kText, {"imprimirticket", "abrircajon", "impresora"}),
                       Cols(kInt32, {"renglonesmargensuperior", "renglonesmargeninferior"}),
@@ -169,33 +165,24 @@ std::vector<Table> SettingsTables() {
   };
 }
 
-// A folio range of invoices or of credit notes.
+// A folio range of invoices or of credit notes. predeterminar: "+" on the default range;
+// alinearlogotipo, ubicarlogotipo, alinearempresa: list positions of the placement choices.
 Table Folios(const char* name, bool pagare) {
-  Table table =
-      Make(name,
-           {Cols(kInt32, {"numero"}), Cols(kText, {"serie", "esquema", "version"}),
-            Cols(kInt32, {"anoaprobacion"}), Cols(kText, {"noaprobacion"}),
-            Cols(kInt32, {"folioinicial", "foliofinal", "cantidad"}),
-            Cols(kText, {"nocertificado"}), Cols(kDateTime, {"validodesde", "validohasta"}),
-            Cols(kText, {"archivocertificado", "archivollave", "password", "algoritmosellodigital",
-                         "regimenfiscal"}),
-            Cols(kText, {"predeterminar"}),  // "+" on the default range
-            Cols(kText, {"imprimirlogotipo"}),
-            // List positions of the logo and name placement choices.
-            Cols(kInt16, {"alinearlogotipo", "ubicarlogotipo", "alinearempresa"}),
-            Cols(kText, {"domicilio"}), Numbered(kText, "leyenda", 1, 3), Cols(kText, {"status"})});
+  Table table = Make(
+      name, {Cols(kInt32, {"numero"}), Cols(kText, {"serie", "esquema", "version"}),
+             Cols(kInt32, {"anoaprobacion"}), Cols(kText, {"noaprobacion"}),
+             Cols(kInt32, {"folioinicial", "foliofinal", "cantidad"}),
+             Cols(kText, {"nocertificado"}), Cols(kDateTime, {"validodesde", "validohasta"}),
+             Cols(kText, {"archivocertificado", "archivollave", "password", "algoritmosellodigital",
+                          "regimenfiscal", "predeterminar", "imprimirlogotipo", "alinearlogotipo",
+                          "ubicarlogotipo", "alinearempresa", "domicilio"}),
+             Numbered(kText, "leyenda", 1, 3), Cols(kText, {"status"})});
   if (pagare) table.columns.push_back({"pagare", kText});
   return table;
 }
 
-std::vector<Table> ElectronicTables() {
+std::vector<Table> AddendaTables() {
   return {
-      Folios("folios facturas", true),
-      Folios("folios notas", false),
-      // documento: 0 invoice ranges, 1 credit note ranges.
-      Make("certificados", {Cols(kInt32, {"numero", "documento"}),
-                            Cols(kBinary, {"certificado", "llave"}), Cols(kText, {"password"})}),
-      Make("cbb", {Cols(kInt32, {"numero", "documento"}), Cols(kBinary, {"cbb"})}),
       Make("addenda coppel",
            {Cols(kText, {"factura", "pedido", "referenciapedido", "proveedor", "tipoproveedor",
                          "nombrebodega", "direccion", "ciudad", "codigopostal", "numerobodega"}),
@@ -209,81 +196,69 @@ std::vector<Table> ElectronicTables() {
                            "cantidadprepack", "porcentajedescuento", "montodeldescuento",
                            "totalitem", "totalcondescuentoitem"}),
             Cols(kText, {"codigo"})}),
+      // siniestro_afectado: "A" insured, "T" third party.
       Make("addenda inbursa",
            {Cols(kText, {"factura", "siniestro_emisor", "siniestro_numero"}),
-            Cols(kDouble, {"deducible_importe"}),
-            Cols(kText, {"siniestro_afectado"})}),  // "A" insured, "T" third party
-      Make("addenda qualitas", {Cols(kText, {"factura"}), Cols(kDateTime, {"fecha"}),
-                                Cols(kText, {"version",
-                                             "id6",
-                                             "id",
-                                             "codigo",
-                                             "poliza_tipo",
-                                             "poliza_numero",
-                                             "poliza_inc",
-                                             "poliza_tpocliente",
-                                             "poliza_nroreporte",
-                                             "poliza_nrosiniestro",
-                                             "vehiculo_marca",
-                                             "vehiculo_modelo",
-                                             "vehiculo_ano",
-                                             "vehiculo_color",
-                                             "vehiculo_nroserie",
-                                             "vehiculo_placa",
-                                             "vehiculo_tipo",
-                                             "contacto_nombre",
-                                             "contacto_email",
-                                             "contacto_telefono",
-                                             "contacto_tipo",
-                                             "personalizados_oficinaentregafactura"})}),
+            Cols(kDouble, {"deducible_importe"}), Cols(kText, {"siniestro_afectado"})}),
+      Make("addenda qualitas",
+           {Cols(kText, {"factura"}), Cols(kDateTime, {"fecha"}),
+            Cols(kText, {"version", "id6", "id", "codigo"}),
+            Cols(kText, "poliza_",
+                 {"tipo", "numero", "inc", "tpocliente", "nroreporte", "nrosiniestro"}),
+            Cols(kText, "vehiculo_",
+                 {"marca", "modelo", "ano", "color", "nroserie", "placa", "tipo"}),
+            Cols(kText, "contacto_", {"nombre", "email", "telefono", "tipo"}),
+            Cols(kText, {"personalizados_oficinaentregafactura"})}),
       Make("addenda axxa",
-           {Cols(kText, {"factura", "emisorri", "receptorri", "activo"}),
+           {Cols(kText, {"factura", "emisorri", "receptorri"}), Cols(kYesNo, {"activo"}),
             Cols(kDouble, {"deducible"}), Cols(kText, {"procesoid"}),
             Cols(kDateTime, {"fechaprefactura"}),
             Cols(kText,
                  {"tipofacturacion", "siniestro", "lesionado", "modeloautomovil", "placasautomovil",
                   "marca", "anoautomovil", "numpoliza", "numautorizacion", "tipocomprobante"})}),
-      // Workshop data of an order, read by the AXXA and QUALITAS addendas.
+      // Workshop data of an order, read by the addendas of insurers.
       Make("ordenes de trabajo",
            {Cols(kText, {"orden", "marca", "modelo", "año", "color", "placas", "vin"})}),
   };
 }
 
+std::vector<Table> ElectronicTables() {
+  std::vector<Table> tables = {
+      Folios("folios facturas", true),
+      Folios("folios notas", false),
+      // The sealing material of a range; documento 0 invoice ranges, 1 credit note ranges.
+      Make("certificados", {Cols(kInt32, {"numero", "documento"}),
+                            Cols(kBinary, {"certificado", "llave"}), Cols(kText, {"password"})}),
+      Make("cbb", {Cols(kInt32, {"numero", "documento"}), Cols(kBinary, {"cbb"})}),
+  };
+  for (Table& t : AddendaTables()) tables.push_back(std::move(t));
+  return tables;
+}
+
+// Stored designs of printed documents. Positions and sizes are in twips; flags hold 1 for
+// "Si"; the list properties hold the number of the chosen entry.
 std::vector<Table> ReportTables() {
   return {
-      // One stored design per document kind and series, keyed "Facturas-A".
       Make("reporte",
            {Cols(kText, {"reporte"}), Cols(kInt16, {"reportnumber", "orientation"}),
-            Cols(kInt32, {"topmargin", "bottommargin", "leftmargin", "rightmargin",
-                          "reportwidth"}),  // twips
+            Cols(kInt32, {"topmargin", "bottommargin", "leftmargin", "rightmargin", "reportwidth"}),
             Cols(kText, {"sentencia", "documento", "serie"}), Cols(kInt32, {"renglones"})}),
       Make("reporte secciones",
            {Cols(kText, {"reporte"}), Cols(kInt16, {"seccion"}), Cols(kInt32, {"height"}),
             Cols(kInt16, {"forcepagebreak", "keeptogether", "visible"})}),
-      Make("reporte controles", {Cols(kText, {"reporte"}),
-                                 Cols(kInt16, {"seccion"}),
-                                 Cols(kInt32, {"numero"}),
-                                 Cols(kText, {"control"}),
-                                 Cols(kInt16, {"alignment"}),
-                                 Cols(kInt32, {"height", "left", "top", "width"}),
-                                 Cols(kInt16, {"cangrow"}),
-                                 Cols(kInt32, {"backcolor"}),
-                                 Cols(kInt16, {"backstyle"}),
-                                 Cols(kInt32, {"bordercolor"}),
-                                 Cols(kInt16, {"borderstyle"}),
-                                 Cols(kText, {"caption"}),
-                                 Cols(kInt32, {"forecolor"}),
-                                 Cols(kInt16, {"visible"}),
-                                 Cols(kText, {"fontname"}),
-                                 Cols(kInt16, {"fontbold", "fontitalic"}),
-                                 Cols(kDouble, {"fontsize"}),
-                                 Cols(kText, {"datafield", "dataformat"}),
-                                 Cols(kInt16, {"functiontype", "picturealignment", "sizemode"}),
-                                 Cols(kText, {"picture"}),
-                                 Cols(kInt16, {"shape", "lineslant"})}),
-      // The printer of a design on each workstation; the views hold "Si" or "No".
+      Make(
+          "reporte controles",
+          {Cols(kText, {"reporte"}), Cols(kInt16, {"seccion"}), Cols(kInt32, {"numero"}),
+           Cols(kText, {"control"}), Cols(kInt16, {"alignment"}),
+           Cols(kInt32, {"height", "left", "top", "width"}),
+           Cols(kInt16, {"cangrow", "backstyle", "borderstyle", "visible", "fontbold", "fontitalic",
+                         "functiontype", "picturealignment", "sizemode", "shape", "lineslant"}),
+           Cols(kInt32, {"backcolor", "bordercolor", "forecolor"}),
+           Cols(kText, {"caption", "fontname", "datafield", "dataformat", "picture"}),
+           Cols(kDouble, {"fontsize"})}),
+      // The printer of a design on each workstation; the two views hold "Si" or "No".
       Make("impresoras", {Cols(kText, {"reporte", "equipo", "impresora"}),
-                          Cols(kYesNo, {"vistaimpresoras", "vistapreliminar"})}),
+                          Cols(kYesNo, {"vistapreliminar", "vistaimpresoras"})}),
   };
 }
 

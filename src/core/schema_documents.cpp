@@ -8,10 +8,12 @@ namespace {
 
 using enum Type;
 
+// Every header also keeps when it was saved (hora) and the first tax rate of its rows.
 std::vector<Column> Header(const char* key) {
-  return {{key, kText},        {"serie", kText},         {"folio", kInt32}, {"fecha", kDateTime},
-          {"periodo", kInt32}, {"status", kText},        {"obs", kText},    {"usuario", kText},
-          {"equipo", kText},   {"motivo de baja", kText}};
+  return {
+      {key, kText},        {"serie", kText},    {"folio", kInt32},         {"fecha", kDateTime},
+      {"hora", kDateTime}, {"periodo", kInt32}, {"status", kText},         {"obs", kText},
+      {"usuario", kText},  {"equipo", kText},   {"motivo de baja", kText}, {"impuesto", kDouble}};
 }
 
 // The five sums every money document carries, and the three of the cost family.
@@ -35,74 +37,49 @@ std::vector<Column> CostRow() {
 // What an electronic document copies of its issuer and receiver when it is saved, so that it
 // never changes with the catalogues.
 std::vector<Column> Snapshots() {
-  std::vector<Column> columns = Cols(kText, {"emisorrfc",
-                                             "emisornombre",
-                                             "emisorcalle",
-                                             "emisornoexterior",
-                                             "emisornointerior",
-                                             "emisorcolonia",
-                                             "emisorlocalidad",
-                                             "emisorreferencia",
-                                             "emisormunicipio",
-                                             "emisorestado",
-                                             "emisorpais",
-                                             "emisorcodigopostal",
-                                             "emisorexpedidoencalle",
-                                             "emisorexpedidoennoexterior",
-                                             "emisorexpedidoennointerior",
-                                             "emisorexpedidoencolonia",
-                                             "emisorexpedidoenlocalidad",
-                                             "emisorexpedidoenreferencia",
-                                             "emisorexpedidoenmunicipio",
-                                             "emisorexpedidoenestado",
-                                             "emisorexpedidoenpais",
-                                             "emisorexpedidoencodigopostal"});
-  columns.push_back({"receptorcliente", kInt32});
-  for (const Column& c :
-       Cols(kText,
-            {"receptorrfc", "receptornombre", "receptorcalle", "receptornoexterior",
-             "receptornointerior", "receptorcolonia", "receptorlocalidad", "receptorreferencia",
-             "receptormunicipio", "receptorestado", "receptorpais", "receptorcodigopostal"})) {
-    columns.push_back(c);
-  }
-  return columns;
+  return Join({Cols(kText, "emisor", {"rfc", "nombre"}), Address("emisor"),
+               Address("emisorexpedidoen"), Cols(kInt32, {"receptorcliente"}),
+               Cols(kText, "receptor", {"rfc", "nombre"}), Address("receptor")});
+}
+
+// The tax document as sealed and stamped: invoices and client credit notes alike.
+std::vector<Column> TaxDocument() {
+  return Join({Cols(kText, {"version", "esquema"}), Cols(kInt32, {"anoaprobacion"}),
+               Cols(kText, {"noaprobacion", "nocertificado", "certificado", "sello",
+                            "algoritmosellodigital", "cadenaoriginal", "tipodecomprobante",
+                            "formadepago", "condicionesdepago", "metododepago"}),
+               Cols(kInt32, {"metodo"}), Cols(kText, {"numctapago", "moneda"}),
+               Cols(kDouble, {"tipocambio"}),
+               Cols(kText, {"lugarexpedicion", "regimenfiscal", "regimen", "motivodescuento"}),
+               // Summary text: when set the document prints and stamps as one concept.
+               Cols(kText, {"descripcion"}),
+               // The stamp the PAC returns.
+               Cols(kText, {"uuid", "fechatimbrado", "sellosat", "nocertificadosat",
+                            "cadenaoriginalsat", "qrcode"}),
+               Snapshots()});
 }
 
 Table Facturas() {
   return Make(
       "facturas",
       {Header("factura"), MoneySums(), CostSums(), Cols(kInt32, {"cliente", "agente"}),
-       Cols(kText, {"depto", "tipo"}), Cols(kInt32, {"plazo", "plazodias"}),
-       Cols(kDateTime, {"vence", "hora"}), Cols(kInt16, {"tienda"}),
+       Cols(kText, {"depto", "tipo"}),  // depto: 'PRODUCTOS' from delivery notes, 'LIBRE' typed
+       Cols(kInt32, {"plazo", "plazodias"}), Cols(kDateTime, {"vence"}), Cols(kInt16, {"tienda"}),
        Cols(kText, {"pedido", "referencia", "enviar a", "orden de compra", "solicitado por"}),
        // Totals before the discount note.
        Cols(kDouble, {"descuento1", "subtotal1", "iva1", "total1"}),
-       Cols(kText, {"motivodescuento"}),
        Cols(kDouble, {"abonos", "descuentos", "saldo", "retencion isr $", "retencion iva $",
                       "retencion ced $"}),
-       Cols(kText, {"version"}), Cols(kInt32, {"ingreso"}),  // row of [folios facturas]
-       Cols(kText, {"esquema"}), Cols(kInt32, {"anoaprobacion"}),
-       Cols(kText, {"noaprobacion", "nocertificado", "certificado", "sello",
-                    "algoritmosellodigital", "cadenaoriginal", "tipodecomprobante", "formadepago",
-                    "condicionesdepago", "metododepago"}),
-       Cols(kInt32, {"metodo"}), Cols(kText, {"numctapago", "moneda"}),
-       Cols(kDouble, {"tipocambio"}), Cols(kText, {"lugarexpedicion", "regimenfiscal", "regimen"}),
-       Cols(kText, {"uuid", "fechatimbrado", "sellosat", "nocertificadosat", "cadenaoriginalsat"}),
-       Snapshots()});
+       Cols(kInt32, {"ingreso"}),  // row of [folios facturas]
+       TaxDocument()});
 }
 
 Table NotasCliente() {
   return Make("notas cliente",
-              {Header("nota"), MoneySums(), Snapshots(),
-               Cols(kText, {"version", "sello", "certificado", "nocertificado", "cadenaoriginal"}),
-               Cols(kInt32, {"anoaprobacion"}), Cols(kText, {"noaprobacion", "uuid", "esquema"}),
+              {Header("nota"), MoneySums(), Cols(kInt32, {"cliente"}), Cols(kText, {"tipo"}),
+               Cols(kInt16, {"tienda"}), Cols(kText, {"referencia"}),
                Cols(kInt32, {"egreso"}),  // row of [folios notas]
-               Cols(kInt32, {"cliente"}), Cols(kText, {"tipo"}), Cols(kInt16, {"tienda"}),
-               Cols(kText, {"referencia", "moneda"}), Cols(kDouble, {"tipocambio"}),
-               Cols(kText, {"formadepago", "metododepago"}), Cols(kInt32, {"metodo"}),
-               Cols(kText, {"condicionesdepago", "numctapago", "motivodescuento", "lugarexpedicion",
-                            "regimenfiscal", "tipodecomprobante"}),
-               Cols(kDateTime, {"hora"})});
+               TaxDocument()});
 }
 
 std::vector<Table> PurchaseTables() {
@@ -116,8 +93,10 @@ std::vector<Table> PurchaseTables() {
                                           Cols(kInt16, {"tienda"})}),
       Make("compras",
            {Header("compra"), MoneySums(), Cols(kInt32, {"proveedor"}),
-            Cols(kText, {"factura", "remision", "tipo"}),  // the supplier's own numbers
-            Cols(kInt32, {"plazo"}), Cols(kDouble, {"impuesto"}), Cols(kInt16, {"tienda"}),
+            Cols(kText, {"factura", "remision"}),  // the supplier's own numbers
+            Cols(kText, {"tipo"}), Cols(kInt32, {"plazo"}), Cols(kDouble, {"impuesto"}),
+            Cols(kInt16, {"tienda"}),
+            Cols(kText, {"movimiento"}),  // "ALMACEN1".."ALMACEN6", or "GASTOS": no stock
             Cols(kDouble, {"retencion", "abonos", "descuentos", "saldo"})}),
       Make("compras detalles", {Detail("compra"), MoneyRow(), Cols(kInt32, {"proveedor"}),
                                 Cols(kText, {"orden"}), Cols(kInt16, {"almacen", "tienda"}),
@@ -180,7 +159,7 @@ std::vector<Table> SalesTables() {
       Facturas(),
       Make("facturas detalles",
            {Detail("factura"), MoneyRow(), CostRow(), Cols(kText, {"remision"}),
-            Cols(kInt16, {"tienda"}), Cols(kDouble, {"facturar"}),
+            Cols(kInt16, {"tienda"}), Cols(kText, {"facturar"}),  // the invoice's depto
             // The size grid of companies that sell by size.
             Cols(kText, {"med", "ent"}), Cols(kDouble, {"ti", "tf"})}),
       // One summary concept that prints and stamps in place of the detail rows.
