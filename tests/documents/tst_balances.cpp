@@ -209,7 +209,8 @@ void TstBalances::invoiceScopes() {
   const QStringList keys = {QStringLiteral("A-1"), QStringLiteral("A-2"), QStringLiteral("A-3")};
   for (const QString& key : keys) {
     // Stale figures, as a workstation that failed halfway would leave them.
-    QVERIFY(Invoice(c, key, 100.0, 1, {{QStringLiteral("saldo"), 77.0}}));
+    QVERIFY(Invoice(c, key, 100.0, 1,
+                    {{QStringLiteral("saldo"), 77.0}, {QStringLiteral("abonos"), 5.0}}));
     QVERIFY(Payment(c, QStringLiteral("P-1"), keys.indexOf(key) + 1, key, 100));
   }
   QVERIFY(mSaldos::RecalcularSaldosFacturas(c, scope).ok);
@@ -219,6 +220,10 @@ void TstBalances::invoiceScopes() {
         Read(c, QStringLiteral("facturas"), QStringLiteral("factura"), key, QStringLiteral("saldo"))
             .toDouble(),
         done ? 0.0 : 77.0);
+    QCOMPARE(Read(c, QStringLiteral("facturas"), QStringLiteral("factura"), key,
+                  QStringLiteral("abonos"))
+                 .toDouble(),
+             done ? 100.0 : 5.0);
     QCOMPARE(Read(c, QStringLiteral("facturas"), QStringLiteral("factura"), key,
                   QStringLiteral("status"))
                  .toString(),
