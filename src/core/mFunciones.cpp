@@ -10,6 +10,7 @@
 #include <QSysInfo>
 #include <QTextStream>
 
+#include "core/column_rules.h"
 #include "core/dialect.h"
 #include "core/schema.h"
 
@@ -152,6 +153,9 @@ QVariantMap InicializarRegistro(const QString& tabla) {
   if (!table) return row;
   for (const schema::Column& column : table->columns) {
     const QString name = QString::fromUtf8(column.name);
+    // A column the database validates (a positive number, a required text, a word from a
+    // list) is the caller's to fill: a zero or an empty text there would only be refused.
+    if (!column_rules::For(tabla, name, column.type).checks.empty()) continue;
     switch (column.type) {
       case schema::Type::kInt32:
       case schema::Type::kInt16:
@@ -296,8 +300,9 @@ QString LineaDeError(const Session& session, const QString& descripcion, const Q
                             .arg(hora.minute(), 2, 10, QLatin1Char('0'))
                             .arg(hora.second(), 2, 10, QLatin1Char('0'))
                             .arg(hora.hour() < 12 ? QStringLiteral("am") : QStringLiteral("pm"));
+  // One error, one line: the server's messages come with line breaks of their own.
   return session.CarpetaEmpresa + QStringLiteral(", USUARIO: ") + session.Usuario +
-         QStringLiteral(",  ") + descripcion + QStringLiteral("   ") + fecha;
+         QStringLiteral(",  ") + descripcion.simplified() + QStringLiteral("   ") + fecha;
 }
 
 void RegistrarError(const Session& session, const QString& descripcion) {

@@ -51,7 +51,8 @@ bool BorrarDetalles(Connection& connection, const QString& tabla, const QString&
                     const QString& valor);
 
 // Values of a freshly added row before its own columns are assigned: zero for numbers, empty
-// text for text, dates and binaries left null.
+// text for text, dates and binaries left null. Columns the database validates are left out:
+// the caller assigns them.
 QVariantMap InicializarRegistro(const QString& tabla);
 
 // A new scratch file name "TVIK<hex>.TMP" in the temporary folder, after sweeping the older

@@ -60,9 +60,9 @@ struct Session {
       CarpetaTmp;
 
   // Blocks read from the database.
-  RowValues empresa;     // row numero = 1 of empresa, or the defaults
-  RowValues usuario;     // the user's rights (columns of usuarios)
-  RowValues configurar;  // the terminal settings of the user
+  RowValues empresa;      // row numero = 1 of empresa, or the defaults
+  RowValues usuario;      // the user's rights (columns of usuarios)
+  RowValues configurar;   // the terminal settings of the user
   QString DocumentosTpv;  // point-of-sale forms in use: "T", "N", "C" joined by commas
   QString SerieTpv;       // series of the first form in use
 

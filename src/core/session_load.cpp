@@ -221,6 +221,8 @@ void CargarPermisos(Session& session) {
   if (lectura.ok()) {
     if (lectura.query().next()) {
       LeerFila(lectura.query(), session.usuario);
+      // The password has no business in the rights block; the login keeps what it needs.
+      session.usuario.Set(QStringLiteral("contraseña"), QVariant());
     } else if (session.Usuario == QLatin1String("ADMINISTRADOR")) {
       PermisosCompletos(session.usuario, session.Usuario);
     }

@@ -41,8 +41,9 @@ Outcome ChecarEmpresa(Session& session);
 // The remote address prompt runs for a PostgreSQL company whose Cadena mentions 1433.
 bool PedirDireccionRemota(const Session& session);
 QString DireccionActual(const Session& session);
-// Blanks removed; accepted with exactly three points. nullopt for an empty answer, an
-// Outcome warning "Esta IP no es válida" for a wrong one.
+// The answer with its blanks removed. An empty one leaves the prompt (the open-file dialog
+// follows); one with exactly three points is accepted; any other gets "Esta IP no es válida"
+// and the prompt again.
 struct RespuestaDireccion {
   bool vacia = false;
   bool valida = false;
