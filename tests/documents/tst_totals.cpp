@@ -14,6 +14,7 @@
 #include "support/test_company.h"
 
 using namespace ventarix;
+using namespace Qt::StringLiterals;
 using testing::InsertarFila;
 
 namespace {
@@ -72,18 +73,13 @@ bool AddDocument(Connection& c, const QString& table, const QString& key_column,
   }
   int item = 0;
   for (const Row& r : rows) {
-    QVariantMap row = {{key_column, key},
-                       {QStringLiteral("item"), ++item},
-                       {QStringLiteral("cantidad"), r.cantidad},
-                       {QStringLiteral("precio"), r.precio},
-                       {QStringLiteral("dcto"), r.dcto},
-                       {QStringLiteral("impuesto"), r.impuesto}};
-    const QString detail = table + QStringLiteral(" detalles");
+    QVariantMap row = {{key_column, key},       {u"item"_s, ++item}, {u"cantidad"_s, r.cantidad},
+                       {u"precio"_s, r.precio}, {u"dcto"_s, r.dcto}, {u"impuesto"_s, r.impuesto}};
+    const QString detail = table + u" detalles"_s;
     if (schema::FindTable(detail)->columns.size() > 0) {
       for (const schema::Column& col : schema::FindTable(detail)->columns) {
-        if (QLatin1String(col.name) == QLatin1String("costo"))
-          row[QStringLiteral("costo")] = r.costo;
-        if (QLatin1String(col.name) == QLatin1String("com")) row[QStringLiteral("com")] = r.com;
+        if (QLatin1String(col.name) == QLatin1String("costo")) row[u"costo"_s] = r.costo;
+        if (QLatin1String(col.name) == QLatin1String("com")) row[u"com"_s] = r.com;
       }
     }
     if (!InsertarFila(c, detail, row, &error)) {
@@ -97,16 +93,16 @@ bool AddDocument(Connection& c, const QString& table, const QString& key_column,
 double Value(Connection& c, const QString& table, const QString& key_column, const QString& key,
              const QString& column) {
   return c
-      .Scalar(QStringLiteral("select %1 from %2 where %3 = ?")
-                  .arg(dialect::Name(column), dialect::Name(table), dialect::Name(key_column)),
+      .Scalar(u"select %1 from %2 where %3 = ?"_s.arg(dialect::Name(column), dialect::Name(table),
+                                                      dialect::Name(key_column)),
               {key})
       .toDouble();
 }
 
 int Count(Connection& c, const QString& table, const QString& key_column, const QString& key) {
   return c
-      .Scalar(QStringLiteral("select count(*) from %1 where %2 = ?")
-                  .arg(dialect::Name(table), dialect::Name(key_column)),
+      .Scalar(u"select count(*) from %1 where %2 = ?"_s.arg(dialect::Name(table),
+                                                            dialect::Name(key_column)),
               {key})
       .toInt();
 }
@@ -114,9 +110,8 @@ int Count(Connection& c, const QString& table, const QString& key_column, const 
 // Every figure of a table, in key and item order, as exact text.
 QStringList Snapshot(Connection& c, const QString& table, const QString& key_column) {
   const bool detail = table.endsWith(QLatin1String(" detalles"));
-  QSqlQuery q = c.Exec(QStringLiteral("select * from %1 order by %2%3")
-                           .arg(dialect::Name(table), dialect::Name(key_column),
-                                detail ? QStringLiteral(", item") : QString()));
+  QSqlQuery q = c.Exec(u"select * from %1 order by %2%3"_s.arg(
+      dialect::Name(table), dialect::Name(key_column), detail ? u", item"_s : QString()));
   QStringList out;
   while (q.next()) {
     QStringList fields;
@@ -153,22 +148,21 @@ class TstTotals : public QObject {
 void TstTotals::clerksInvoiceOfThreeRows() {
   VENTARIX_COMPANY(company);
   Session session = company.MakeSession();
-  session.empresa.Set(QStringLiteral("impuesto"), 16);
+  session.empresa.Set(u"impuesto"_s, 16);
   session.Tienda = 2;
   Connection c(company.cadena());
   Transaction save(c);
   QVERIFY(
-      AddDocument(c, QStringLiteral("facturas"), QStringLiteral("factura"), QStringLiteral("A-7"),
+      AddDocument(c, u"facturas"_s, u"factura"_s, u"A-7"_s,
                   {{3, 10.00, 12.5, 16, 6, 5}, {2, 45.5, 0, 16, 30, 5}, {1.5, 0.125, 0, 0, 0, 0}}));
-  const Outcome done = mSaldos::TotalizarFactura(c, session, QStringLiteral("A-7"), {1.5, 2.25, 0},
-                                                 QStringLiteral("VENTA DEL DIA"),
-                                                 QDateTime(QDate(2024, 3, 15), QTime(17, 45)));
+  const Outcome done =
+      mSaldos::TotalizarFactura(c, session, u"A-7"_s, {1.5, 2.25, 0}, u"VENTA DEL DIA"_s,
+                                QDateTime(QDate(2024, 3, 15), QTime(17, 45)));
   QVERIFY2(done.ok, qPrintable(done.message));
   QVERIFY(save.Commit());
 
   auto header = [&](const char* column) {
-    return Value(c, QStringLiteral("facturas"), QStringLiteral("factura"), QStringLiteral("A-7"),
-                 T(column));
+    return Value(c, u"facturas"_s, u"factura"_s, u"A-7"_s, T(column));
   };
   QCOMPARE(header("importe"), 121.1875);
   QCOMPARE(header("descuento"), 3.75);
@@ -182,49 +176,45 @@ void TstTotals::clerksInvoiceOfThreeRows() {
   QCOMPARE(header("retencion iva $"), 2.25);
 
   // The single concept the invoice can be printed and stamped as.
-  const QString resumen = QStringLiteral("facturas resumen");
-  QCOMPARE(Count(c, resumen, QStringLiteral("factura"), QStringLiteral("A-7")), 1);
-  QSqlQuery row = c.Exec(QStringLiteral("select * from \"facturas resumen\" where factura = ?"),
-                         {QStringLiteral("A-7")});
+  const QString resumen = u"facturas resumen"_s;
+  QCOMPARE(Count(c, resumen, u"factura"_s, u"A-7"_s), 1);
+  QSqlQuery row = c.Exec(u"select * from \"facturas resumen\" where factura = ?"_s, {u"A-7"_s});
   QVERIFY(row.next());
-  QCOMPARE(row.value(QStringLiteral("codigo")).toString(), QStringLiteral("CORTE"));
-  QCOMPARE(row.value(QStringLiteral("unidad")).toString(), QStringLiteral("CORTE"));
-  QCOMPARE(row.value(QStringLiteral("descripcion")).toString(), QStringLiteral("VENTA DEL DIA"));
-  QCOMPARE(row.value(QStringLiteral("cantidad")).toDouble(), 1.0);
-  QCOMPARE(row.value(QStringLiteral("precio")).toDouble(), 121.1875);
-  QCOMPARE(row.value(QStringLiteral("total")).toDouble(), 132.4475);
-  QCOMPARE(row.value(QStringLiteral("impuesto")).toDouble(), 16.0);
-  QCOMPARE(row.value(QStringLiteral("costo")).toDouble(), 78.0);
-  QCOMPARE(row.value(QStringLiteral("costototal")).toDouble(), 78.0);
-  QCOMPARE(row.value(QStringLiteral("tienda")).toInt(), 2);
-  QCOMPARE(row.value(QStringLiteral("item")).toInt(), 1);
-  QCOMPARE(dialect::ReadDate(row.value(QStringLiteral("fecha"))),
-           QDateTime(QDate(2024, 3, 15), QTime(0, 0)));
+  QCOMPARE(row.value(u"codigo"_s).toString(), u"CORTE"_s);
+  QCOMPARE(row.value(u"unidad"_s).toString(), u"CORTE"_s);
+  QCOMPARE(row.value(u"descripcion"_s).toString(), u"VENTA DEL DIA"_s);
+  QCOMPARE(row.value(u"cantidad"_s).toDouble(), 1.0);
+  QCOMPARE(row.value(u"precio"_s).toDouble(), 121.1875);
+  QCOMPARE(row.value(u"total"_s).toDouble(), 132.4475);
+  QCOMPARE(row.value(u"impuesto"_s).toDouble(), 16.0);
+  QCOMPARE(row.value(u"costo"_s).toDouble(), 78.0);
+  QCOMPARE(row.value(u"costototal"_s).toDouble(), 78.0);
+  QCOMPARE(row.value(u"tienda"_s).toInt(), 2);
+  QCOMPARE(row.value(u"item"_s).toInt(), 1);
+  QCOMPARE(dialect::ReadDate(row.value(u"fecha"_s)), QDateTime(QDate(2024, 3, 15), QTime(0, 0)));
 }
 
 void TstTotals::rowsKeepOnlyTheirStatedPlaces() {
   VENTARIX_COMPANY(company);
   Connection c(company.cadena());
-  QVERIFY(AddDocument(c, QStringLiteral("remisiones"), QStringLiteral("remision"),
-                      QStringLiteral("R-1"),
+  QVERIFY(AddDocument(c, u"remisiones"_s, u"remision"_s, u"R-1"_s,
                       {{2.123456789, 3.14159, 10.555, 16.004, 12.345, 2.5}}));
-  QVERIFY(mSaldos::TotalizarRemision(c, QStringLiteral("R-1")).ok);
-  QSqlQuery q = c.Exec(QStringLiteral("select * from \"remisiones detalles\" where remision = ?"),
-                       {QStringLiteral("R-1")});
+  QVERIFY(mSaldos::TotalizarRemision(c, u"R-1"_s).ok);
+  QSqlQuery q = c.Exec(u"select * from \"remisiones detalles\" where remision = ?"_s, {u"R-1"_s});
   QVERIFY(q.next());
-  QCOMPARE(q.value(QStringLiteral("cantidad")).toDouble(), 2.12345679);
-  QCOMPARE(q.value(QStringLiteral("precio")).toDouble(), 3.1416);
-  QCOMPARE(q.value(QStringLiteral("importe")).toDouble(), 6.6711);  // 6.671051851464
-  QCOMPARE(q.value(QStringLiteral("dcto")).toDouble(), 10.56);
-  QCOMPARE(q.value(QStringLiteral("descuento")).toDouble(), 0.7045);  // 0.70446816
-  QCOMPARE(q.value(QStringLiteral("subtotal")).toDouble(), 5.9666);
-  QCOMPARE(q.value(QStringLiteral("impuesto")).toDouble(), 16.0);
-  QCOMPARE(q.value(QStringLiteral("iva")).toDouble(), 0.9547);  // 0.954656
-  QCOMPARE(q.value(QStringLiteral("total")).toDouble(), 6.9213);
-  QCOMPARE(q.value(QStringLiteral("costo")).toDouble(), 12.34);
-  QCOMPARE(q.value(QStringLiteral("costototal")).toDouble(), 26.2);  // 26.20346... with 12.34
-  QCOMPARE(q.value(QStringLiteral("comision")).toDouble(), 0.15);    // 0.149165
-  QCOMPARE(q.value(QStringLiteral("utilidad")).toDouble(), -20.38);  // 5.9666 - 26.2 - 0.15
+  QCOMPARE(q.value(u"cantidad"_s).toDouble(), 2.12345679);
+  QCOMPARE(q.value(u"precio"_s).toDouble(), 3.1416);
+  QCOMPARE(q.value(u"importe"_s).toDouble(), 6.6711);  // 6.671051851464
+  QCOMPARE(q.value(u"dcto"_s).toDouble(), 10.56);
+  QCOMPARE(q.value(u"descuento"_s).toDouble(), 0.7045);  // 0.70446816
+  QCOMPARE(q.value(u"subtotal"_s).toDouble(), 5.9666);
+  QCOMPARE(q.value(u"impuesto"_s).toDouble(), 16.0);
+  QCOMPARE(q.value(u"iva"_s).toDouble(), 0.9547);  // 0.954656
+  QCOMPARE(q.value(u"total"_s).toDouble(), 6.9213);
+  QCOMPARE(q.value(u"costo"_s).toDouble(), 12.34);
+  QCOMPARE(q.value(u"costototal"_s).toDouble(), 26.2);  // 26.20346... with 12.34
+  QCOMPARE(q.value(u"comision"_s).toDouble(), 0.15);    // 0.149165
+  QCOMPARE(q.value(u"utilidad"_s).toDouble(), -20.38);  // 5.9666 - 26.2 - 0.15
 }
 
 void TstTotals::everyFamilyWritesItsOwnHeader() {
@@ -234,26 +224,24 @@ void TstTotals::everyFamilyWritesItsOwnHeader() {
   for (const Family& f : Families()) {
     const QString table = T(f.table);
     // A second document with the same rows stays as it was: only the key's header changes.
-    QVERIFY(AddDocument(c, table, T(f.key), QStringLiteral("X-1"), {{3, 10.0, 12.5, 16, 6, 10}}));
-    QVERIFY(AddDocument(c, table, T(f.key), QStringLiteral("X-2"), {{3, 10.0, 12.5, 16, 6, 10}}));
-    const Outcome done = f.run(c, session, QStringLiteral("X-1"));
-    QVERIFY2(done.ok, qPrintable(table + QStringLiteral(": ") + done.message));
+    QVERIFY(AddDocument(c, table, T(f.key), u"X-1"_s, {{3, 10.0, 12.5, 16, 6, 10}}));
+    QVERIFY(AddDocument(c, table, T(f.key), u"X-2"_s, {{3, 10.0, 12.5, 16, 6, 10}}));
+    const Outcome done = f.run(c, session, u"X-1"_s);
+    QVERIFY2(done.ok, qPrintable(table + u": "_s + done.message));
     auto header = [&](const QString& key, const char* column) {
       return Value(c, table, T(f.key), key, T(column));
     };
-    QCOMPARE(header(QStringLiteral("X-1"), "importe"), 30.0);
-    QCOMPARE(header(QStringLiteral("X-1"), "descuento"), 3.75);
-    QCOMPARE(header(QStringLiteral("X-1"), "subtotal"), 26.25);
-    QCOMPARE(header(QStringLiteral("X-1"), "iva"), 4.2);
-    QCOMPARE(header(QStringLiteral("X-1"), "total"), 30.45);
-    QCOMPARE(header(QStringLiteral("X-2"), "total"), 0.0);
-    QCOMPARE(Value(c, table + QStringLiteral(" detalles"), T(f.key), QStringLiteral("X-1"),
-                   QStringLiteral("total")),
-             30.45);
+    QCOMPARE(header(u"X-1"_s, "importe"), 30.0);
+    QCOMPARE(header(u"X-1"_s, "descuento"), 3.75);
+    QCOMPARE(header(u"X-1"_s, "subtotal"), 26.25);
+    QCOMPARE(header(u"X-1"_s, "iva"), 4.2);
+    QCOMPARE(header(u"X-1"_s, "total"), 30.45);
+    QCOMPARE(header(u"X-2"_s, "total"), 0.0);
+    QCOMPARE(Value(c, table + u" detalles"_s, T(f.key), u"X-1"_s, u"total"_s), 30.45);
     if (f.cost) {
-      QCOMPARE(header(QStringLiteral("X-1"), "costo"), 18.0);
-      QCOMPARE(header(QStringLiteral("X-1"), "comision"), 2.62);
-      QCOMPARE(header(QStringLiteral("X-1"), "utilidad"), 5.63);
+      QCOMPARE(header(u"X-1"_s, "costo"), 18.0);
+      QCOMPARE(header(u"X-1"_s, "comision"), 2.62);
+      QCOMPARE(header(u"X-1"_s, "utilidad"), 5.63);
     }
   }
 }
@@ -262,102 +250,69 @@ void TstTotals::retentionsAndDeductions() {
   VENTARIX_COMPANY(company);
   Connection c(company.cadena());
   const std::vector<Row> rows = {{3, 10.0, 12.5, 16}};
-  QVERIFY(AddDocument(c, QStringLiteral("compras"), QStringLiteral("compra"), QStringLiteral("C-1"),
-                      rows));
-  QVERIFY(mSaldos::TotalizarCompra(c, QStringLiteral("C-1"), 2.8).ok);
-  QCOMPARE(Value(c, QStringLiteral("compras"), QStringLiteral("compra"), QStringLiteral("C-1"),
-                 QStringLiteral("total")),
-           27.65);
-  QCOMPARE(Value(c, QStringLiteral("compras"), QStringLiteral("compra"), QStringLiteral("C-1"),
-                 QStringLiteral("retencion")),
-           2.8);
+  QVERIFY(AddDocument(c, u"compras"_s, u"compra"_s, u"C-1"_s, rows));
+  QVERIFY(mSaldos::TotalizarCompra(c, u"C-1"_s, 2.8).ok);
+  QCOMPARE(Value(c, u"compras"_s, u"compra"_s, u"C-1"_s, u"total"_s), 27.65);
+  QCOMPARE(Value(c, u"compras"_s, u"compra"_s, u"C-1"_s, u"retencion"_s), 2.8);
 
   // A supplier note's deduction lowers its total and is kept nowhere.
-  QVERIFY(AddDocument(c, QStringLiteral("notas proveedor"), QStringLiteral("nota"),
-                      QStringLiteral("N-1"), rows, {{QStringLiteral("retencion"), 9.0}}));
-  QVERIFY(mSaldos::TotalizarNotaProveedor(c, QStringLiteral("N-1"), 0.45).ok);
-  QCOMPARE(Value(c, QStringLiteral("notas proveedor"), QStringLiteral("nota"),
-                 QStringLiteral("N-1"), QStringLiteral("total")),
-           30.0);
-  QCOMPARE(Value(c, QStringLiteral("notas proveedor"), QStringLiteral("nota"),
-                 QStringLiteral("N-1"), QStringLiteral("retencion")),
-           9.0);
+  QVERIFY(AddDocument(c, u"notas proveedor"_s, u"nota"_s, u"N-1"_s, rows, {{u"retencion"_s, 9.0}}));
+  QVERIFY(mSaldos::TotalizarNotaProveedor(c, u"N-1"_s, 0.45).ok);
+  QCOMPARE(Value(c, u"notas proveedor"_s, u"nota"_s, u"N-1"_s, u"total"_s), 30.0);
+  QCOMPARE(Value(c, u"notas proveedor"_s, u"nota"_s, u"N-1"_s, u"retencion"_s), 9.0);
 }
 
 void TstTotals::invoiceWithoutRowsAndWithRetentions() {
   VENTARIX_COMPANY(company);
   const Session session = company.MakeSession();
   Connection c(company.cadena());
-  QVERIFY(AddDocument(c, QStringLiteral("facturas"), QStringLiteral("factura"),
-                      QStringLiteral("A-1"), {},
-                      {{QStringLiteral("importe"), 99.0}, {QStringLiteral("total"), 99.0}}));
-  QVERIFY(mSaldos::TotalizarFactura(c, session, QStringLiteral("A-1"), {4, 3, 2}).ok);
-  QCOMPARE(Value(c, QStringLiteral("facturas"), QStringLiteral("factura"), QStringLiteral("A-1"),
-                 QStringLiteral("importe")),
-           0.0);
-  QCOMPARE(Value(c, QStringLiteral("facturas"), QStringLiteral("factura"), QStringLiteral("A-1"),
-                 QStringLiteral("total")),
-           -9.0);
+  QVERIFY(AddDocument(c, u"facturas"_s, u"factura"_s, u"A-1"_s, {},
+                      {{u"importe"_s, 99.0}, {u"total"_s, 99.0}}));
+  QVERIFY(mSaldos::TotalizarFactura(c, session, u"A-1"_s, {4, 3, 2}).ok);
+  QCOMPARE(Value(c, u"facturas"_s, u"factura"_s, u"A-1"_s, u"importe"_s), 0.0);
+  QCOMPARE(Value(c, u"facturas"_s, u"factura"_s, u"A-1"_s, u"total"_s), -9.0);
   // No summary text, no summary row.
-  QCOMPARE(Count(c, QStringLiteral("facturas resumen"), QStringLiteral("factura"),
-                 QStringLiteral("A-1")),
-           0);
+  QCOMPARE(Count(c, u"facturas resumen"_s, u"factura"_s, u"A-1"_s), 0);
 }
 
 void TstTotals::summaryRowsStayOnePerDocument() {
   VENTARIX_COMPANY(company);
   Session session = company.MakeSession();
-  session.empresa.Set(QStringLiteral("impuesto"), 16);
+  session.empresa.Set(u"impuesto"_s, 16);
   Connection c(company.cadena());
   const QDateTime fecha(QDate(2024, 3, 15), QTime(9, 0));
-  QVERIFY(AddDocument(c, QStringLiteral("notas cliente"), QStringLiteral("nota"),
-                      QStringLiteral("NC-1"), {{1, 100, 0, 16}}));
-  QVERIFY(mSaldos::TotalizarNotaCliente(c, session, QStringLiteral("NC-1"), fecha,
-                                        QStringLiteral("DEVOLUCION"))
-              .ok);
+  QVERIFY(AddDocument(c, u"notas cliente"_s, u"nota"_s, u"NC-1"_s, {{1, 100, 0, 16}}));
+  QVERIFY(mSaldos::TotalizarNotaCliente(c, session, u"NC-1"_s, fecha, u"DEVOLUCION"_s).ok);
   // The clerk corrects the price and saves again: the summary row is rewritten, not doubled.
-  QVERIFY(c.Run(QStringLiteral("update \"notas cliente detalles\" set precio = 50 where nota = ?"),
-                {QStringLiteral("NC-1")}));
-  QVERIFY(mSaldos::TotalizarNotaCliente(c, session, QStringLiteral("NC-1"), fecha,
-                                        QStringLiteral("DESCUENTO"))
-              .ok);
-  QCOMPARE(Count(c, QStringLiteral("notas cliente resumen"), QStringLiteral("nota"),
-                 QStringLiteral("NC-1")),
-           1);
-  QSqlQuery row = c.Exec(QStringLiteral("select * from \"notas cliente resumen\" where nota = ?"),
-                         {QStringLiteral("NC-1")});
+  QVERIFY(
+      c.Run(u"update \"notas cliente detalles\" set precio = 50 where nota = ?"_s, {u"NC-1"_s}));
+  QVERIFY(mSaldos::TotalizarNotaCliente(c, session, u"NC-1"_s, fecha, u"DESCUENTO"_s).ok);
+  QCOMPARE(Count(c, u"notas cliente resumen"_s, u"nota"_s, u"NC-1"_s), 1);
+  QSqlQuery row = c.Exec(u"select * from \"notas cliente resumen\" where nota = ?"_s, {u"NC-1"_s});
   QVERIFY(row.next());
-  QCOMPARE(row.value(QStringLiteral("codigo")).toString(), QStringLiteral("NOTA"));
-  QCOMPARE(row.value(QStringLiteral("unidad")).toString(), QStringLiteral("NA"));
-  QCOMPARE(row.value(QStringLiteral("descripcion")).toString(), QStringLiteral("DESCUENTO"));
-  QCOMPARE(row.value(QStringLiteral("importe")).toDouble(), 50.0);
-  QCOMPARE(row.value(QStringLiteral("total")).toDouble(), 58.0);
+  QCOMPARE(row.value(u"codigo"_s).toString(), u"NOTA"_s);
+  QCOMPARE(row.value(u"unidad"_s).toString(), u"NA"_s);
+  QCOMPARE(row.value(u"descripcion"_s).toString(), u"DESCUENTO"_s);
+  QCOMPARE(row.value(u"importe"_s).toDouble(), 50.0);
+  QCOMPARE(row.value(u"total"_s).toDouble(), 58.0);
 
   // An empty text afterwards leaves the existing summary as it stands.
-  QVERIFY(mSaldos::TotalizarNotaCliente(c, session, QStringLiteral("NC-1"), fecha, QString()).ok);
-  QCOMPARE(Count(c, QStringLiteral("notas cliente resumen"), QStringLiteral("nota"),
-                 QStringLiteral("NC-1")),
-           1);
+  QVERIFY(mSaldos::TotalizarNotaCliente(c, session, u"NC-1"_s, fecha, QString()).ok);
+  QCOMPARE(Count(c, u"notas cliente resumen"_s, u"nota"_s, u"NC-1"_s), 1);
 
   // The invoice's summary behaves the same way.
-  QVERIFY(AddDocument(c, QStringLiteral("facturas"), QStringLiteral("factura"),
-                      QStringLiteral("A-2"), {{2, 10, 0, 16}}));
+  QVERIFY(AddDocument(c, u"facturas"_s, u"factura"_s, u"A-2"_s, {{2, 10, 0, 16}}));
   for (int i = 0; i < 3; ++i) {
-    QVERIFY(mSaldos::TotalizarFactura(c, session, QStringLiteral("A-2"), {},
-                                      QStringLiteral("CORTE Z"), fecha)
-                .ok);
+    QVERIFY(mSaldos::TotalizarFactura(c, session, u"A-2"_s, {}, u"CORTE Z"_s, fecha).ok);
   }
-  QCOMPARE(Count(c, QStringLiteral("facturas resumen"), QStringLiteral("factura"),
-                 QStringLiteral("A-2")),
-           1);
+  QCOMPARE(Count(c, u"facturas resumen"_s, u"factura"_s, u"A-2"_s), 1);
 }
 
 void TstTotals::adjustmentValuesTheMovements() {
   VENTARIX_COMPANY(company);
   Connection c(company.cadena());
   QString error;
-  QVERIFY(InsertarFila(c, QStringLiteral("ajustes de inventario"),
-                       {{QStringLiteral("ajuste"), QStringLiteral("J-1")}}, &error));
+  QVERIFY(InsertarFila(c, u"ajustes de inventario"_s, {{u"ajuste"_s, u"J-1"_s}}, &error));
   struct Move {
     double entradas, salidas;
     QVariant costo;
@@ -366,35 +321,30 @@ void TstTotals::adjustmentValuesTheMovements() {
       {5, 0, 2.5}, {0, 2, 10.125}, {3, 0, QVariant(QMetaType(QMetaType::Double))}};
   int item = 0;
   for (const Move& m : moves) {
-    QVERIFY2(InsertarFila(c, QStringLiteral("ajustes de inventario detalles"),
-                          {{QStringLiteral("ajuste"), QStringLiteral("J-1")},
-                           {QStringLiteral("item"), ++item},
-                           {QStringLiteral("entradas"), m.entradas},
-                           {QStringLiteral("salidas"), m.salidas},
-                           {QStringLiteral("costo"), m.costo}},
+    QVERIFY2(InsertarFila(c, u"ajustes de inventario detalles"_s,
+                          {{u"ajuste"_s, u"J-1"_s},
+                           {u"item"_s, ++item},
+                           {u"entradas"_s, m.entradas},
+                           {u"salidas"_s, m.salidas},
+                           {u"costo"_s, m.costo}},
                           &error),
              qPrintable(error));
   }
-  QVERIFY(mSaldos::TotalizarAjuste(c, QStringLiteral("J-1")).ok);
+  QVERIFY(mSaldos::TotalizarAjuste(c, u"J-1"_s).ok);
   // 12.5 in, 20.25 out, and a row without cost that counts nothing; not rounded.
-  QCOMPARE(Value(c, QStringLiteral("ajustes de inventario"), QStringLiteral("ajuste"),
-                 QStringLiteral("J-1"), QStringLiteral("total")),
-           -7.75);
+  QCOMPARE(Value(c, u"ajustes de inventario"_s, u"ajuste"_s, u"J-1"_s, u"total"_s), -7.75);
 }
 
 void TstTotals::aNullFigureStopsTheDocument() {
   VENTARIX_COMPANY(company);
   Connection c(company.cadena());
-  QVERIFY(AddDocument(c, QStringLiteral("pedidos"), QStringLiteral("pedido"), QStringLiteral("P-1"),
-                      {{1, QVariant(QMetaType(QMetaType::Double))}},
-                      {{QStringLiteral("total"), 99.0}}));
-  const Outcome done = mSaldos::TotalizarPedido(c, QStringLiteral("P-1"));
+  QVERIFY(AddDocument(c, u"pedidos"_s, u"pedido"_s, u"P-1"_s,
+                      {{1, QVariant(QMetaType(QMetaType::Double))}}, {{u"total"_s, 99.0}}));
+  const Outcome done = mSaldos::TotalizarPedido(c, u"P-1"_s);
   QVERIFY(!done.ok);
   QVERIFY(done.message.contains(QLatin1String("precio")));
   QCOMPARE(done.icon, MessageIcon::kStop);
-  QCOMPARE(Value(c, QStringLiteral("pedidos"), QStringLiteral("pedido"), QStringLiteral("P-1"),
-                 QStringLiteral("total")),
-           99.0);
+  QCOMPARE(Value(c, u"pedidos"_s, u"pedido"_s, u"P-1"_s, u"total"_s), 99.0);
 }
 
 void TstTotals::relatedDocumentsList() {
@@ -402,30 +352,23 @@ void TstTotals::relatedDocumentsList() {
   Connection c(company.cadena());
   int item = 0;
   for (const char* factura : {"A-1", "A-2", "A-1"}) {
-    QVERIFY(InsertarFila(c, QStringLiteral("cxc detalles"),
-                         {{QStringLiteral("pago"), QStringLiteral("P-1")},
-                          {QStringLiteral("item"), ++item},
-                          {QStringLiteral("factura"), T(factura)}}));
+    QVERIFY(InsertarFila(c, u"cxc detalles"_s,
+                         {{u"pago"_s, u"P-1"_s}, {u"item"_s, ++item}, {u"factura"_s, T(factura)}}));
   }
   QString error;
-  QStringList facturas = mSaldos::ListaDocumentosRelacionados(
-      c, QStringLiteral("cxc"), QStringLiteral("pago"), QStringLiteral("P-1"),
-      QStringLiteral("factura"), &error);
+  QStringList facturas =
+      mSaldos::ListaDocumentosRelacionados(c, u"cxc"_s, u"pago"_s, u"P-1"_s, u"factura"_s, &error);
   facturas.sort();
-  QCOMPARE(facturas, (QStringList{QStringLiteral("A-1"), QStringLiteral("A-2")}));
+  QCOMPARE(facturas, (QStringList{u"A-1"_s, u"A-2"_s}));
   QVERIFY(error.isEmpty());
   // Nothing related: the list of nothing, which a scope turns into "matches none".
-  QCOMPARE(mSaldos::ListaDocumentosRelacionados(c, QStringLiteral("cxc"), QStringLiteral("pago"),
-                                                QStringLiteral("P-9"), QStringLiteral("factura")),
+  QCOMPARE(mSaldos::ListaDocumentosRelacionados(c, u"cxc"_s, u"pago"_s, u"P-9"_s, u"factura"_s),
            QStringList{QString()});
   // The orders behind a purchase, read from another family's rows.
-  QVERIFY(AddDocument(c, QStringLiteral("compras"), QStringLiteral("compra"), QStringLiteral("C-1"),
-                      {{1, 1}}));
-  QVERIFY(c.Run(QStringLiteral("update \"compras detalles\" set orden = 'O-5'")));
-  QCOMPARE(
-      mSaldos::ListaDocumentosRelacionados(c, QStringLiteral("compras"), QStringLiteral("compra"),
-                                           QStringLiteral("C-1"), QStringLiteral("orden")),
-      QStringList{QStringLiteral("O-5")});
+  QVERIFY(AddDocument(c, u"compras"_s, u"compra"_s, u"C-1"_s, {{1, 1}}));
+  QVERIFY(c.Run(u"update \"compras detalles\" set orden = 'O-5'"_s));
+  QCOMPARE(mSaldos::ListaDocumentosRelacionados(c, u"compras"_s, u"compra"_s, u"C-1"_s, u"orden"_s),
+           QStringList{u"O-5"_s});
 }
 
 void TstTotals::randomDocumentsAreStableAndAddUp() {
@@ -451,29 +394,25 @@ void TstTotals::randomDocumentsAreStableAndAddUp() {
         rows.push_back({figure(40, 10), figure(900, 6), percents[random.bounded(7)],
                         percents[random.bounded(7)], figure(500, 3), percents[random.bounded(7)]});
       }
-      keys << QStringLiteral("R-%1").arg(d + 1);
+      keys << u"R-%1"_s.arg(d + 1);
       QVERIFY(AddDocument(c, table, key_column, keys.last(), rows));
       QVERIFY(f.run(c, session, keys.last()).ok);
     }
     const QStringList headers = Snapshot(c, table, key_column);
-    const QStringList rows = Snapshot(c, table + QStringLiteral(" detalles"), key_column);
+    const QStringList rows = Snapshot(c, table + u" detalles"_s, key_column);
     for (const QString& key : keys) QVERIFY(f.run(c, session, key).ok);
     QCOMPARE(Snapshot(c, table, key_column), headers);
-    QCOMPARE(Snapshot(c, table + QStringLiteral(" detalles"), key_column), rows);
+    QCOMPARE(Snapshot(c, table + u" detalles"_s, key_column), rows);
 
-    QStringList sums = {QStringLiteral("importe"), QStringLiteral("descuento"),
-                        QStringLiteral("subtotal"), QStringLiteral("iva"), QStringLiteral("total")};
-    if (f.cost)
-      sums << QStringLiteral("costo") << QStringLiteral("comision") << QStringLiteral("utilidad");
+    QStringList sums = {u"importe"_s, u"descuento"_s, u"subtotal"_s, u"iva"_s, u"total"_s};
+    if (f.cost) sums << u"costo"_s << u"comision"_s << u"utilidad"_s;
     for (const QString& key : keys) {
       for (const QString& column : sums) {
-        const QString row_column =
-            column == QLatin1String("costo") ? QStringLiteral("costototal") : column;
-        QSqlQuery q =
-            c.Exec(QStringLiteral("select %1 from %2 where %3 = ?")
-                       .arg(row_column, dialect::Name(table + QStringLiteral(" detalles")),
-                            dialect::Name(key_column)),
-                   {key});
+        const QString row_column = column == QLatin1String("costo") ? u"costototal"_s : column;
+        QSqlQuery q = c.Exec(
+            u"select %1 from %2 where %3 = ?"_s.arg(
+                row_column, dialect::Name(table + u" detalles"_s), dialect::Name(key_column)),
+            {key});
         double sum = 0;
         while (q.next()) {
           const double stored = q.value(0).toDouble();
@@ -482,10 +421,10 @@ void TstTotals::randomDocumentsAreStableAndAddUp() {
           sum += stored;
         }
         const double header = Value(c, table, key_column, key, column);
-        QVERIFY2(std::abs(header - sum) < 1e-9, qPrintable(QStringLiteral("%1 %2 %3: %4 vs %5")
-                                                               .arg(table, key, column)
-                                                               .arg(header, 0, 'g', 17)
-                                                               .arg(sum, 0, 'g', 17)));
+        QVERIFY2(std::abs(header - sum) < 1e-9,
+                 qPrintable(u"%1 %2 %3: %4 vs %5"_s.arg(table, key, column)
+                                .arg(header, 0, 'g', 17)
+                                .arg(sum, 0, 'g', 17)));
       }
     }
   }
