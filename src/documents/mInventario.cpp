@@ -99,20 +99,22 @@ bool RecalcularAlmacen(Connection& connection, const Codigos& codigos, int almac
                        QString* error) {
   if (almacen < 1 || almacen > 5) return Fallo(error, u"Almacén no válido: %1"_s.arg(almacen));
   // The column is computed outright from sums by product, so a product on many rows counts
-  // every row and nothing needs zeroing first. Transfers keep their warehouses as text.
+  // every row and nothing needs zeroing first. Transfers keep their warehouses as text. The
+  // warehouse tests are written as expressions so that the engine finds the rows by product
+  // code: an index on the warehouse alone would read a whole warehouse for every product.
   QString text =
       u"update productos set "_s + Columna(almacen) +
       u" = "_s
       u"coalesce((select sum(d.cantidad) from \"compras detalles\" d"
-      u" where d.codigo = productos.codigo and d.almacen = ?), 0)"
+      u" where d.codigo = productos.codigo and d.almacen + 0 = ?), 0)"
       u" + coalesce((select sum(d.entradas - d.salidas) from \"ajustes de inventario detalles\" d"
-      u" where d.codigo = productos.codigo and d.almacen = ?), 0)"
+      u" where d.codigo = productos.codigo and d.almacen + 0 = ?), 0)"
       u" - coalesce((select sum(d.cantidad) from \"remisiones detalles\" d"
-      u" where d.codigo = productos.codigo and d.almacen = ?), 0)"
+      u" where d.codigo = productos.codigo and d.almacen + 0 = ?), 0)"
       u" - coalesce((select sum(d.cantidad) from \"traspasos detalles\" d"
-      u" where d.codigo = productos.codigo and d.de = ?), 0)"
+      u" where d.codigo = productos.codigo and d.de || '' = ?), 0)"
       u" + coalesce((select sum(d.cantidad) from \"traspasos detalles\" d"
-      u" where d.codigo = productos.codigo and d.a = ?), 0)"_s;
+      u" where d.codigo = productos.codigo and d.a || '' = ?), 0)"_s;
   const QString numero = QString::number(almacen);
   QVariantList values{almacen, almacen, almacen, numero, numero};
   if (almacen == 1) {
