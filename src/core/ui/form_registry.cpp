@@ -1,0 +1,21 @@
+#include "core/ui/form_registry.h"
+
+#include <QWidget>
+
+#include "core/ui/mdi_inicio_autorizacion.h"
+#include "core/ui/pantalla_pendiente.h"
+
+namespace ventarix {
+
+QWidget* FormRegistry::Create(const QString& name, Session& session) const {
+  const auto found = factories_.constFind(name);
+  if (found == factories_.constEnd() || !*found) return new PantallaPendiente(name);
+  return (*found)(session);
+}
+
+void RegistrarFormularios(FormRegistry& registry) {
+  registry.Add(QStringLiteral("MDIInicioAutorizacion"),
+               [](Session& session) { return new MDIInicioAutorizacion(session); });
+}
+
+}  // namespace ventarix

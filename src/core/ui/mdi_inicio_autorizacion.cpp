@@ -1,0 +1,61 @@
+#include "core/ui/mdi_inicio_autorizacion.h"
+
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QVBoxLayout>
+
+#include "core/inicio.h"
+#include "core/ui/mayusculas.h"
+#include "core/ui/message_box.h"
+
+namespace ventarix {
+
+namespace {
+// The prompt always works in upper case, whatever the company's setting.
+const bool kSiempreMayusculas = true;
+}  // namespace
+
+MDIInicioAutorizacion::MDIInicioAutorizacion(Session& session, QWidget* parent)
+    : QDialog(parent), session_(session) {
+  setObjectName(QStringLiteral("MDIInicioAutorizacion"));
+  setWindowTitle(QString::fromLatin1(ui::kTitulo));
+  setModal(true);
+  session_.Autorizado = false;
+  titulo_ = new QLabel(session.AutorizacionTitulo, this);
+  titulo_->setObjectName(QStringLiteral("Titulo"));
+  autorizar_ = new QLineEdit(this);
+  autorizar_->setObjectName(QStringLiteral("Autorizar"));
+  autorizar_->setEchoMode(QLineEdit::Password);
+  MantenerMayusculas(autorizar_, kSiempreMayusculas);
+  auto* layout = new QVBoxLayout(this);
+  layout->addWidget(titulo_);
+  layout->addWidget(autorizar_);
+  resize(320, 90);
+}
+
+void MDIInicioAutorizacion::keyPressEvent(QKeyEvent* event) {
+  switch (event->key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+      Comprobar();
+      return;
+    case Qt::Key_Escape:
+      session_.Autorizado = false;
+      reject();
+      return;
+    default:
+      QDialog::keyPressEvent(event);
+  }
+}
+
+void MDIInicioAutorizacion::Comprobar() {
+  const Outcome outcome = inicio::Autorizar(session_, autorizar_->text());
+  if (outcome) {
+    accept();
+    return;
+  }
+  ui::ShowOutcome(this, outcome);
+}
+
+}  // namespace ventarix

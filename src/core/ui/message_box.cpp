@@ -1,0 +1,76 @@
+#include "core/ui/message_box.h"
+
+#include <QAbstractSpinBox>
+#include <QApplication>
+#include <QLineEdit>
+#include <QWidget>
+
+#include "core/mFunciones.h"
+
+namespace ventarix::ui {
+
+namespace {
+
+int Show(QWidget* parent, const QString& text, QMessageBox::Icon icon,
+         QMessageBox::StandardButtons buttons, QMessageBox::StandardButton default_button) {
+  QMessageBox box(icon, QString::fromLatin1(kTitulo), text, buttons, parent);
+  box.setDefaultButton(default_button);
+  return box.exec();
+}
+
+}  // namespace
+
+QMessageBox::Icon IconOf(MessageIcon icon) {
+  switch (icon) {
+    case MessageIcon::kInformation:
+      return QMessageBox::Information;
+    case MessageIcon::kWarning:
+      return QMessageBox::Warning;
+    case MessageIcon::kStop:
+      return QMessageBox::Critical;
+    case MessageIcon::kQuestion:
+      return QMessageBox::Question;
+    case MessageIcon::kNone:
+      break;
+  }
+  return QMessageBox::NoIcon;
+}
+
+void FocusField(QWidget* form, const QString& field) {
+  if (form == nullptr || field.isEmpty()) return;
+  QWidget* target = form->findChild<QWidget*>(field);
+  if (target == nullptr || !target->isEnabled()) return;
+  target->setFocus(Qt::OtherFocusReason);
+  if (auto* line = qobject_cast<QLineEdit*>(target)) line->selectAll();
+  if (auto* spin = qobject_cast<QAbstractSpinBox*>(target)) spin->selectAll();
+}
+
+void ShowOutcome(QWidget* form, const Outcome& outcome) {
+  if (!outcome.message.isEmpty()) {
+    Show(form, outcome.message, IconOf(outcome.icon), QMessageBox::Ok, QMessageBox::Ok);
+  }
+  FocusField(form, outcome.field);
+}
+
+QMessageBox::StandardButton Ask(QWidget* parent, const QString& text,
+                                QMessageBox::StandardButtons buttons,
+                                QMessageBox::StandardButton default_button) {
+  return static_cast<QMessageBox::StandardButton>(
+      Show(parent, text, QMessageBox::Question, buttons, default_button));
+}
+
+void Inform(QWidget* parent, const QString& text, MessageIcon icon) {
+  Show(parent, text, IconOf(icon), QMessageBox::Ok, QMessageBox::Ok);
+}
+
+}  // namespace ventarix::ui
+
+namespace ventarix {
+
+void MostrarError(QWidget* parent, const Session& session, const QString& description) {
+  while (QApplication::overrideCursor() != nullptr) QApplication::restoreOverrideCursor();
+  ui::Inform(parent, description, MessageIcon::kStop);
+  mFunciones::RegistrarError(session, description);
+}
+
+}  // namespace ventarix

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <QMessageBox>
+#include <QString>
+
+#include "core/outcome.h"
+#include "core/session.h"
+
+class QWidget;
+
+// The one way every form shows a message: a box titled "Ventarix" with the icon of the
+// outcome, one at a time, and then the focus on the field the domain named.
+namespace ventarix::ui {
+
+inline constexpr char kTitulo[] = "Ventarix";
+
+QMessageBox::Icon IconOf(MessageIcon icon);
+
+// Shows the outcome's message (nothing for an ok outcome without message) and moves the focus
+// to the child of `form` whose objectName is the outcome's field, selecting its text.
+void ShowOutcome(QWidget* form, const Outcome& outcome);
+// Moves the focus to the named child of `form` and selects its text.
+void FocusField(QWidget* form, const QString& field);
+
+// A question with the question icon; returns the button pressed.
+QMessageBox::StandardButton Ask(QWidget* parent, const QString& text,
+                                QMessageBox::StandardButtons buttons = QMessageBox::Yes |
+                                                                       QMessageBox::No,
+                                QMessageBox::StandardButton default_button = QMessageBox::Yes);
+// A message with an OK button.
+void Inform(QWidget* parent, const QString& text, MessageIcon icon = MessageIcon::kInformation);
+
+}  // namespace ventarix::ui
+
+namespace ventarix {
+
+// The error trap of every routine of a form: the normal mouse pointer back, a stop message
+// with the description, and one line in the month's error log.
+void MostrarError(QWidget* parent, const Session& session, const QString& description);
+
+}  // namespace ventarix

@@ -1,0 +1,26 @@
+#include "core/ui/pantalla_pendiente.h"
+
+#include <QLabel>
+#include <QVBoxLayout>
+
+namespace ventarix {
+
+PantallaPendiente::PantallaPendiente(const QString& forma, QWidget* parent)
+    : QWidget(parent), forma_(forma) {
+  setObjectName(forma);
+  setWindowTitle(forma);
+  auto* layout = new QVBoxLayout(this);
+  auto* nombre = new QLabel(forma, this);
+  nombre->setObjectName(QStringLiteral("Nombre"));
+  QFont font = nombre->font();
+  font.setBold(true);
+  font.setPointSizeF(font.pointSizeF() * 1.4);
+  nombre->setFont(font);
+  auto* aviso = new QLabel(QStringLiteral("Esta pantalla aún no está disponible."), this);
+  aviso->setObjectName(QStringLiteral("Aviso"));
+  layout->addWidget(nombre, 0, Qt::AlignCenter);
+  layout->addWidget(aviso, 0, Qt::AlignCenter);
+  resize(420, 160);
+}
+
+}  // namespace ventarix

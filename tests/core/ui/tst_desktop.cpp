@@ -1,0 +1,110 @@
+// From the start of the program to the main window: a company given on the command line, a
+// fresh company without users, and a remote company that cannot be reached.
+#include <QAction>
+#include <QFile>
+#include <QFileInfo>
+#include <QLabel>
+#include <QSettings>
+#include <QStandardPaths>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTextStream>
+
+#include "core/inicio.h"
+#include "core/startup.h"
+#include "core/ui/desktop_flow.h"
+#include "core/ui/form_registry.h"
+#include "core/ui/mdi_inicio.h"
+#include "support/modal_catcher.h"
+#include "support/test_company.h"
+
+using ventarix::Session;
+using ventarix::testing::ModalCatcher;
+
+class TestDesktop : public QObject {
+  Q_OBJECT
+
+ private slots:
+  void initTestCase_data() { ventarix::testing::AddEngineRows(); }
+  void initTestCase() {
+    QStandardPaths::setTestModeEnabled(true);
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, settings_.path());
+    QApplication::setQuitOnLastWindowClosed(false);
+  }
+  void init() { ventarix::startup::OlvidarEleccion(); }
+
+  // A company fresh from "empresa nueva": kept as the stored choice, no login at all, and the
+  // main window opens as ADMINISTRADOR with every menu entry.
+  void EmpresaNuevaSinAcceso() {
+    VENTARIX_COMPANY(company);
+    Session session;
+    ventarix::inicio::PrepararSesion(session);
+    ModalCatcher catcher;
+    QVERIFY(ventarix::escritorio::SeleccionarBaseDatos(session, company.path()));
+    QCOMPARE(ventarix::startup::LeerEleccion().base_datos,
+             QFileInfo(company.path()).absoluteFilePath());
+    QCOMPARE(session.Sql, company.sql());
+    QVERIFY(ventarix::escritorio::Identificar(session));
+    QVERIFY2(catcher.texts.isEmpty(), qPrintable(catcher.texts.join(u'|')));
+
+    ventarix::FormRegistry registry;
+    ventarix::MDIInicio ventana(session, registry);
+    ventana.Cargar();
+    ventana.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&ventana));
+    QCOMPARE(ventana.Panel(6), QStringLiteral("ADMINISTRADOR"));
+    QVERIFY(ventana.findChild<QWidget*>(QStringLiteral("Panel6"))
+                ->findChild<QLabel*>(QStringLiteral("Icono"))
+                ->isVisible());
+    QCOMPARE(ventana.Panel(1), QFileInfo(company.path()).absoluteFilePath());
+    QCOMPARE(ventana.Panel(2), QStringLiteral("Tienda 1"));
+    QCOMPARE(ventana.Panel(3),
+             company.sql() ? QStringLiteral("PostgreSQL") : QStringLiteral("SQLite"));
+    QCOMPARE(ventana.Panel(5), QString::number(QDate::currentDate().year()));
+    for (const char* entrada : {"mnuReg_8", "mnuReg_24", "mnuCat_17", "mnuRte_8", "mnuUtil_11"}) {
+      QVERIFY2(ventana.findChild<QAction*>(QString::fromLatin1(entrada))->isEnabled(), entrada);
+    }
+    QCOMPARE(ventana.findChild<QAction*>(QStringLiteral("mnuUtil_1"))->isEnabled(), !company.sql());
+    ventarix::testing::SaveShot(&ventana, QStringLiteral("mdi_inicio_") + engine);
+  }
+
+  // A PostgreSQL company behind an address that does not answer: the address prompt, a wrong
+  // address refused, a right one written into the connection file; an empty answer then leads
+  // to the file dialog, and cancelling it ends the program.
+  void DireccionRemota() {
+    QFETCH_GLOBAL(QString, engine);
+    if (engine != QLatin1String("postgres"))
+      QSKIP("remote addresses belong to PostgreSQL companies");
+    QTemporaryDir dir;
+    const QString path = dir.filePath(QStringLiteral("remota.txt"));
+    {
+      QFile file(path);
+      QVERIFY(file.open(QIODevice::WriteOnly | QIODevice::Text));
+      QTextStream(&file) << "postgresql://sa:x@127.0.0.1:1433/empresa\n"
+                         << "postgresql://sa:x@127.0.0.1:1433/empresa\n";
+    }
+    Session session;
+    ModalCatcher catcher(
+        {{QStringLiteral("1.2.3")}, {}, {QStringLiteral(" 127.0.0. 2 ")}, {QString()}, {}},
+        QStringLiteral("direccion_"));
+    QVERIFY(!ventarix::escritorio::SeleccionarBaseDatos(session, path));
+    const QString prompt = QStringLiteral(
+        "Cuál es la nueva IP pública para la conexión remota ?\nEjemplo: 187.123.34.231");
+    QCOMPARE(catcher.texts, (QStringList{prompt, QStringLiteral("Esta IP no es válida"), prompt,
+                                         prompt, catcher.texts.value(4)}));
+    QCOMPARE(catcher.titles.value(0), QStringLiteral("IP pública del modem"));
+    QCOMPARE(catcher.titles.value(4), QStringLiteral("Abrir base de datos SqlServer / Access"));
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::ReadOnly | QIODevice::Text));
+    const QStringList lineas = QString::fromUtf8(file.readAll()).split(u'\n', Qt::SkipEmptyParts);
+    QCOMPARE(lineas.size(), 2);
+    QVERIFY2(lineas[0].contains(QLatin1String("@127.0.0.2:1433/empresa")), qPrintable(lineas[0]));
+    QCOMPARE(lineas[1], lineas[0]);
+  }
+
+ private:
+  QTemporaryDir settings_;
+};
+
+QTEST_MAIN(TestDesktop)
+#include "tst_desktop.moc"

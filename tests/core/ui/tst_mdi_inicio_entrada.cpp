@@ -1,0 +1,155 @@
+// The login form as a clerk uses it: typing in upper case, Enter and the arrows moving
+// through the fields, the exact messages for a wrong user and a wrong password, and entry.
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QSettings>
+#include <QStandardPaths>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include "core/database.h"
+#include "core/inicio.h"
+#include "core/passwords.h"
+#include "core/startup.h"
+#include "core/ui/mdi_inicio_entrada.h"
+#include "support/modal_catcher.h"
+#include "support/test_company.h"
+
+using ventarix::MDIInicioEntrada;
+using ventarix::Session;
+using ventarix::testing::ModalCatcher;
+
+namespace {
+
+bool AgregarUsuario(const QString& cadena, const QString& usuario, const QString& contrasena,
+                    int tienda, bool administrador) {
+  ventarix::Connection c(cadena);
+  return c.Run(QStringLiteral("insert into usuarios (usuario, \"contraseña\", tienda, "
+                              "administrador, gerente, permisos) values (?, ?, ?, ?, 'N', ?)"),
+               {usuario, ventarix::passwords::Hash(contrasena), tienda,
+                administrador ? QStringLiteral("S") : QStringLiteral("N"), QString(200, u'1')});
+}
+
+}  // namespace
+
+class TestMdiInicioEntrada : public QObject {
+  Q_OBJECT
+
+ private slots:
+  void initTestCase_data() { ventarix::testing::AddEngineRows(); }
+  void initTestCase() {
+    QStandardPaths::setTestModeEnabled(true);
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, settings_.path());
+    QApplication::setQuitOnLastWindowClosed(false);
+  }
+
+  // Wrong user, then wrong password, each with its message and the focus back on its field;
+  // then the right pair enters with the user's store and role.
+  void UsuarioYContrasena() {
+    VENTARIX_COMPANY(company);
+    QVERIFY(AgregarUsuario(company.cadena(), QStringLiteral("SUPERVISOR"), QStringLiteral("CLAVE9"),
+                           2, true));
+    Session session = company.MakeSession();
+    ventarix::inicio::PrepararSesion(session);
+    QVERIFY(!ventarix::startup::EntrarSinAcceso(session));
+
+    MDIInicioEntrada entrada(session);
+    entrada.show();
+    entrada.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&entrada));
+    auto* usuario = entrada.findChild<QLineEdit*>(QStringLiteral("usuario"));
+    auto* contrasena = entrada.findChild<QLineEdit*>(QStringLiteral("contrasena"));
+    auto* aceptar = entrada.findChild<QPushButton*>(QStringLiteral("Aceptar"));
+    QVERIFY(usuario && contrasena && aceptar);
+    QCOMPARE(contrasena->echoMode(), QLineEdit::Password);
+    QCOMPARE(entrada.findChild<QLabel*>(QStringLiteral("Path"))->text(), session.BaseDatos);
+
+    usuario->setFocus();
+    QTest::keyClicks(usuario, QStringLiteral("nadie"));
+    QCOMPARE(usuario->text(), QStringLiteral("NADIE"));
+    QVERIFY(!aceptar->isEnabled());
+    // Enter cannot accept yet, so it moves on.
+    QTest::keyClick(usuario, Qt::Key_Return);
+    QCOMPARE(QApplication::focusWidget(), contrasena);
+    QTest::keyClick(contrasena, Qt::Key_Up);
+    QCOMPARE(QApplication::focusWidget(), usuario);
+    QTest::keyClick(usuario, Qt::Key_Down);
+    QCOMPARE(QApplication::focusWidget(), contrasena);
+    QTest::keyClicks(contrasena, QStringLiteral("clave9"));
+    QCOMPARE(contrasena->text(), QStringLiteral("CLAVE9"));
+    QVERIFY(aceptar->isEnabled());
+    ventarix::testing::SaveShot(&entrada, QStringLiteral("entrada_") + engine);
+
+    ModalCatcher catcher({}, QStringLiteral("entrada_mensaje_"));
+    QTest::keyClick(contrasena, Qt::Key_Return);
+    QCOMPARE(catcher.texts,
+             QStringList{QStringLiteral("Usuario no registrado para acceso al sistema")});
+    QCOMPARE(catcher.titles, QStringList{QStringLiteral("Ventarix")});
+    QCOMPARE(catcher.icons.value(0), QMessageBox::Warning);
+    QCOMPARE(entrada.focusWidget(), usuario);
+    QCOMPARE(usuario->selectedText(), QStringLiteral("NADIE"));
+
+    QTest::keyClicks(usuario, QStringLiteral("supervisor"));  // replaces the selection
+    QCOMPARE(usuario->text(), QStringLiteral("SUPERVISOR"));
+    contrasena->clear();
+    QTest::keyClicks(contrasena, QStringLiteral("otra"));
+    QTest::keyClick(contrasena, Qt::Key_Return);
+    QCOMPARE(catcher.texts.value(1), QStringLiteral("Contraseña no válida para acceso al sistema"));
+    QCOMPARE(entrada.focusWidget(), contrasena);
+    QVERIFY(entrada.isVisible());
+
+    QTest::keyClicks(contrasena, QStringLiteral("clave9"));
+    QTest::keyClick(contrasena, Qt::Key_Return);
+    QCOMPARE(catcher.texts.size(), 2);
+    QCOMPARE(entrada.result(), int(QDialog::Accepted));
+    QCOMPARE(session.Usuario, QStringLiteral("SUPERVISOR"));
+    QCOMPARE(session.Tienda, 2);
+    QVERIFY(session.Administrador);
+  }
+
+  // Esc only leads to Salir; Salir leaves without entering.
+  void EscapeYSalir() {
+    VENTARIX_COMPANY(company);
+    QVERIFY(AgregarUsuario(company.cadena(), QStringLiteral("SUPERVISOR"), QStringLiteral("CLAVE9"),
+                           1, true));
+    Session session = company.MakeSession();
+    MDIInicioEntrada entrada(session);
+    entrada.show();
+    entrada.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&entrada));
+    auto* usuario = entrada.findChild<QLineEdit*>(QStringLiteral("usuario"));
+    usuario->setFocus();
+    QTest::keyClick(usuario, Qt::Key_Escape);
+    QVERIFY(entrada.isVisible());
+    QCOMPARE(QApplication::focusWidget(), entrada.findChild<QPushButton*>(QStringLiteral("Salir")));
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+    QVERIFY(entrada.isVisible());
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Space);
+    QCOMPARE(entrada.result(), int(QDialog::Rejected));
+    QVERIFY(!entrada.isVisible());
+    QCOMPARE(session.Usuario, QStringLiteral("ADMINISTRADOR"));
+  }
+
+  // A double click on the database path forgets the stored choice.
+  void OlvidarBaseDatos() {
+    VENTARIX_COMPANY(company);
+    Session session = company.MakeSession();
+    ventarix::startup::GuardarEleccion(session);
+    QCOMPARE(ventarix::startup::LeerEleccion().base_datos, session.BaseDatos);
+    MDIInicioEntrada entrada(session);
+    entrada.show();
+    ModalCatcher catcher;
+    QTest::mouseDClick(entrada.findChild<QLabel*>(QStringLiteral("Path")), Qt::LeftButton);
+    QCOMPARE(catcher.texts,
+             QStringList{QStringLiteral("Se ha quitado el acceso a esta base de datos")});
+    QCOMPARE(entrada.result(), int(QDialog::Rejected));
+    QVERIFY(ventarix::startup::LeerEleccion().base_datos.isEmpty());
+  }
+
+ private:
+  QTemporaryDir settings_;
+};
+
+QTEST_MAIN(TestMdiInicioEntrada)
+#include "tst_mdi_inicio_entrada.moc"
