@@ -1,0 +1,79 @@
+// The message service every form uses: the box, its icon, the field that takes the focus,
+// and the error trap's log line.
+#include <QFile>
+#include <QLineEdit>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QVBoxLayout>
+
+#include "core/mFunciones.h"
+#include "core/ui/message_box.h"
+#include "support/modal_catcher.h"
+
+using ventarix::Outcome;
+using ventarix::testing::ModalCatcher;
+
+class TestMessageBox : public QObject {
+  Q_OBJECT
+
+ private slots:
+  void ShowOutcomeFocusesTheField() {
+    QWidget form;
+    auto* layout = new QVBoxLayout(&form);
+    auto* rfc = new QLineEdit(QStringLiteral("XAXX"), &form);
+    rfc->setObjectName(QStringLiteral("rfc"));
+    auto* nombre = new QLineEdit(QStringLiteral("JUAN"), &form);
+    nombre->setObjectName(QStringLiteral("nombre"));
+    layout->addWidget(rfc);
+    layout->addWidget(nombre);
+    form.show();
+
+    ModalCatcher catcher;
+    ventarix::ui::ShowOutcome(
+        &form, Outcome::Warning(QStringLiteral("Se requiere el nombre"), QStringLiteral("nombre")));
+    QCOMPARE(catcher.texts, QStringList{QStringLiteral("Se requiere el nombre")});
+    QCOMPARE(catcher.titles, QStringList{QStringLiteral("Ventarix")});
+    QCOMPARE(catcher.icons.value(0), QMessageBox::Warning);
+    QCOMPARE(form.focusWidget(), nombre);
+    QCOMPARE(nombre->selectedText(), QStringLiteral("JUAN"));
+
+    ventarix::ui::ShowOutcome(&form,
+                              Outcome::Stop(QStringLiteral("No se pudo"), QStringLiteral("rfc")));
+    QCOMPARE(catcher.icons.value(1), QMessageBox::Critical);
+    QCOMPARE(form.focusWidget(), rfc);
+
+    ventarix::ui::ShowOutcome(&form, Outcome::Ok());  // nothing to say
+    QTest::qWait(100);
+    QCOMPARE(catcher.texts.size(), 2);
+  }
+
+  void AskReturnsTheButton() {
+    ModalCatcher catcher({{QString(), true, QMessageBox::No}});
+    QCOMPARE(ventarix::ui::Ask(nullptr, QStringLiteral("¿Continuar?")), QMessageBox::No);
+    QCOMPARE(catcher.icons.value(0), QMessageBox::Question);
+  }
+
+  // The trap: normal pointer back, a stop message with the description, one line in the log.
+  void MostrarErrorLogs() {
+    QTemporaryDir dir;
+    ventarix::Session session;
+    session.Usuario = QStringLiteral("CAJERA");
+    session.CarpetaErrores = dir.path();
+    session.CarpetaEmpresa = dir.filePath(QStringLiteral("XAXX010101000"));
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    ModalCatcher catcher;
+    ventarix::MostrarError(nullptr, session, QStringLiteral("no such table: facturas"));
+    QVERIFY(QApplication::overrideCursor() == nullptr);
+    QCOMPARE(catcher.texts, QStringList{QStringLiteral("no such table: facturas")});
+    QCOMPARE(catcher.icons.value(0), QMessageBox::Critical);
+    QFile log(ventarix::mFunciones::ArchivoDeErrores(session, QDate::currentDate()));
+    QVERIFY2(log.open(QIODevice::ReadOnly | QIODevice::Text), qPrintable(log.fileName()));
+    const QString texto = QString::fromUtf8(log.readAll());
+    QVERIFY(texto.contains(QLatin1String("CAJERA")));
+    QVERIFY(texto.contains(QLatin1String("no such table: facturas")));
+    QCOMPARE(texto.count(u'\n'), 1);
+  }
+};
+
+QTEST_MAIN(TestMessageBox)
+#include "tst_message_box.moc"
