@@ -36,7 +36,8 @@ bool CopyDate(QVariant& value, bool from_sql, bool to_sql) {
   if (value.isNull() || from_sql == to_sql) return true;
   const QString text = value.toString().trimmed();
   if (from_sql) {
-    value = text.left(19);
+    const QDateTime date = dialect::ReadDate(text.left(19));
+    value = date.isValid() ? date.toString(QStringLiteral("yyyy-MM-dd HH:mm:ss")) : text;
     return true;
   }
   if (text.isEmpty()) {
@@ -83,8 +84,9 @@ Outcome MatchStructure(Connection& to, const structure_catalog::Table& origin) {
 
 class TableCopy {
  public:
-  TableCopy(Connection& from, Connection& to, const structure_catalog::Table& origin)
-      : from_(from), to_(to), origin_(origin) {}
+  TableCopy(Connection& from, Connection& to, const structure_catalog::Table& origin,
+            const structure_catalog::Table& target)
+      : from_(from), to_(to), origin_(origin), target_(target) {}
   Outcome Run(qint64* copied);
 
  private:
@@ -93,6 +95,7 @@ class TableCopy {
   Connection& from_;
   Connection& to_;
   const structure_catalog::Table& origin_;
+  const structure_catalog::Table& target_;
   QStringList columns_;
   QVariantList pending_;
   std::optional<QSqlQuery> full_batch_;  // prepared at the first full batch
@@ -119,7 +122,10 @@ Outcome TableCopy::Run(qint64* copied) {
   std::vector<bool> dates;
   for (const structure_catalog::Column& c : origin_.columns) {
     columns_ << Quote(c.name);
-    const bool date = c.type == schema::Type::kDateTime;
+    // A date on either side: an older file may keep its dates in a text column.
+    const structure_catalog::Column* target = target_.Find(c.name);
+    const bool date =
+        c.type == schema::Type::kDateTime || (target && target->type == schema::Type::kDateTime);
     dates.push_back(date);
     select << (date && from_.sql() ? QStringLiteral("cast(%1 as text)").arg(Quote(c.name))
                                    : Quote(c.name));
@@ -159,8 +165,10 @@ Outcome CopyTable(Connection& from, Connection& to, const QString& table,
   if (!origin) return Outcome::Ok();
   Transaction transaction(to);
   if (Outcome o = MatchStructure(to, *origin); !o) return o;
+  const std::optional<structure_catalog::Table> target = structure_catalog::ReadTable(to, table);
+  if (!target) return Outcome::Stop(QStringLiteral("No se pudo preparar la tabla ") + table);
   qint64 copied = 0;
-  if (Outcome o = TableCopy(from, to, *origin).Run(&copied); !o) return o;
+  if (Outcome o = TableCopy(from, to, *origin, *target).Run(&copied); !o) return o;
   if (!transaction.Commit()) {
     return Outcome::Stop(QStringLiteral("No se pudo confirmar la copia de la tabla ") + table);
   }

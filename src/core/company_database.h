@@ -26,11 +26,17 @@ Outcome CrearTablas(Connection& connection);
 
 // Structure upkeep: adds missing tables, columns and indexes, and applies the column rules
 // (defaults, required columns, validation) as far as the data obeys them. Reports one line a
-// change.
+// change, after the whole repair is committed; a second run reports nothing. The rules and
+// unique indexes that the stored rows break stay out, and are listed, one a line, in the
+// message of an ok Outcome with the information icon (every run, as long as the rows break
+// them).
 Outcome RepararEstructura(Connection& connection, const std::function<void(const QString&)>& report);
 
-// `ventarix empresa copiar ORIGEN DESTINO`: every table and row into a new empty database;
-// `rows` is told each table's row count as it is copied.
+// `ventarix empresa copiar ORIGEN DESTINO`: every table and row into a new empty database
+// (no tables yet, or CrearEmpresa's tables without rows); `rows` is told each table's row
+// count as it is copied. Tables and columns the definition lacks are copied too; the rules
+// and indexes come last, as RepararEstructura applies them, so an older company is copied
+// whole.
 Outcome CopiarEmpresa(const QString& origen, const QString& destino,
                       const std::function<void(const QString& table, qint64 rows)>& rows);
 
