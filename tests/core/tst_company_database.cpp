@@ -139,8 +139,8 @@ class TestCompanyDatabase : public QObject {
   void initTestCase_data() { testing::AddEngineRows(); }
   void cleanupTestCase() { shared_.clear(); }
 
-  // A new company has every table with every column and every index, and a second creation
-  // over it is refused.
+  // A new company has every table with every column and every index, needs no repair, and a
+  // second creation over it is refused.
   void EmpresaNueva() {
     VENTARIX_COMPANY(company);
     Connection c(company.cadena());
@@ -156,6 +156,10 @@ class TestCompanyDatabase : public QObject {
     if (!company.sql()) {
       QCOMPARE(c.Scalar(QStringLiteral("pragma journal_mode")).toString(), QStringLiteral("wal"));
     }
+    // A new company is already in the state the repair brings an older one to.
+    Outcome repaired;
+    QCOMPARE(Lines(company.path(), &repaired), QStringList());
+    QVERIFY2(repaired.ok && repaired.message.isEmpty(), qPrintable(repaired.message));
     const Outcome again = CrearEmpresa(company.path());
     QVERIFY(!again.ok);
     QCOMPARE(again.message,
