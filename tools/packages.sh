@@ -2,7 +2,7 @@
 # Debian packages Ventarix builds and runs with; sourced by demo.sh and test.sh.
 VENTARIX_BUILD_PACKAGES=(
   cmake ninja-build ccache g++ pkg-config
-  qt6-base-dev qt6-base-dev-tools libqt6sql6-sqlite libqt6sql6-psql libgl-dev
+  qt6-base-dev qt6-base-dev-tools libqt6sql6-sqlite libqt6sql6-psql libgl-dev fonts-dejavu-core
   libxml2-dev libxslt1-dev libssl-dev libqrencode-dev libcurl4-openssl-dev
 )
 VENTARIX_TEST_PACKAGES=(
