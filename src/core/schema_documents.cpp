@@ -149,7 +149,7 @@ std::vector<Table> SalesTables() {
            {Header("remision"), MoneySums(), CostSums(), Cols(kInt32, {"cliente", "agente"}),
             Cols(kText, {"tipo"}), Cols(kInt32, {"plazo"}), Cols(kText, {"referencia"}),
             Cols(kInt16, {"tienda"}),
-            Cols(kDateTime, {"hora", "facturada"}),  // facturada: when it was invoiced
+            Cols(kDateTime, {"facturada"}),  // the hora of the invoice that holds it
             Cols(kText, {"pedido"}), Cols(kInt32, {"metodo"}),
             Cols(kText, {"metododepago", "numctapago", "condicionesdepago", "enviar a",
                          "orden de compra", "solicitado por"})}),
