@@ -90,8 +90,10 @@ Connection::Connection(const QString& cadena) : name_(NextConnectionName()) {
     return;
   }
   if (engine_ == Engine::kPostgres) {
-    // Keep the server quiet about notices, and dates in ISO form.
+    // Keep the server quiet about notices. The program sends many small statements: compiling
+    // them ahead costs more than it saves.
     QSqlQuery(db_).exec(QStringLiteral("set client_min_messages to warning"));
+    QSqlQuery(db_).exec(QStringLiteral("set jit = off"));
   }
 }
 

@@ -7,9 +7,10 @@ const QString kSqliteDateFormat = QStringLiteral("yyyy-MM-dd HH:mm:ss");
 }
 
 QVariant DateValue(const QDateTime& value, bool sql) {
-  if (!value.isValid()) return QVariant(sql ? QMetaType(QMetaType::QDateTime)
-                                            : QMetaType(QMetaType::QString));
-  if (sql) return value;
+  // Sent as text on both engines: a QDateTime bound on PostgreSQL travels as UTC and would
+  // shift by the workstation's time zone in a timestamp column.
+  if (!value.isValid()) return QVariant(QMetaType(QMetaType::QString));
+  Q_UNUSED(sql);
   return value.toString(kSqliteDateFormat);
 }
 

@@ -13,7 +13,8 @@ namespace ventarix::dialect {
 // on a PostgreSQL company, false on a SQLite one.
 
 // Date-times are stored on SQLite as text "yyyy-MM-dd HH:mm:ss" so that they compare and sort
-// as dates; on PostgreSQL as timestamps. Every date bound into a statement passes through here.
+// as dates; on PostgreSQL as timestamps, which take the same text. Every date bound into a
+// statement passes through here.
 QVariant DateValue(const QDateTime& value, bool sql);
 QVariant DateValue(const QDate& value, bool sql);
 // A date-time read back from either engine.
