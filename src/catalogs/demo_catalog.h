@@ -18,6 +18,7 @@ struct Articulo {
   const char* unidad;
   int centavos;  // cost of the first variant
   QList<const char*> variantes;
+  int paso = 30;  // percent each further size costs more; 0 when variants are colours or kinds
 };
 
 const QList<const char*>& Lineas();

@@ -1,5 +1,6 @@
 #include <iterator>
 
+#include <QDate>
 #include <QSet>
 #include <QString>
 #include <QStringList>
@@ -10,6 +11,10 @@
 namespace ventarix::demo {
 
 namespace {
+
+struct Lugar {
+  const char *colonia, *localidad, *municipio, *estado, *codigo_postal;
+};
 
 const Lugar kLugares[] = {
     {"DEL VALLE CENTRO", "CIUDAD DE MÉXICO", "BENITO JUÁREZ", "CIUDAD DE MÉXICO", "03100"},
@@ -31,7 +36,6 @@ const char* const kCalles[] = {"AV. INSURGENTES SUR",    "CALLE MORELOS",   "AV.
                                "CALLE HIDALGO",          "AV. UNIVERSIDAD", "CALLE 5 DE MAYO",
                                "PASEO DE LA REFORMA",    "CALLE ALLENDE",   "CALLE GUERRERO",
                                "AV. DIVISIÓN DEL NORTE", "CALLE ZARAGOZA",  "CALZ. DE TLALPAN"};
-
 const char* const kGiros[] = {"CONSTRUCTORA",  "MATERIALES", "DESARROLLOS", "INSTALACIONES",
                               "MANTENIMIENTO", "HERRERÍA",   "CARPINTERÍA", "PROYECTOS",
                               "GRUPO",         "SERVICIOS"};
@@ -45,11 +49,6 @@ const char* const kApellidos[] = {"HERNÁNDEZ", "GARCÍA",    "MARTÍNEZ", "LÓP
                                   "PÉREZ",     "RODRÍGUEZ", "SÁNCHEZ",  "RAMÍREZ", "CRUZ",
                                   "FLORES",    "MORALES",   "VARGAS",   "NÚÑEZ",   "ORTEGA"};
 
-template <typename T, size_t N>
-const T& Uno(Dice& dice, const T (&list)[N]) {
-  return list[dice.Between(0, static_cast<int>(N) - 1)];
-}
-
 // Letters only, without accents: what an RFC is made of.
 QString Llano(const QString& text) {
   QString out;
@@ -59,21 +58,33 @@ QString Llano(const QString& text) {
   return out;
 }
 
+// A date of incorporation or of birth; one draw after the other, so that the same seed gives
+// the same dates whatever order a compiler evaluates arguments in.
+QDate Fecha(Dice& dice, int desde, int hasta) {
+  const int year = dice.Between(desde, hasta);
+  const int month = dice.Between(1, 12);
+  const int day = dice.Between(1, 28);
+  return QDate(year, month, day);
+}
+
+// Initials of the words that count (articles and the company type don't), topped up from the
+// first word.
 QString RfcDeEmpresa(Dice& dice, const QString& razon) {
   static const QStringList kParticulas{
       QStringLiteral("DE"), QStringLiteral("DEL"), QStringLiteral("LA"), QStringLiteral("LOS"),
-      QStringLiteral("EL"), QStringLiteral("SA"),  QStringLiteral("CV")};
+      QStringLiteral("EL"), QStringLiteral("Y"),   QStringLiteral("SA"), QStringLiteral("CV")};
+  const QStringList words = razon.split(QLatin1Char(' '), Qt::SkipEmptyParts);
   QString letters;
-  QStringList words = razon.split(QLatin1Char(' '), Qt::SkipEmptyParts);
   for (const QString& word : words) {
     const QString plain = Llano(word);
     if (!plain.isEmpty() && !kParticulas.contains(plain)) letters += plain[0];
   }
   letters += Llano(words.value(0)).mid(1);
-  return Rfc(dice, letters.left(3), dice.Between(1985, 2015), dice.Between(1, 12),
-             dice.Between(1, 28));
+  return Rfc(dice, letters.left(3), Fecha(dice, 1985, 2015));
 }
 
+// First letter and first inner vowel of the father's surname, initials of the mother's
+// surname and of the name.
 QString RfcDePersona(Dice& dice, const QString& nombre, const QString& paterno,
                      const QString& materno) {
   const QString p = Llano(paterno);
@@ -85,28 +96,26 @@ QString RfcDePersona(Dice& dice, const QString& nombre, const QString& paterno,
     }
   }
   const QString letters = p.left(1) + vocal + Llano(materno).left(1) + Llano(nombre).left(1);
-  return Rfc(dice, letters, dice.Between(1955, 1995), dice.Between(1, 12), dice.Between(1, 28));
+  return Rfc(dice, letters, Fecha(dice, 1955, 1995));
 }
 
 struct Socio {
   QString nombre, rfc, contacto;
-  bool persona = false;
 };
 
 // A company or a person, with a name not used before.
 Socio SocioNuevo(Dice& dice, QSet<QString>& usados, bool persona) {
   for (;;) {
     Socio s;
-    s.persona = persona;
-    const QString nombre = Texto(Uno(dice, kNombres));
-    const QString paterno = Texto(Uno(dice, kApellidos));
-    const QString materno = Texto(Uno(dice, kApellidos));
+    const QString nombre = Texto(dice.Pick(kNombres));
+    const QString paterno = Texto(dice.Pick(kApellidos));
+    const QString materno = Texto(dice.Pick(kApellidos));
     s.contacto = nombre + QLatin1Char(' ') + paterno;
     if (persona) {
       s.nombre = nombre + QLatin1Char(' ') + paterno + QLatin1Char(' ') + materno;
       s.rfc = RfcDePersona(dice, nombre, paterno, materno);
     } else {
-      s.nombre = Texto(Uno(dice, kGiros)) + QLatin1Char(' ') + Texto(Uno(dice, kRazones)) +
+      s.nombre = Texto(dice.Pick(kGiros)) + QLatin1Char(' ') + Texto(dice.Pick(kRazones)) +
                  QStringLiteral(" SA DE CV");
       s.rfc = RfcDeEmpresa(dice, s.nombre);
     }
@@ -124,157 +133,166 @@ QString Telefono(Dice& dice, const char* lada) {
       .arg(dice.Between(1000, 9999));
 }
 
-// The address columns shared by clients and suppliers.
-QVariantList Domicilio(Dice& dice) {
-  const Lugar& l = LugarAlAzar(dice);
-  const bool interior = dice.Between(0, 3) == 0;
-  return {Texto(Uno(dice, kCalles)),
-          QString::number(dice.Between(1, 2400)),
-          interior ? QStringLiteral("%1").arg(dice.Between(1, 12)) : Vacio(),
-          Texto(l.colonia),
-          Texto(l.localidad),
-          Vacio(),
-          Texto(l.municipio),
-          Texto(l.estado),
-          Texto("MÉXICO"),
-          Texto(l.codigo_postal)};
-}
-
-QStringList ColumnasDomicilio() {
-  return {QStringLiteral("calle"),       QStringLiteral("noexterior"), QStringLiteral("nointerior"),
-          QStringLiteral("colonia"),     QStringLiteral("localidad"),  QStringLiteral("referencia"),
-          QStringLiteral("municipio"),   QStringLiteral("estado"),     QStringLiteral("pais"),
-          QStringLiteral("codigopostal")};
-}
-
 QString Correo(const QString& rfc, const char* buzon) {
   return Texto(buzon) + QLatin1Char('@') + rfc.toLower() + QStringLiteral(".example");
 }
 
+QString Cuenta(const char* prefijo, int numero) {
+  return Texto(prefijo) + QStringLiteral("%1").arg(numero, 6, 10, QLatin1Char('0'));
+}
+
+// The fiscal address columns shared by clients and suppliers.
+Fila Domicilio(Dice& dice) {
+  const Lugar& l = dice.Pick(kLugares);
+  const bool interior = dice.Between(0, 3) == 0;
+  return {{"calle", Texto(dice.Pick(kCalles))},
+          {"noexterior", QString::number(dice.Between(1, 2400))},
+          {"nointerior", interior ? QString::number(dice.Between(1, 12)) : Vacio()},
+          {"colonia", Texto(l.colonia)},
+          {"localidad", Texto(l.localidad)},
+          {"referencia", Vacio()},
+          {"municipio", Texto(l.municipio)},
+          {"estado", Texto(l.estado)},
+          {"pais", Texto("MÉXICO")},
+          {"codigopostal", Texto(l.codigo_postal)}};
+}
+
+Fila Contacto(Dice& dice, const Socio& s, const char* buzon) {
+  return {{"contacto", s.contacto},
+          {"telefonos", Telefono(dice, "55")},
+          {"celular", Telefono(dice, "55 1")},
+          {"nextel", Vacio()},
+          {"email1", Correo(s.rfc, buzon)},
+          {"email2", Vacio()},
+          {"email3", Vacio()}};
+}
+
+// Client 1 is the counter sale of the point of sale: the SAT's generic RFC at the shop's own
+// address, paying cash.
+Fila PublicoEnGeneral() {
+  return {{"numero", 1},
+          {"nombre", Texto("PÚBLICO EN GENERAL")},
+          {"rfc", Texto("XAXX010101000")},
+          {"calle", Texto("AV. REVOLUCIÓN")},
+          {"noexterior", Texto("1425")},
+          {"nointerior", Texto("LOCAL 3")},
+          {"colonia", Texto("CAMPESTRE")},
+          {"localidad", Texto("CIUDAD DE MÉXICO")},
+          {"referencia", Vacio()},
+          {"municipio", Texto("ÁLVARO OBREGÓN")},
+          {"estado", Texto("CIUDAD DE MÉXICO")},
+          {"pais", Texto("MÉXICO")},
+          {"codigopostal", Texto("01040")},
+          {"plazo", 1},
+          {"credito", 0.0},
+          {"saldo", 0.0},
+          {"agente", 1},
+          {"metodo", 1},
+          {"numctapago", Vacio()},
+          {"banco", 1},
+          {"contacto", Vacio()},
+          {"telefonos", Vacio()},
+          {"celular", Vacio()},
+          {"nextel", Vacio()},
+          {"email1", Vacio()},
+          {"email2", Vacio()},
+          {"email3", Vacio()},
+          {"tipo", Texto("MOSTRADOR")},
+          {"cuenta", Cuenta("100-003-", 1)},
+          {"anotaciones", Vacio()},
+          {"juridico", Texto("N")},
+          {"addenda", Vacio()},
+          {"status", Texto("ALTA")}};
+}
+
+// A client on credit: a company or a person, an agent, terms and a way of paying; the bank
+// account's last four digits when the way of paying has one. Client 13 is in legal
+// collection.
+Fila Cliente(Dice& dice, QSet<QString>& usados, int numero) {
+  static const int kPlazos[] = {15, 30, 30, 45, 60};
+  static const char* const kTipos[] = {"MAYOREO", "CONTRATISTA", "CONTRATISTA", "GOBIERNO",
+                                       "MOSTRADOR"};
+  const Socio s = SocioNuevo(dice, usados, dice.Between(0, 2) == 0);
+  const int metodo = dice.Between(1, kMetodos);
+  const bool cuenta = metodo >= 2 && metodo <= 5;
+  Fila row{{"numero", numero}, {"nombre", s.nombre}, {"rfc", s.rfc}};
+  row += Domicilio(dice);
+  row += Fila{{"plazo", dice.Pick(kPlazos)},
+              {"credito", static_cast<double>(dice.Between(2, 30) * 5000)},
+              {"saldo", 0.0},
+              {"agente", dice.Between(2, kAgentes)},
+              {"metodo", metodo},
+              {"numctapago", cuenta ? QString::number(dice.Between(1000, 9999)) : Vacio()},
+              {"banco", dice.Between(1, kBancos)}};
+  row += Contacto(dice, s, "compras");
+  row += Fila{{"tipo", Texto(dice.Pick(kTipos))},
+              {"cuenta", Cuenta("100-003-", numero)},
+              {"anotaciones", Vacio()},
+              {"juridico", Texto(numero == 13 ? "S" : "N")},
+              {"addenda", Vacio()},
+              {"status", Texto("ALTA")}};
+  return row;
+}
+
+// An agent's commission by the age of the collected invoice: the full rate within 30 days,
+// less after.
+Fila Agente(int numero, const char* nombre, const char* rfc, double base) {
+  return {{"numero", numero},
+          {"nombre", Texto(nombre)},
+          {"direccion", Texto("AV. REVOLUCIÓN 1425")},
+          {"colonia", Texto("CAMPESTRE")},
+          {"ciudad", Texto("CIUDAD DE MÉXICO")},
+          {"cp", Texto("01040")},
+          {"rfc", Texto(rfc)},
+          {"contacto", Vacio()},
+          {"telefonos", Texto("55 5661 2040")},
+          {"email", QStringLiteral("agente%1@ferreteriakemper.example").arg(numero)},
+          {"cuenta", Vacio()},
+          {"comision", base},
+          {"anotaciones", Vacio()},
+          {"tienda", 1},
+          {"dias1", 0},
+          {"dias2", 30},
+          {"comision1", base},
+          {"dias3", 31},
+          {"dias4", 60},
+          {"comision2", base / 2},
+          {"dias5", 61},
+          {"dias6", 90},
+          {"comision3", base / 4},
+          {"dias7", 91},
+          {"dias8", 9999},
+          {"comision4", 0.0},
+          {"status", Texto("ALTA")}};
+}
+
 }  // namespace
 
-const Lugar& LugarAlAzar(Dice& dice) { return Uno(dice, kLugares); }
-
 bool EscribirAgentes(Connection& c, QString* error) {
-  struct Agente {
+  struct Datos {
     const char *nombre, *rfc;
     double comision;
   };
-  static const Agente kLista[] = {{"VENTAS DE MOSTRADOR", "", 0.0},
-                                  {"JUAN CARLOS MÉNDEZ RUIZ", "MERJ800512K31", 2.0},
-                                  {"MARÍA FERNANDA TORRES LÓPEZ", "TOLF850923QA7", 2.5},
-                                  {"ROBERTO SALAS GUTIÉRREZ", "SAGR770130L25", 2.0},
-                                  {"PATRICIA NÚÑEZ ORTEGA", "NUOP820607HM3", 3.0}};
+  static const Datos kLista[] = {{"VENTAS DE MOSTRADOR", "", 0.0},
+                                 {"JUAN CARLOS MÉNDEZ RUIZ", "MERJ800512K31", 2.0},
+                                 {"MARÍA FERNANDA TORRES LÓPEZ", "TOLF850923QA7", 2.5},
+                                 {"ROBERTO SALAS GUTIÉRREZ", "SAGR770130L25", 2.0},
+                                 {"PATRICIA NÚÑEZ ORTEGA", "NUOP820607HM3", 3.0}};
   static_assert(std::size(kLista) == kAgentes);
-  RowWriter writer(
-      c, QStringLiteral("agentes"),
-      QStringList{
-          QStringLiteral("numero"),      QStringLiteral("nombre"),    QStringLiteral("direccion"),
-          QStringLiteral("colonia"),     QStringLiteral("ciudad"),    QStringLiteral("cp"),
-          QStringLiteral("rfc"),         QStringLiteral("contacto"),  QStringLiteral("telefonos"),
-          QStringLiteral("email"),       QStringLiteral("cuenta"),    QStringLiteral("comision"),
-          QStringLiteral("anotaciones"), QStringLiteral("tienda"),    QStringLiteral("dias1"),
-          QStringLiteral("dias2"),       QStringLiteral("comision1"), QStringLiteral("dias3"),
-          QStringLiteral("dias4"),       QStringLiteral("comision2"), QStringLiteral("dias5"),
-          QStringLiteral("dias6"),       QStringLiteral("comision3"), QStringLiteral("dias7"),
-          QStringLiteral("dias8"),       QStringLiteral("comision4"), QStringLiteral("status")});
+  RowWriter writer(c, QStringLiteral("agentes"));
   int numero = 0;
-  for (const Agente& a : kLista) {
-    ++numero;
-    const double base = a.comision;
-    // Commission by age of the collected invoice: full rate within 30 days, less after.
-    const QVariantList row{numero,
-                           Texto(a.nombre),
-                           Texto("AV. REVOLUCIÓN 1425"),
-                           Texto("CAMPESTRE"),
-                           Texto("CIUDAD DE MÉXICO"),
-                           Texto("01040"),
-                           Texto(a.rfc),
-                           Vacio(),
-                           Texto("55 5661 2040"),
-                           QStringLiteral("agente%1@ferreteriakemper.example").arg(numero),
-                           Vacio(),
-                           base,
-                           Vacio(),
-                           1,
-                           0,
-                           30,
-                           base,
-                           31,
-                           60,
-                           base / 2,
-                           61,
-                           90,
-                           base / 4,
-                           91,
-                           9999,
-                           0.0,
-                           Texto("ALTA")};
-    if (!writer.Add(row)) {
-      *error = writer.error();
-      return false;
-    }
+  for (const Datos& a : kLista) {
+    if (!Agregar(writer, Agente(++numero, a.nombre, a.rfc, a.comision), error)) return false;
   }
   return true;
 }
 
 bool EscribirClientes(Connection& c, Dice& dice, QString* error) {
-  QStringList columns{QStringLiteral("numero"), QStringLiteral("nombre"), QStringLiteral("rfc")};
-  columns << ColumnasDomicilio();
-  columns << QStringList{
-      QStringLiteral("plazo"),   QStringLiteral("credito"),     QStringLiteral("saldo"),
-      QStringLiteral("agente"),  QStringLiteral("metodo"),      QStringLiteral("numctapago"),
-      QStringLiteral("banco"),   QStringLiteral("contacto"),    QStringLiteral("telefonos"),
-      QStringLiteral("celular"), QStringLiteral("nextel"),      QStringLiteral("email1"),
-      QStringLiteral("email2"),  QStringLiteral("email3"),      QStringLiteral("tipo"),
-      QStringLiteral("cuenta"),  QStringLiteral("anotaciones"), QStringLiteral("juridico"),
-      QStringLiteral("addenda"), QStringLiteral("status")};
-  RowWriter writer(c, QStringLiteral("clientes"), columns);
-  // Client 1 is the counter sale of the point of sale: the SAT's generic RFC at the shop's
-  // own address.
-  QVariantList publico{1,
-                       Texto("PÚBLICO EN GENERAL"),
-                       Texto("XAXX010101000"),
-                       Texto("AV. REVOLUCIÓN"),
-                       Texto("1425"),
-                       Texto("LOCAL 3"),
-                       Texto("CAMPESTRE"),
-                       Texto("CIUDAD DE MÉXICO"),
-                       Vacio(),
-                       Texto("ÁLVARO OBREGÓN"),
-                       Texto("CIUDAD DE MÉXICO"),
-                       Texto("MÉXICO"),
-                       Texto("01040")};
-  publico << 1 << 0.0 << 0.0 << 1 << 1 << Vacio() << 1 << Vacio() << Vacio() << Vacio()
-          << Vacio() << Vacio() << Vacio() << Vacio() << Texto("MOSTRADOR")
-          << QStringLiteral("100-003-000001") << Vacio() << Texto("N") << Vacio()
-          << Texto("ALTA");
-  if (!writer.Add(publico)) {
-    *error = writer.error();
-    return false;
-  }
+  RowWriter writer(c, QStringLiteral("clientes"));
+  if (!Agregar(writer, PublicoEnGeneral(), error)) return false;
   QSet<QString> usados;
-  static const int kPlazos[] = {15, 30, 30, 45, 60};
-  static const char* const kTipos[] = {"MAYOREO", "CONTRATISTA", "CONTRATISTA", "GOBIERNO",
-                                       "MOSTRADOR"};
   for (int numero = 2; numero <= kClientes; ++numero) {
-    const Socio s = SocioNuevo(dice, usados, dice.Between(0, 2) == 0);
-    const int metodo = dice.Between(1, kMetodos);
-    const bool cuenta = metodo >= 2 && metodo <= 5;
-    QVariantList row{numero, s.nombre, s.rfc};
-    row << Domicilio(dice);
-    row << Uno(dice, kPlazos) << static_cast<double>(dice.Between(2, 30) * 5000) << 0.0
-        << dice.Between(2, kAgentes) << metodo
-        << (cuenta ? QStringLiteral("%1").arg(dice.Between(1000, 9999)) : Vacio())
-        << dice.Between(1, kBancos) << s.contacto << Telefono(dice, "55") << Telefono(dice, "55 1")
-        << Vacio() << Correo(s.rfc, "compras") << Vacio() << Vacio()
-        << Texto(Uno(dice, kTipos))
-        << QStringLiteral("100-003-%1").arg(numero, 6, 10, QLatin1Char('0')) << Vacio()
-        << Texto(numero == 13 ? "S" : "N") << Vacio() << Texto("ALTA");
-    if (!writer.Add(row)) {
-      *error = writer.error();
-      return false;
-    }
+    if (!Agregar(writer, Cliente(dice, usados, numero), error)) return false;
   }
   return true;
 }
@@ -287,33 +305,26 @@ bool EscribirProveedores(Connection& c, Dice& dice, QString* error) {
       "ADHESIVOS INDUSTRIALES FIJA SA DE CV",         "JARDINERÍA Y RIEGO VERDE SA DE CV",
       "CERRADURAS Y HERRAJES DE MÉXICO SA DE CV",     "EQUIPO DE SEGURIDAD PROTEK SA DE CV"};
   static_assert(std::size(kLista) == kProveedores);
-  QStringList columns{QStringLiteral("numero"), QStringLiteral("nombre"), QStringLiteral("rfc")};
-  columns << ColumnasDomicilio();
-  columns << QStringList{
-      QStringLiteral("plazo"),    QStringLiteral("credito"),     QStringLiteral("saldo"),
-      QStringLiteral("cuenta"),   QStringLiteral("anotaciones"), QStringLiteral("clave"),
-      QStringLiteral("contacto"), QStringLiteral("telefonos"),   QStringLiteral("celular"),
-      QStringLiteral("nextel"),   QStringLiteral("email1"),      QStringLiteral("email2"),
-      QStringLiteral("email3"),   QStringLiteral("tipo"),        QStringLiteral("status")};
-  RowWriter writer(c, QStringLiteral("proveedores"), columns);
+  RowWriter writer(c, QStringLiteral("proveedores"));
   QSet<QString> usados;
   int numero = 0;
   for (const char* nombre : kLista) {
     ++numero;
-    const QString razon = Texto(nombre);
-    const QString rfc = RfcDeEmpresa(dice, razon);
-    const Socio contacto = SocioNuevo(dice, usados, true);
-    QVariantList row{numero, razon, rfc};
-    row << Domicilio(dice);
-    row << 30 << static_cast<double>(dice.Between(10, 40) * 10000) << 0.0
-        << QStringLiteral("200-100-%1").arg(numero, 6, 10, QLatin1Char('0')) << Vacio()
-        << QStringLiteral("PRV-%1").arg(numero, 3, 10, QLatin1Char('0')) << contacto.contacto
-        << Telefono(dice, "55") << Telefono(dice, "55 1") << Vacio() << Correo(rfc, "ventas")
-        << Vacio() << Vacio() << Texto("MAYOREO") << Texto("ALTA");
-    if (!writer.Add(row)) {
-      *error = writer.error();
-      return false;
-    }
+    Socio s = SocioNuevo(dice, usados, true);  // the supplier's salesman
+    s.nombre = Texto(nombre);
+    s.rfc = RfcDeEmpresa(dice, s.nombre);
+    Fila row{{"numero", numero}, {"nombre", s.nombre}, {"rfc", s.rfc}};
+    row += Domicilio(dice);
+    row += Fila{{"plazo", 30},
+                {"credito", static_cast<double>(dice.Between(10, 40) * 10000)},
+                {"saldo", 0.0}};
+    row += Contacto(dice, s, "ventas");
+    row += Fila{{"tipo", Texto("MAYOREO")},
+                {"cuenta", Cuenta("200-100-", numero)},
+                {"anotaciones", Vacio()},
+                {"clave", QStringLiteral("PRV-%1").arg(numero, 3, 10, QLatin1Char('0'))},
+                {"status", Texto("ALTA")}};
+    if (!Agregar(writer, row, error)) return false;
   }
   return true;
 }

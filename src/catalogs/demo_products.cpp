@@ -1,8 +1,8 @@
 #include <cmath>
 
 #include <QDateTime>
+#include <QPair>
 #include <QString>
-#include <QStringList>
 
 #include "catalogs/demo_catalog.h"
 #include "catalogs/demo_tables.h"
@@ -16,137 +16,124 @@ namespace ventarix::demo {
 namespace {
 
 constexpr int kImpuesto = 16;
+const char* const kUtilidades[] = {"utilidad1", "utilidad2", "utilidad3", "utilidad4", "utilidad5"};
+const char* const kPrecios[] = {"precio1", "precio2", "precio3", "precio4", "precio5"};
+const char* const kAlmacenes[] = {"almacen1", "almacen2", "almacen3", "almacen4", "almacen5"};
 
-QStringList ColumnasProducto() {
-  QStringList columns{
-      QStringLiteral("codigo"),    QStringLiteral("codigo1"),      QStringLiteral("codigo2"),
-      QStringLiteral("codigo3"),   QStringLiteral("producto"),     QStringLiteral("descripcion"),
-      QStringLiteral("unidad"),    QStringLiteral("marca"),        QStringLiteral("linea"),
-      QStringLiteral("ubicacion"), QStringLiteral("zona"),         QStringLiteral("moneda"),
-      QStringLiteral("pt"),        QStringLiteral("costo"),        QStringLiteral("ultimo costo"),
-      QStringLiteral("venta"),     QStringLiteral("ultima venta"), QStringLiteral("precio")};
-  for (int k = 1; k <= 5; ++k) columns << QStringLiteral("precio%1").arg(k);
-  for (int k = 1; k <= 5; ++k) columns << QStringLiteral("utilidad%1").arg(k);
-  columns << QStringList{QStringLiteral("impuesto"), QStringLiteral("comision"),
-                         QStringLiteral("descuento"), QStringLiteral("min"), QStringLiteral("max")};
-  for (int k = 1; k <= 5; ++k) columns << QStringLiteral("almacen%1").arg(k);
-  columns << QStringList{QStringLiteral("fecha ultima compra"), QStringLiteral("proveedor1"),
-                         QStringLiteral("imagen"), QStringLiteral("status")};
-  return columns;
-}
-
-// The cost of the variant-th size, a little dearer each step, with a few percent of noise.
+// The cost of the variant-th size, dearer by the article's step for each size, with a few
+// percent of noise.
 qint64 CostoEnCentavos(Dice& dice, const Articulo& a, int variante) {
-  const qint64 escalon = static_cast<qint64>(a.centavos) * (10 + 3 * variante) / 10;
+  const qint64 escalon = static_cast<qint64>(a.centavos) * (100 + a.paso * variante) / 100;
   return escalon * dice.Between(95, 105) / 100;
 }
 
-// Stock for each of the five warehouses: the main store always holds some.
-QVariantList Existencias(Dice& dice, qint64 costo) {
+// Stock in each of the five warehouses; the main store always holds some.
+Fila Existencias(Dice& dice, qint64 costo) {
   const bool caro = costo > 50000;
-  QVariantList stock{static_cast<double>(caro ? dice.Between(2, 8) : dice.Between(6, 90))};
-  for (int k = 2; k <= 5; ++k) {
-    const int tope = (caro ? 4 : 40) / (k - 1);
-    stock << static_cast<double>(dice.Between(0, tope));
+  Fila stock{{kAlmacenes[0], static_cast<double>(caro ? dice.Between(2, 8) : dice.Between(6, 90))}};
+  for (int k = 1; k < 5; ++k) {
+    stock.append({kAlmacenes[k], static_cast<double>(dice.Between(0, (caro ? 4 : 40) / k))});
   }
   return stock;
 }
 
-struct Nombres {
-  QString producto, descripcion;
-};
+// The five price levels and their margins, and the sale price with and without tax.
+Fila Precios(const Marca& marca, double costo) {
+  Fila precios;
+  for (int k = 0; k < 5; ++k)
+    precios.append({kPrecios[k], PriceAtMargin(costo, marca.utilidades[k])});
+  for (int k = 0; k < 5; ++k) precios.append({kUtilidades[k], double(marca.utilidades[k])});
+  const double precio1 = precios[0].valor.toDouble();
+  const double con_impuesto = std::round(precio1 * (100 + kImpuesto) * 100.0) / 10000.0;
+  precios += Fila{{"venta", precio1}, {"precio", con_impuesto}, {"impuesto", double(kImpuesto)}};
+  return precios;
+}
 
-Nombres NombresDe(const Articulo& a, const QString& variante, const QString& marca) {
+// Short name with the size, and the long one with the packing and the brand.
+QPair<QString, QString> Nombres(const Articulo& a, const QString& variante, const Marca& marca) {
   const QString nombre = Texto(a.nombre);
   const qsizetype coma = nombre.indexOf(QStringLiteral(", "));
-  const QString cabeza = coma < 0 ? nombre : nombre.left(coma);
-  const QString cola = coma < 0 ? Vacio() : nombre.mid(coma);
-  const QString producto = cabeza + QLatin1Char(' ') + variante;
-  return {producto, producto + cola + QStringLiteral(", MARCA ") + marca};
+  const QString producto = (coma < 0 ? nombre : nombre.left(coma)) + QLatin1Char(' ') + variante;
+  const QString empaque = coma < 0 ? QString() : nombre.mid(coma);
+  return {producto, producto + empaque + QStringLiteral(", MARCA ") + Texto(marca.nombre)};
+}
+
+// Codes are brand-consecutive ("1-00045"), as the company's setting makes new products take
+// them; the first alternate code is the bar code.
+Fila Producto(Dice& dice, Connection& c, const Articulo& a, int variante, int consecutivo,
+              int item) {
+  const Marca& marca = Marcas()[a.linea - 1];
+  const auto [producto, descripcion] = Nombres(a, Texto(a.variantes[variante]), marca);
+  const qint64 centavos = CostoEnCentavos(dice, a, variante);
+  const double costo = Cents(centavos);
+  const bool caro = centavos > 50000;
+  Fila row{
+      {"codigo", QStringLiteral("%1-%2").arg(a.linea).arg(consecutivo, 5, 10, QLatin1Char('0'))},
+      {"codigo1", BarCode(item)},
+      {"codigo2", Vacio()},
+      {"codigo3", Vacio()},
+      {"producto", producto},
+      {"descripcion", descripcion},
+      {"unidad", Texto(a.unidad)},
+      {"marca", a.linea},
+      {"linea", a.linea},
+      {"ubicacion", QStringLiteral("PASILLO %1, ANAQUEL %2").arg(a.linea).arg(variante % 6 + 1)},
+      {"zona", QStringLiteral("ZONA%1").arg((a.linea - 1) % 4 + 1, 2, 10, QLatin1Char('0'))},
+      {"moneda", Texto("MXN")},
+      {"pt", Texto("N")},
+      {"costo", costo},
+      {"ultimo costo", costo},
+      {"ultima venta", 0.0}};
+  row += Precios(marca, costo);
+  row += Fila{{"comision", double(a.linea % 3 + 1)},
+              {"descuento", 0.0},
+              {"min", caro ? 2.0 : 10.0},
+              {"max", caro ? 10.0 : 120.0}};
+  row += Existencias(dice, centavos);
+  const QDateTime compra(QDate(2026, 1, 5).addDays(item % 28), QTime(10, 30));
+  row += Fila{{"fecha ultima compra", dialect::DateValue(compra, c.sql())},
+              {"proveedor1", marca.proveedor},
+              {"imagen", Texto("N")},
+              {"status", Texto("ALTA")}};
+  return row;
 }
 
 }  // namespace
 
 bool EscribirLineas(Connection& c, QString* error) {
-  // The name again under "linea", the column the obsolete stock file reads.
-  RowWriter writer(c, QStringLiteral("lineas"),
-                   {QStringLiteral("numero"), QStringLiteral("nombre"), QStringLiteral("linea"),
-                    QStringLiteral("status")});
+  RowWriter writer(c, QStringLiteral("lineas"));
   int numero = 0;
   for (const char* nombre : Lineas()) {
-    if (!writer.Add({++numero, Texto(nombre), Texto(nombre), Texto("ALTA")})) {
-      *error = writer.error();
-      return false;
-    }
+    // The name again under "linea", the column the obsolete stock file reads.
+    const Fila row{{"numero", ++numero},
+                   {"nombre", Texto(nombre)},
+                   {"linea", Texto(nombre)},
+                   {"status", Texto("ALTA")}};
+    if (!Agregar(writer, row, error)) return false;
   }
   return true;
 }
 
 bool EscribirMarcas(Connection& c, QString* error) {
-  QStringList columns{QStringLiteral("numero"), QStringLiteral("nombre")};
-  for (int k = 1; k <= 5; ++k) columns << QStringLiteral("utilidad%1").arg(k);
-  columns << QStringLiteral("marca") << QStringLiteral("status");
-  RowWriter writer(c, QStringLiteral("marcas"), columns);
+  RowWriter writer(c, QStringLiteral("marcas"));
   int numero = 0;
   for (const Marca& m : Marcas()) {
-    QVariantList row{++numero, Texto(m.nombre)};
-    for (int u : m.utilidades) row << static_cast<double>(u);
-    row << Texto(m.nombre) << Texto("ALTA");
-    if (!writer.Add(row)) {
-      *error = writer.error();
-      return false;
-    }
+    Fila row{{"numero", ++numero}, {"nombre", Texto(m.nombre)}};
+    for (int k = 0; k < 5; ++k) row.append({kUtilidades[k], double(m.utilidades[k])});
+    row += Fila{{"marca", Texto(m.nombre)}, {"status", Texto("ALTA")}};
+    if (!Agregar(writer, row, error)) return false;
   }
   return true;
 }
 
 bool EscribirProductos(Connection& c, Dice& dice, QString* error) {
-  RowWriter writer(c, QStringLiteral("productos"), ColumnasProducto());
+  RowWriter writer(c, QStringLiteral("productos"));
   QList<int> por_marca(Marcas().size() + 1, 0);
   int item = 0;
   for (const Articulo& a : Articulos()) {
-    const Marca& marca = Marcas()[a.linea - 1];
     for (int v = 0; v < a.variantes.size(); ++v) {
-      ++item;
-      // Codes are brand-consecutive, as the company's setting makes new products take them.
-      const QString codigo =
-          QStringLiteral("%1-%2").arg(a.linea).arg(++por_marca[a.linea], 5, 10, QLatin1Char('0'));
-      const Nombres n = NombresDe(a, Texto(a.variantes[v]), Texto(marca.nombre));
-      const qint64 costo = CostoEnCentavos(dice, a, v);
-      const double costo_pesos = Cents(costo);
-      QVariantList precios;
-      for (int u : marca.utilidades) precios << PriceAtMargin(costo_pesos, u);
-      const double precio1 = precios[0].toDouble();
-      const double precio = std::round(precio1 * (100 + kImpuesto) * 100.0) / 10000.0;
-      QVariantList row{codigo,
-                       BarCode(item),
-                       Vacio(),
-                       Vacio(),
-                       n.producto,
-                       n.descripcion,
-                       Texto(a.unidad),
-                       a.linea,
-                       a.linea,
-                       QStringLiteral("PASILLO %1, ANAQUEL %2").arg(a.linea).arg(v % 6 + 1),
-                       QStringLiteral("ZONA%1").arg((a.linea - 1) % 4 + 1, 2, 10, QLatin1Char('0')),
-                       Texto("MXN"),
-                       Texto("N"),
-                       costo_pesos,
-                       costo_pesos,
-                       precio1,
-                       0.0,
-                       precio};
-      row << precios;
-      for (int u : marca.utilidades) row << static_cast<double>(u);
-      row << static_cast<double>(kImpuesto) << static_cast<double>(a.linea % 3 + 1) << 0.0
-          << (costo > 50000 ? 2.0 : 10.0) << (costo > 50000 ? 10.0 : 120.0);
-      row << Existencias(dice, costo);
-      const QDateTime compra(QDate(2026, 1, 5).addDays(item % 28), QTime(10, 30));
-      row << dialect::DateValue(compra, c.sql()) << marca.proveedor << Texto("N") << Texto("ALTA");
-      if (!writer.Add(row)) {
-        *error = writer.error();
-        return false;
-      }
+      const Fila row = Producto(dice, c, a, v, ++por_marca[a.linea], ++item);
+      if (!Agregar(writer, row, error)) return false;
     }
   }
   return true;
@@ -162,15 +149,11 @@ bool EscribirClientesUtilidades(Connection& c, QString* error) {
     niveles.append(
         {clientes.value(0).toInt(), clientes.value(1).toString() == Texto("MAYOREO") ? 2 : 3});
   }
-  RowWriter writer(c, QStringLiteral("clientes utilidades"),
-                   {QStringLiteral("cliente"), QStringLiteral("marca"), QStringLiteral("utilidad"),
-                    QStringLiteral("dcto")});
+  RowWriter writer(c, QStringLiteral("clientes utilidades"));
   for (const auto& [cliente, nivel] : niveles) {
     for (int marca = 1; marca <= Marcas().size(); ++marca) {
-      if (!writer.Add({cliente, marca, nivel, 0.0})) {
-        *error = writer.error();
-        return false;
-      }
+      const Fila row{{"cliente", cliente}, {"marca", marca}, {"utilidad", nivel}, {"dcto", 0.0}};
+      if (!Agregar(writer, row, error)) return false;
     }
   }
   return true;

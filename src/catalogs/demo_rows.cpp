@@ -1,66 +1,63 @@
 #include "catalogs/demo_rows.h"
 
 #include <cmath>
+#include <cstring>
 
-#include <QSqlError>
+#include <QStringList>
 
 namespace ventarix::demo {
 
-RowWriter::RowWriter(Connection& connection, const QString& table, const QStringList& columns)
-    : query_(connection.db()), table_(table), columns_(static_cast<int>(columns.size())) {
+RowWriter::RowWriter(Connection& connection, const QString& table)
+    : connection_(connection), table_(table), query_(connection.db()) {}
+
+bool RowWriter::Prepare(const Fila& row) {
   QStringList names;
   QStringList marks;
-  for (const QString& column : columns) {
-    names << QLatin1Char('"') + column + QLatin1Char('"');
+  for (const Campo& campo : row) {
+    columns_ << campo.columna;
+    names << QLatin1Char('"') + QString::fromUtf8(campo.columna) + QLatin1Char('"');
     marks << QStringLiteral("?");
   }
   const QString statement =
       QStringLiteral("insert into \"%1\" (%2) values (%3)")
-          .arg(table, names.join(QLatin1Char(',')), marks.join(QLatin1Char(',')));
-  if (!query_.prepare(statement)) error_ = table + QStringLiteral(": ") + QueryError(query_);
+          .arg(table_, names.join(QLatin1Char(',')), marks.join(QLatin1Char(',')));
+  if (query_.prepare(statement)) return true;
+  error_ = table_ + QStringLiteral(": ") + QueryError(query_);
+  return false;
 }
 
-bool RowWriter::Add(const QVariantList& values) {
+bool RowWriter::Add(const Fila& row) {
   if (!error_.isEmpty()) return false;
-  if (values.size() != columns_) {
-    error_ = QStringLiteral("%1: %2 valores para %3 columnas")
-                 .arg(table_)
-                 .arg(values.size())
-                 .arg(columns_);
+  if (columns_.isEmpty() && !Prepare(row)) return false;
+  for (int i = 0; i < row.size(); ++i) {
+    if (i >= columns_.size() || std::strcmp(columns_[i], row[i].columna) != 0) {
+      error_ = table_ + QStringLiteral(": columna inesperada ") + QString::fromUtf8(row[i].columna);
+      return false;
+    }
+    query_.bindValue(i, row[i].valor);
+  }
+  if (row.size() != columns_.size()) {
+    error_ = table_ + QStringLiteral(": faltan columnas");
     return false;
   }
-  for (int i = 0; i < columns_; ++i) query_.bindValue(i, values[i]);
-  if (!query_.exec()) {
-    error_ = table_ + QStringLiteral(": ") + QueryError(query_);
-    return false;
-  }
-  return true;
+  if (query_.exec()) return true;
+  error_ = table_ + QStringLiteral(": ") + QueryError(query_);
+  return false;
 }
 
-bool WriteRow(Connection& connection, const QString& table, const QList<Campo>& row,
-              QString* error) {
-  QStringList columns;
-  QVariantList values;
-  for (const Campo& campo : row) {
-    columns << QString::fromUtf8(campo.columna);
-    values << campo.valor;
-  }
-  RowWriter writer(connection, table, columns);
-  if (writer.Add(values)) return true;
+bool Agregar(RowWriter& writer, const Fila& row, QString* error) {
+  if (writer.Add(row)) return true;
   *error = writer.error();
   return false;
 }
 
-QString Rfc(Dice& dice, const QString& letters, int year, int month, int day) {
+QString Rfc(Dice& dice, const QString& letters, const QDate& date) {
   static const QString kCheck = QStringLiteral("ABCDEFGHJKLMNPQRSTUVWXYZ123456789");
   QString check;
-  for (int i = 0; i < 3; ++i) check += kCheck[dice.Between(0, static_cast<int>(kCheck.size()) - 1)];
-  return letters +
-         QStringLiteral("%1%2%3")
-             .arg(year % 100, 2, 10, QLatin1Char('0'))
-             .arg(month, 2, 10, QLatin1Char('0'))
-             .arg(day, 2, 10, QLatin1Char('0')) +
-         check;
+  for (int i = 0; i < 3; ++i) {
+    check += kCheck[dice.Between(0, static_cast<int>(kCheck.size()) - 1)];
+  }
+  return letters + date.toString(QStringLiteral("yyMMdd")) + check;
 }
 
 double Cents(qint64 hundredths) { return static_cast<double>(hundredths) / 100.0; }
@@ -73,7 +70,7 @@ double PriceAtMargin(double cost, int margin_percent) {
 }
 
 QString BarCode(int item) {
-  QString digits = QStringLiteral("750%1").arg(123400000 + item, 9, 10, QLatin1Char('0'));
+  const QString digits = QStringLiteral("750%1").arg(123400000 + item, 9, 10, QLatin1Char('0'));
   int sum = 0;
   for (int i = 0; i < digits.size(); ++i) {
     const int d = digits[i].digitValue();

@@ -1,3 +1,5 @@
+#include <iterator>
+
 #include <QString>
 #include <QStringList>
 
@@ -9,12 +11,9 @@ namespace ventarix::demo {
 
 namespace {
 
-const char kSi[] = "S";
-const char kNo[] = "N";
-
 // The shop's fiscal address, shared by the issuing branch. The RFC is that of the SAT's test
 // certificate valid today, so that documents can be sealed with it.
-QList<Campo> DomicilioFiscal() {
+Fila DomicilioFiscal() {
   return {{"rfc", Texto("EKU9003173C9")},
           {"empresa", Texto("FERRETERÍA KEMPER")},
           {"nombre", Texto("ESCUELA KEMPER URGATE SA DE CV")},
@@ -45,7 +44,9 @@ QList<Campo> DomicilioFiscal() {
 
 // Prices follow costs arithmetically and brands push their margins into their products;
 // purchases raise costs only upwards; codes are brand-consecutive.
-QList<Campo> Reglas() {
+Fila Reglas() {
+  const QString si = Texto("S");
+  const QString no = Texto("N");
   return {{"impuesto", 16.0},
           {"moneda", Texto("MXN")},
           {"obsoletos", Texto("Obsoletos")},
@@ -53,77 +54,62 @@ QList<Campo> Reglas() {
           {"revision", Texto("LUNES Y MIÉRCOLES DE 10:00 A 14:00 HRS.")},
           {"pagos", Texto("VIERNES DE 10:00 A 14:00 HRS.")},
           {"realizarpago", Texto("CAJA DE LA TIENDA, AV. REVOLUCIÓN 1425")},
-          {"aplicar_retenciones", Texto(kNo)},
-          {"aplicar_utilidad_financiera", Texto(kNo)},
-          {"aplicar_utilidad_aritmetica", Texto(kSi)},
-          {"aplicar_utilidades_de_marcas_en_productos", Texto(kSi)},
-          {"encompras_modificar_costos_y_precios", Texto(kSi)},
-          {"encompras_modificar_al_ultimo_costo", Texto(kNo)},
-          {"encompras_modificar_al_costo_mas_alto", Texto(kSi)},
-          {"utilizar_consecutivo_en_codigo", Texto(kSi)},
-          {"utilizar_mayusculas", Texto(kSi)},
-          {"guardar_sin_existencias", Texto(kSi)},
-          {"imprimirencabezados", Texto(kSi)},
-          {"tallas", Texto(kNo)},
+          {"aplicar_retenciones", no},
+          {"aplicar_utilidad_financiera", no},
+          {"aplicar_utilidad_aritmetica", si},
+          {"aplicar_utilidades_de_marcas_en_productos", si},
+          {"encompras_modificar_costos_y_precios", si},
+          {"encompras_modificar_al_ultimo_costo", no},
+          {"encompras_modificar_al_costo_mas_alto", si},
+          {"utilizar_consecutivo_en_codigo", si},
+          {"utilizar_mayusculas", si},
+          {"guardar_sin_existencias", si},
+          {"imprimirencabezados", si},
+          {"tallas", no},
           {"servidorsmtp", Vacio()},
           {"puertosmtp", Texto("587")},
           {"de", Texto("ventas@ferreteriakemper.example")},
           {"password", Vacio()},
-          {"autenticacion", Texto(kSi)},
+          {"autenticacion", si},
           {"pacusuario", Vacio()},
           {"pacpassword", Vacio()},
-          {"pacproduccion", Texto(kNo)},
+          {"pacproduccion", no},
           {"codigo actual", Vacio()},
           {"codigo nuevo", Vacio()}};
-}
-
-bool EscribirNombres(Connection& c, const QString& table, const QStringList& names, bool numbered,
-                     QString* error) {
-  RowWriter writer(c, table,
-                   numbered ? QStringList{QStringLiteral("numero"), QStringLiteral("nombre")}
-                            : QStringList{QStringLiteral("nombre")});
-  for (int i = 0; i < names.size(); ++i) {
-    const bool added = numbered ? writer.Add({i + 1, names[i]}) : writer.Add({names[i]});
-    if (!added) {
-      *error = writer.error();
-      return false;
-    }
-  }
-  return true;
 }
 
 }  // namespace
 
 bool EscribirEmpresa(Connection& c, QString* error) {
-  QList<Campo> row{{"numero", 1}};
-  row += DomicilioFiscal();
-  row += Reglas();
-  return WriteRow(c, QStringLiteral("empresa"), row, error);
+  RowWriter writer(c, QStringLiteral("empresa"));
+  return Agregar(writer, Fila{{"numero", 1}} + DomicilioFiscal() + Reglas(), error);
 }
 
 bool EscribirMetodos(Connection& c, QString* error) {
-  const QStringList names{Texto("EFECTIVO"),
-                          Texto("CHEQUE NOMINATIVO"),
-                          Texto("TRANSFERENCIA ELECTRÓNICA DE FONDOS"),
-                          Texto("TARJETA DE CRÉDITO"),
-                          Texto("TARJETA DE DÉBITO"),
-                          Texto("NO IDENTIFICADO")};
-  static_assert(kMetodos == 6);
-  return EscribirNombres(c, QStringLiteral("metodos"), names, true, error);
+  static const char* const kNombres[] = {
+      "EFECTIVO",           "CHEQUE NOMINATIVO", "TRANSFERENCIA ELECTRÓNICA DE FONDOS",
+      "TARJETA DE CRÉDITO", "TARJETA DE DÉBITO", "NO IDENTIFICADO"};
+  static_assert(std::size(kNombres) == kMetodos);
+  RowWriter writer(c, QStringLiteral("metodos"));
+  int numero = 0;
+  for (const char* nombre : kNombres) {
+    if (!Agregar(writer, {{"numero", ++numero}, {"nombre", Texto(nombre)}}, error)) return false;
+  }
+  return true;
 }
 
 bool EscribirTipos(Connection& c, QString* error) {
-  return EscribirNombres(
-      c, QStringLiteral("tipos"),
-      {Texto("MOSTRADOR"), Texto("MAYOREO"), Texto("CONTRATISTA"), Texto("GOBIERNO")}, false,
-      error);
+  RowWriter writer(c, QStringLiteral("tipos"));
+  for (const char* nombre : {"MOSTRADOR", "MAYOREO", "CONTRATISTA", "GOBIERNO"}) {
+    if (!Agregar(writer, {{"nombre", Texto(nombre)}}, error)) return false;
+  }
+  return true;
 }
 
+// The default serie of each document family, as the session load reads them.
 bool EscribirSeries(Connection& c, QString* error) {
   struct Serie {
-    const char* documento;
-    const char* serie;
-    const char* nombre;
+    const char *documento, *serie, *nombre;
   };
   static const Serie kSeries[] = {{"ordenescompra", "OC", "ÓRDENES DE COMPRA"},
                                   {"compras", "A", "COMPRAS"},
@@ -138,31 +124,28 @@ bool EscribirSeries(Connection& c, QString* error) {
                                   {"cxp", "CP", "PAGOS A PROVEEDORES"},
                                   {"ncp", "NP", "NOTAS DE PROVEEDOR"},
                                   {"ajustes", "AJ", "AJUSTES DE INVENTARIO"}};
-  RowWriter writer(
-      c, QStringLiteral("series"),
-      {QStringLiteral("documento"), QStringLiteral("serie"), QStringLiteral("nombre")});
+  RowWriter writer(c, QStringLiteral("series"));
   for (const Serie& s : kSeries) {
-    if (!writer.Add({Texto(s.documento), Texto(s.serie), Texto(s.nombre)})) {
-      *error = writer.error();
-      return false;
-    }
+    const Fila row{
+        {"documento", Texto(s.documento)}, {"serie", Texto(s.serie)}, {"nombre", Texto(s.nombre)}};
+    if (!Agregar(writer, row, error)) return false;
   }
   return true;
 }
 
 bool EscribirBancos(Connection& c, QString* error) {
-  const QStringList names{Texto("BBVA BANCOMER"), Texto("BANAMEX"), Texto("BANORTE"),
-                          Texto("SANTANDER")};
-  static_assert(kBancos == 4);
-  RowWriter writer(c, QStringLiteral("bancos"),
-                   {QStringLiteral("numero"), QStringLiteral("nombre"), QStringLiteral("cuenta"),
-                    QStringLiteral("status")});
-  for (int i = 0; i < names.size(); ++i) {
-    const QString cuenta = QStringLiteral("100-002-%1").arg(i + 1, 6, 10, QLatin1Char('0'));
-    if (!writer.Add({i + 1, names[i], cuenta, Texto("ALTA")})) {
-      *error = writer.error();
-      return false;
-    }
+  static const char* const kNombres[] = {"BBVA BANCOMER", "BANAMEX", "BANORTE", "SANTANDER"};
+  static_assert(std::size(kNombres) == kBancos);
+  RowWriter writer(c, QStringLiteral("bancos"));
+  int numero = 0;
+  for (const char* nombre : kNombres) {
+    ++numero;
+    // The ledger account the bank screen proposes.
+    const Fila row{{"numero", numero},
+                   {"nombre", Texto(nombre)},
+                   {"cuenta", QStringLiteral("100-002-%1").arg(numero, 6, 10, QLatin1Char('0'))},
+                   {"status", Texto("ALTA")}};
+    if (!Agregar(writer, row, error)) return false;
   }
   return true;
 }

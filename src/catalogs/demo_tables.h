@@ -33,14 +33,4 @@ bool EscribirMarcas(Connection& c, QString* error);
 bool EscribirProductos(Connection& c, Dice& dice, QString* error);
 bool EscribirClientesUtilidades(Connection& c, QString* error);
 
-// A place in Mexico for an address.
-struct Lugar {
-  const char* colonia;
-  const char* localidad;
-  const char* municipio;
-  const char* estado;
-  const char* codigo_postal;
-};
-const Lugar& LugarAlAzar(Dice& dice);
-
 }  // namespace ventarix::demo
