@@ -4,6 +4,7 @@
 
 #include "core/ui/mdi_inicio_autorizacion.h"
 #include "core/ui/pantalla_pendiente.h"
+#include "maintenance/ui/mdi_inicio_manto.h"
 
 namespace ventarix {
 
@@ -16,6 +17,7 @@ QWidget* FormRegistry::Create(const QString& name, Session& session) const {
 void RegistrarFormularios(FormRegistry& registry) {
   registry.Add(QStringLiteral("MDIInicioAutorizacion"),
                [](Session& session) { return new MDIInicioAutorizacion(session); });
+  RegistrarMantenimiento(registry);
 }
 
 }  // namespace ventarix
