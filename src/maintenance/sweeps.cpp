@@ -90,11 +90,12 @@ Outcome Manto1(const Session& session, const Avance& avance) {
                      return DeBool(ok, error);
                    }});
   pasos.push_back({u"Redondeo de existencias"_s, [](Connection& c) {
-                     return Sentencia(
-                         c,
-                         u"update productos set almacen1 = round(almacen1,2), "
-                         u"almacen2 = round(almacen2,2), almacen3 = round(almacen3,2), "
-                         u"almacen4 = round(almacen4,2), almacen5 = round(almacen5,2)"_s);
+                     // PostgreSQL rounds to places only a numeric, not a double.
+                     QStringList columnas;
+                     for (int n = 1; n <= 5; ++n) {
+                       columnas << u"almacen%1 = round(cast(almacen%1 as numeric),2)"_s.arg(n);
+                     }
+                     return Sentencia(c, u"update productos set "_s + columnas.join(u", "_s));
                    }});
   return Correr(session, pasos, avance);
 }
