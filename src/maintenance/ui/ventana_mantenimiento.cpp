@@ -26,7 +26,6 @@ VentanaDeMantenimiento::VentanaDeMantenimiento(Session& session, const QString& 
   barra_->setObjectName(QStringLiteral("Avance"));
   barra_->setRange(0, 1);
   barra_->setValue(0);
-  barra_->setFormat(QStringLiteral("%v de %m"));
   layout_->addWidget(paso_);
   layout_->addWidget(barra_);
   resize(420, 110);
@@ -76,6 +75,7 @@ void VentanaDeMantenimiento::Iniciar(const QString& paso, int numero, int pasos)
   } else {
     barra_->setRange(0, pasos);
     barra_->setValue(numero - 1);
+    barra_->setFormat(QStringLiteral("%1 de %2").arg(numero).arg(pasos));
   }
   QCoreApplication::processEvents(eventos_);
 }
