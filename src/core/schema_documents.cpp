@@ -277,6 +277,8 @@ std::vector<Index> DocumentIndexes() {
       {"remisiones0d", "remisiones detalles", {"remision"}},
       {"remisiones1d", "remisiones detalles", {"fecha"}},
       {"remisiones2d", "remisiones detalles", {"codigo"}},
+      // Delivered quantities of an order are looked up by the order behind each row.
+      {"remisiones3d", "remisiones detalles", {"pedido"}},
 
       {"facturas0", "facturas", {"factura"}, true},
       {"facturas1", "facturas", {"cliente"}},
@@ -288,6 +290,8 @@ std::vector<Index> DocumentIndexes() {
       {"facturas0d", "facturas detalles", {"factura"}},
       {"facturas1d", "facturas detalles", {"fecha"}},
       {"facturas2d", "facturas detalles", {"codigo"}},
+      // A delivery note's invoice is looked up by the note behind each row.
+      {"facturas3d", "facturas detalles", {"remision"}},
       {"facturas0r", "facturas resumen", {"factura"}},
       {"facturas1r", "facturas resumen", {"fecha"}},
       {"facturas2r", "facturas resumen", {"codigo"}},

@@ -64,8 +64,12 @@ std::vector<SetStatement> OrderStatuses(const FulfilmentFamily& f, const QString
                     "update %1 as p set status = 'BACKORDER' from %2 o where p.%3 = o.%3 and "
                     "p.status = 'POR SURTIR'")
                     .arg(N(f.header), N(f.deliveries), N(f.key));
-  for (SetStatement& s : out)
+  // The scope stands on both sides of the join, so that the engine starts from the orders in
+  // scope instead of walking every open order.
+  for (SetStatement& s : out) {
     s.text += InClause(QStringLiteral(" and o."), N(f.key), claves, &s.values);
+    s.text += InClause(QStringLiteral(" and p."), N(f.key), claves, &s.values);
+  }
   return out;
 }
 
