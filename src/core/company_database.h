@@ -1,8 +1,8 @@
 #pragma once
 
-#include <QString>
-
 #include <functional>
+
+#include <QString>
 
 #include "core/database.h"
 #include "core/outcome.h"
@@ -30,7 +30,8 @@ Outcome CrearTablas(Connection& connection);
 // unique indexes that the stored rows break stay out, and are listed, one a line, in the
 // message of an ok Outcome with the information icon (every run, as long as the rows break
 // them).
-Outcome RepararEstructura(Connection& connection, const std::function<void(const QString&)>& report);
+Outcome RepararEstructura(Connection& connection,
+                          const std::function<void(const QString&)>& report);
 
 // `ventarix empresa copiar ORIGEN DESTINO`: every table and row into a new empty database
 // (no tables yet, or CrearEmpresa's tables without rows); `rows` is told each table's row

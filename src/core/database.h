@@ -1,11 +1,11 @@
 #pragma once
 
+#include <optional>
+
 #include <QSqlDatabase>
 #include <QSqlQuery>
 #include <QString>
 #include <QVariant>
-
-#include <optional>
 
 namespace ventarix {
 

@@ -45,7 +45,8 @@ QString Month(const QString& expr, bool sql) {
 
 QString DaysSince(const QString& expr, bool sql) {
   return sql ? QStringLiteral("(current_date - cast(%1 as date))").arg(expr)
-             : QStringLiteral("cast(julianday(date('now','localtime')) - julianday(date(%1)) as integer)")
+             : QStringLiteral(
+                   "cast(julianday(date('now','localtime')) - julianday(date(%1)) as integer)")
                    .arg(expr);
 }
 

@@ -1,12 +1,12 @@
 #pragma once
 
+#include <array>
+
 #include <QDateTime>
 #include <QHash>
 #include <QString>
 #include <QStringList>
 #include <QVariant>
-
-#include <array>
 
 namespace ventarix {
 

@@ -1,9 +1,9 @@
 #pragma once
 
+#include <memory>
+
 #include <QString>
 #include <QTemporaryDir>
-
-#include <memory>
 
 #include "core/database.h"
 #include "core/session.h"
@@ -49,8 +49,8 @@ void AddEngineRows();
 }  // namespace ventarix::testing
 
 // Opens a fresh company for the current global engine row, or skips / fails the test.
-#define VENTARIX_COMPANY(var)                                 \
-  QFETCH_GLOBAL(QString, engine);                             \
-  ::ventarix::testing::TestCompany var(engine);               \
-  if (var.skipped()) QSKIP("VENTARIX_TEST_PG is not set");    \
+#define VENTARIX_COMPANY(var)                              \
+  QFETCH_GLOBAL(QString, engine);                          \
+  ::ventarix::testing::TestCompany var(engine);            \
+  if (var.skipped()) QSKIP("VENTARIX_TEST_PG is not set"); \
   QVERIFY2(var.ok(), qPrintable(var.error()))
