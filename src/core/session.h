@@ -92,6 +92,17 @@ struct Session {
   QString AutorizacionClave;
   bool Autorizado = false;
 
+  // Look-up dialog: the statement and title a keyword chose, and the key of the row picked
+  // (empty when the user left with Esc).
+  QString AyudaSql;
+  QString AyudaTitulo;
+  QString AyudaResultado;
+
+  // The active browser's search and sort, and whether a filter is on.
+  QString VistaBusqueda;
+  QString VistaOrden;
+  bool FiltroActivo = false;
+
   // "yyyyMMdd": when set, the server date is this day (tests and demonstrations).
   QString FechaFija;
   // Year shown by the browsers (status bar panel 5).
