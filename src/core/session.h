@@ -86,6 +86,9 @@ struct Session {
   QString OrdenActual, CompraActual, ContraReciboActual, LicitacionActual, CotizacionActual,
       PedidoActual, RemisionActual, FacturaActual, ProduccionActual, TraspasoActual, PagoActual,
       NotaActual, AjusteActual;
+  // The key of a catalogue browser's current row, for its change screen; a change or add
+  // screen leaves here the key it saved, so that the browser refreshes that row.
+  QString RegistroActual;
 
   // Authorization prompt.
   QString AutorizacionTitulo;
