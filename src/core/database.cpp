@@ -59,7 +59,7 @@ QString PostgresCadena(const ConnectionTarget& target) {
   return url.toString();
 }
 
-Connection::Connection(const QString& cadena) : name_(NextConnectionName()) {
+Connection::Connection(const QString& cadena, Acceso acceso) : name_(NextConnectionName()) {
   const std::optional<ConnectionTarget> target = ParseCadena(cadena);
   if (!target) {
     error_ = QStringLiteral("Cadena de conexión no válida: ") + cadena;
@@ -74,7 +74,9 @@ Connection::Connection(const QString& cadena) : name_(NextConnectionName()) {
     db_ = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), name_);
     db_.setDatabaseName(target->path);
     // Several workstations may share the file: a writer waits for another instead of failing.
-    db_.setConnectOptions(QStringLiteral("QSQLITE_BUSY_TIMEOUT=15000"));
+    db_.setConnectOptions(acceso == Acceso::kLectura
+                              ? QStringLiteral("QSQLITE_BUSY_TIMEOUT=15000;QSQLITE_OPEN_READONLY")
+                              : QStringLiteral("QSQLITE_BUSY_TIMEOUT=15000"));
   } else {
     db_ = QSqlDatabase::addDatabase(QStringLiteral("QPSQL"), name_);
     db_.setHostName(target->host);
@@ -94,6 +96,9 @@ Connection::Connection(const QString& cadena) : name_(NextConnectionName()) {
     // them ahead costs more than it saves.
     QSqlQuery(db_).exec(QStringLiteral("set client_min_messages to warning"));
     QSqlQuery(db_).exec(QStringLiteral("set jit = off"));
+    if (acceso == Acceso::kLectura) {
+      QSqlQuery(db_).exec(QStringLiteral("set default_transaction_read_only = on"));
+    }
   }
 }
 

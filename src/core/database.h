@@ -32,7 +32,10 @@ QString PostgresCadena(const ConnectionTarget& target);
 // Queries made on it must not outlive it.
 class Connection {
  public:
-  explicit Connection(const QString& cadena);
+  // kLectura opens a connection that cannot change anything: the browsers run the views'
+  // statements, which an administrator may type, on one of these.
+  enum class Acceso { kEscritura, kLectura };
+  explicit Connection(const QString& cadena, Acceso acceso = Acceso::kEscritura);
   ~Connection();
   Connection(const Connection&) = delete;
   Connection& operator=(const Connection&) = delete;

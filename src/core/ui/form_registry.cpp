@@ -3,6 +3,7 @@
 #include <QWidget>
 
 #include "core/ui/mdi_inicio_autorizacion.h"
+#include "core/ui/navegador.h"
 #include "core/ui/pantalla_pendiente.h"
 #include "maintenance/ui/mdi_inicio_manto.h"
 
@@ -17,6 +18,7 @@ QWidget* FormRegistry::Create(const QString& name, Session& session) const {
 void RegistrarFormularios(FormRegistry& registry) {
   registry.Add(QStringLiteral("MDIInicioAutorizacion"),
                [](Session& session) { return new MDIInicioAutorizacion(session); });
+  RegistrarNavegadores(registry);
   RegistrarMantenimiento(registry);
 }
 

@@ -40,10 +40,12 @@ class MDIInicio : public QMainWindow {
   // The users catalogue, behind the password step.
   void AbrirUsuarios();
   void AbrirTpv();
-  // Status panel 4: free for the browsers' sums.
-  void MostrarSuma(const QString& texto);
   QString Panel(int numero) const;
   QMdiArea* area() const { return area_; }
+
+ public slots:
+  // Status panel 4: free for the browsers' sums.
+  void MostrarSuma(const QString& texto);
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;

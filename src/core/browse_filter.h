@@ -1,0 +1,51 @@
+#pragma once
+
+#include <vector>
+
+#include <QString>
+
+#include "core/browse_view.h"
+#include "core/database.h"
+#include "core/outcome.h"
+
+// The filter language of the grid browsers and the answers of their search prompts. What a
+// user types under a column becomes a piece of WHERE text over the view "t"; the typed values
+// travel as bound values, never inside the text.
+namespace ventarix::mBrowse {
+
+// The longest text a filter accepts under one column.
+inline constexpr int kLargoMaximoFiltro = 1000;
+
+// The filter of one column: the condition, or why the text does not read for the column's
+// type (a warning whose field is the column's name). "*" and an empty text give an ok outcome
+// with an empty condition: no filter on that column.
+struct ResultadoFiltro {
+  Outcome outcome;
+  Condicion condicion;
+};
+
+// A column of the view as the conditions name it: t."name", quotes inside doubled.
+QString ColumnaDeVista(const QString& columna);
+
+// The language per column type, each condition in parentheses:
+//   any:    "*" or nothing: no condition; blanks only: is null (text: or empty)
+//   text:   "abc" contains abc, ignoring case; "a,b,c" equals one of the terms, ignoring case
+//   number: "10-20" range, "1,5,9" one of them, "125" equal
+//   date:   "31/12/2014" that day, "12/2014" that month, "2014" that year, and "a-b" from the
+//           first day of a to the last day of b, each side in any of those three forms
+// Two-digit years are read 2000-2029 and 1930-1999. The characters %, _ and ! are plain
+// characters in a text filter, not wildcards; control characters are dropped.
+ResultadoFiltro CondicionDeFiltro(Engine engine, TipoColumna tipo, const QString& columna,
+                                  const QString& texto);
+
+// The conditions that are not empty, joined by " and ", with their values in order.
+Condicion UnirCondiciones(const std::vector<Condicion>& condiciones);
+
+// The answer of a browser's search prompt (F2, F3, F4) over one column: "*" is all rows (an
+// empty condition); `igual` compares the column with the answer read as a number (anything not
+// a number reads as 0); otherwise the column, read as text, contains the answer ignoring case.
+// An answer longer than kLargoMaximoFiltro finds nothing.
+Condicion CondicionDeBusqueda(Engine engine, const QString& columna, bool igual,
+                              const QString& respuesta);
+
+}  // namespace ventarix::mBrowse

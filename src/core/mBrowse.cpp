@@ -1,0 +1,270 @@
+#include "core/mBrowse.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QLocale>
+#include <QSqlQuery>
+
+#include "core/dialect.h"
+
+namespace ventarix::mBrowse {
+
+namespace {
+
+const QString kColumnasTablas = QStringLiteral(
+    "tabla, usuario, sentencia, cadena, busqueda, ordenar, permisos, seguridad, extender, "
+    "renglon, altura, posicion");
+
+std::optional<Vista> LeerFila(Connection& connection, const QString& tabla,
+                              const QString& usuario) {
+  QSqlQuery query =
+      connection.Exec(QStringLiteral("select ") + kColumnasTablas +
+                          QStringLiteral(" from tablas where tabla = ? and usuario = ?"),
+                      {tabla, usuario});
+  if (!query.next()) return std::nullopt;
+  Vista v;
+  v.Tabla = query.value(0).toString();
+  v.Usuario = query.value(1).toString();
+  v.Sentencia = query.value(2).toString();
+  v.Cadena = query.value(3).toString();
+  v.Busqueda = query.value(4).toString();
+  v.Ordenar = query.value(5).toString();
+  v.Permisos = query.value(6).toString();
+  v.Seguridad = query.value(7).toString();
+  v.Extender = query.value(8).toInt();
+  v.Renglon = query.value(9).toInt();
+  v.Altura = query.value(10).toInt();
+  v.Posicion = query.value(11).toInt();
+  return v;
+}
+
+bool InsertarFila(Connection& connection, const Vista& v, QString* error) {
+  return connection.Run(QStringLiteral("insert into tablas (") + kColumnasTablas +
+                            QStringLiteral(") values (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)"),
+                        {v.Tabla, v.Usuario, v.Sentencia, v.Cadena, v.Busqueda, v.Ordenar,
+                         v.Permisos, v.Seguridad, v.Extender, v.Renglon, v.Altura, v.Posicion},
+                        error);
+}
+
+QString SentenciaDeTabla(const QString& tabla) {
+  return QStringLiteral("select * from ") + dialect::Name(tabla);
+}
+
+// Whether the definition names exactly the statement's fields.
+bool CoincideCon(const std::vector<ColumnaVista>& columnas, const std::vector<Campo>& campos) {
+  if (columnas.size() != campos.size()) return false;
+  for (const Campo& campo : campos) {
+    const bool esta = std::any_of(columnas.begin(), columnas.end(), [&](const ColumnaVista& c) {
+      return c.nombre.compare(campo.nombre, Qt::CaseInsensitive) == 0;
+    });
+    if (!esta) return false;
+  }
+  return true;
+}
+
+}  // namespace
+
+std::vector<ColumnaVista> DefinicionInicial(const std::vector<Campo>& campos) {
+  std::vector<ColumnaVista> columnas;
+  for (const Campo& campo : campos) {
+    ColumnaVista c;
+    c.nombre = campo.nombre;
+    c.tipo = campo.tipo;
+    switch (TipoDe(campo.tipo)) {
+      case TipoColumna::kNumero:
+        c.formato = campo.tipo == kTipoDoble ? QStringLiteral("#,##0.00") : QString();
+        c.alineacion = 1;
+        c.ancho = 90;
+        break;
+      case TipoColumna::kFecha:
+        c.formato = QStringLiteral("dd mmm yyyy");
+        c.ancho = 95;
+        break;
+      default:
+        c.ancho = qBound(60, campo.nombre.size() * 12, 220);
+    }
+    columnas.push_back(c);
+  }
+  return columnas;
+}
+
+VistaCargada ObtenerVista(const Session& session, const QString& tabla,
+                          const QString& sentencia_inicial) {
+  VistaCargada resultado;
+  Connection connection(session.Cadena);
+  if (!connection.ok()) {
+    resultado.outcome = Outcome::Stop(connection.error());
+    return resultado;
+  }
+  Connection lectura(session.Cadena, Connection::Acceso::kLectura);
+  const QString plantilla = QString::fromLatin1(kPlantilla);
+  // At most three rounds: the user's row, the template row, a new template.
+  for (int intento = 0; intento < 3; ++intento) {
+    std::optional<Vista> fila = LeerFila(connection, tabla, session.Usuario);
+    resultado.propia = fila.has_value();
+    if (!fila) fila = LeerFila(connection, tabla, plantilla);
+    const bool nueva = !fila;
+    if (nueva) {
+      fila = Vista{};
+      fila->Tabla = tabla;
+      fila->Usuario = plantilla;
+      fila->Sentencia = sentencia_inicial.isEmpty() ? SentenciaDeTabla(tabla) : sentencia_inicial;
+    }
+    const QString sentencia =
+        fila->Sentencia.trimmed().isEmpty() ? SentenciaDeTabla(tabla) : fila->Sentencia;
+    const Campos campos = CamposDeSentencia(lectura, sentencia);
+    if (!campos.outcome) {
+      if (nueva && !connection.Tables().contains(tabla, Qt::CaseInsensitive)) {
+        resultado.outcome = Outcome::Stop(QStringLiteral("NO EXISTE LA TABLA:  [") + tabla);
+      } else {
+        resultado.outcome = campos.outcome;
+      }
+      return resultado;
+    }
+    if (nueva) {
+      fila->Cadena = EscribirCadena(DefinicionInicial(campos.campos));
+      QString error;
+      if (!InsertarFila(connection, *fila, &error)) {
+        resultado.outcome = Outcome::Stop(error);
+        return resultado;
+      }
+    }
+    std::vector<ColumnaVista> columnas = LeerCadena(fila->Cadena);
+    if (CoincideCon(columnas, campos.campos)) {
+      resultado.vista = *fila;
+      resultado.columnas = std::move(columnas);
+      return resultado;
+    }
+    connection.Run(QStringLiteral("delete from tablas where tabla = ? and usuario = ?"),
+                   {fila->Tabla, fila->Usuario});
+  }
+  resultado.outcome = Outcome::Stop(QStringLiteral("No se pudo construir la vista: ") + tabla);
+  return resultado;
+}
+
+Outcome GuardarVista(const Session& session, const Vista& vista) {
+  Connection connection(session.Cadena);
+  if (!connection.ok()) return Outcome::Stop(connection.error());
+  Transaction transaccion(connection);
+  QString error;
+  QSqlQuery existe =
+      connection.Exec(QStringLiteral("select count(*) from tablas where tabla = ? and usuario = ?"),
+                      {vista.Tabla, session.Usuario});
+  const bool hay = existe.next() && existe.value(0).toInt() > 0;
+  bool ok = false;
+  if (hay) {
+    ok = connection.Run(
+        QStringLiteral("update tablas set renglon = ?, posicion = ?, busqueda = ?, ordenar = ? "
+                       "where tabla = ? and usuario = ?"),
+        {vista.Renglon, vista.Posicion, vista.Busqueda, vista.Ordenar, vista.Tabla,
+         session.Usuario},
+        &error);
+  } else {
+    Vista propia = vista;
+    propia.Usuario = session.Usuario;
+    ok = InsertarFila(connection, propia, &error);
+  }
+  if (!ok || !transaccion.Commit()) return Outcome::Stop(error);
+  return Outcome::Ok();
+}
+
+Outcome BorrarVista(const Session& session, const QString& tabla) {
+  Connection connection(session.Cadena);
+  QString error;
+  if (!connection.Run(QStringLiteral("delete from tablas where tabla = ? and usuario = ?"),
+                      {tabla, session.Usuario}, &error)) {
+    return Outcome::Stop(error);
+  }
+  return Outcome::Ok();
+}
+
+QString EscribirBusqueda(const Condicion& condicion) {
+  if (condicion.vacia()) return {};
+  QString texto = QStringLiteral("where ") + condicion.texto;
+  if (!condicion.valores.isEmpty()) {
+    QJsonArray valores;
+    for (const QVariant& v : condicion.valores) valores.append(QJsonValue::fromVariant(v));
+    texto += u'\n' + QString::fromUtf8(QJsonDocument(valores).toJson(QJsonDocument::Compact));
+  }
+  return texto;
+}
+
+Condicion LeerBusqueda(const QString& busqueda) {
+  const qsizetype salto = busqueda.indexOf(u'\n');
+  QString texto = (salto < 0 ? busqueda : busqueda.left(salto)).trimmed();
+  // Also a text saved by hand as "... as t where ..." keeps only the condition.
+  const qsizetype donde = texto.lastIndexOf(QStringLiteral("where "), -1, Qt::CaseInsensitive);
+  if (donde < 0) return {};
+  Condicion condicion{texto.mid(donde + 6).trimmed(), {}};
+  if (salto >= 0) {
+    const QJsonArray valores = QJsonDocument::fromJson(busqueda.mid(salto + 1).toUtf8()).array();
+    for (const QJsonValue& v : valores) condicion.valores << v.toVariant();
+  }
+  if (condicion.texto.count(u'?') != condicion.valores.size()) return {};
+  return condicion;
+}
+
+Condicion LeerBusqueda(const Session& session, const QString& tabla) {
+  Connection connection(session.Cadena);
+  QSqlQuery query = connection.Exec(
+      QStringLiteral("select busqueda, ordenar from tablas where tabla = ? and usuario = ?"),
+      {tabla, session.Usuario});
+  if (!query.next()) return {};
+  return LeerBusqueda(query.value(0).toString());
+}
+
+bool TienePeriodo(const std::vector<Campo>& campos) {
+  return std::any_of(campos.begin(), campos.end(), [](const Campo& c) {
+    return c.nombre.compare(QLatin1String("periodo"), Qt::CaseInsensitive) == 0;
+  });
+}
+
+std::vector<Prompt> PromptsDeBoton(const Session& session, const QString& seguridad, int boton) {
+  std::vector<Prompt> prompts;
+  QString texto = seguridad;
+  texto.replace(u'\r', u'\n');
+  for (const QString& linea : texto.split(u'\n', Qt::SkipEmptyParts)) {
+    const QStringList campos = linea.split(u'|');
+    bool ok = false;
+    if (campos.value(0).trimmed().toInt(&ok) != boton || !ok) continue;
+    const auto es_cero = [&](int i) {
+      bool numero = false;
+      const int valor = campos.value(i - 1).trimmed().toInt(&numero);
+      return numero && valor == 0;
+    };
+    if (es_cero(3) && !session.ContrasenaAdministrador.isEmpty()) {
+      prompts.push_back({QStringLiteral("Escriba la contraseña del usuario"), session.Contrasena});
+    }
+    if (es_cero(5)) {
+      prompts.push_back(
+          {QStringLiteral("Escriba la contraseña del gerente"), session.ContrasenaGerente});
+    }
+    break;
+  }
+  return prompts;
+}
+
+bool BotonPermitido(const QString& permisos, int boton) {
+  return boton < 1 || boton > permisos.size() || permisos.at(boton - 1) != u'0';
+}
+
+QString MostrarFilas(qint64 filas, qint64 fila_actual) {
+  if (fila_actual > 0) {
+    return QString::number(fila_actual) + u'/' + QString::number(filas) + QStringLiteral(" filas");
+  }
+  return QString::number(filas) + QStringLiteral(" filas");
+}
+
+QString SumaSeleccion(const std::vector<double>& valores, qint64 celdas) {
+  if (celdas <= 0) return {};
+  if (celdas > kMaximoCeldas) {
+    return QStringLiteral("Error, Demasiadas filas = ") + QString::number(celdas);
+  }
+  double suma = 0;
+  for (double v : valores) suma += v;
+  QLocale formato = QLocale::c();
+  formato.setNumberOptions(QLocale::DefaultNumberOptions);
+  return formato.toString(suma, 'f', 2) + QStringLiteral(",  Suma = ") + QString::number(celdas);
+}
+
+}  // namespace ventarix::mBrowse

@@ -1,0 +1,69 @@
+#pragma once
+
+#include <optional>
+#include <vector>
+
+#include <QString>
+#include <QVariantList>
+
+#include "core/browse_query.h"
+#include "core/browse_view.h"
+#include "core/outcome.h"
+#include "core/session.h"
+
+// The shared rules of every grid browser: which saved view a user gets, how it follows a
+// changed table, what a search keeps, and the prompts a toolbar button asks for.
+namespace ventarix::mBrowse {
+
+// The view of a form for the session's user: the user's own row, else the template row of
+// "ADMINISTRADOR", else a new template row built from the statement's columns. A row whose
+// columns no longer match the statement's is deleted and the next one tried, so views follow
+// a changed table by themselves. `sentencia_inicial` is the statement of a new row ("select *
+// from <tabla>" when empty).
+struct VistaCargada {
+  Outcome outcome;  // "NO EXISTE LA TABLA:  [<tabla>" and the like
+  Vista vista;
+  std::vector<ColumnaVista> columnas;
+  bool propia = false;  // the row belongs to the user
+};
+VistaCargada ObtenerVista(const Session& session, const QString& tabla,
+                          const QString& sentencia_inicial = {});
+
+// A definition line per field, with widths and formats by type.
+std::vector<ColumnaVista> DefinicionInicial(const std::vector<Campo>& campos);
+
+// Writes the current row, first visible column, search and sort into the user's row, adding
+// it from the view when missing.
+Outcome GuardarVista(const Session& session, const Vista& vista);
+Outcome BorrarVista(const Session& session, const QString& tabla);
+
+// `Busqueda` keeps "where " and the condition with its placeholders; the values follow on a
+// second line, so no typed text is ever part of the statement.
+QString EscribirBusqueda(const Condicion& condicion);
+Condicion LeerBusqueda(const QString& busqueda);
+// The saved search of a view for the user, without the word "where", for reports.
+Condicion LeerBusqueda(const Session& session, const QString& tabla);
+
+// The year filter applies when the view has a `periodo` column.
+bool TienePeriodo(const std::vector<Campo>& campos);
+
+// The prompts a toolbar button of the view asks before it acts, from the view's `Seguridad`
+// lines ("button|...|user|...|manager"): field 3 equal to 0 asks the user's own password when
+// an administrator's password exists; field 5 equal to 0 asks the manager's.
+struct Prompt {
+  QString titulo;
+  QString clave;  // the stored password the typed one must match
+};
+std::vector<Prompt> PromptsDeBoton(const Session& session, const QString& seguridad, int boton);
+
+// Whether the view's `Permisos` leaves button `boton` (1-based) enabled.
+bool BotonPermitido(const QString& permisos, int boton);
+
+// Status texts: "n filas", or "row/n filas".
+QString MostrarFilas(qint64 filas, qint64 fila_actual = 0);
+// The sum panel's text for the selected numbers: the sum and ",  Suma = " count; more than
+// 32767 cells give "Error, Demasiadas filas = " and the count; nothing selected, empty.
+inline constexpr int kMaximoCeldas = 32767;
+QString SumaSeleccion(const std::vector<double>& valores, qint64 celdas);
+
+}  // namespace ventarix::mBrowse

@@ -1,0 +1,196 @@
+#include "core/ui/browse_model.h"
+
+#include <QColor>
+#include <QLocale>
+
+#include "core/dialect.h"
+
+namespace ventarix {
+
+namespace {
+
+const std::array<const char*, 12> kMeses = {"ene", "feb", "mar", "abr", "may", "jun",
+                                            "jul", "ago", "sep", "oct", "nov", "dic"};
+
+QString Fecha(const QDateTime& fecha, const QString& formato) {
+  if (!fecha.isValid()) return {};
+  const QDate dia = fecha.date();
+  const QString mes = QString::fromLatin1(kMeses[dia.month() - 1]);
+  if (formato.startsWith(QLatin1String("hh"))) return fecha.toString(QStringLiteral("hh:mm:ss ap"));
+  if (formato == QLatin1String("dd/mmm/yy")) {
+    return dia.toString(QStringLiteral("dd")) + u'/' + mes + u'/' +
+           dia.toString(QStringLiteral("yy"));
+  }
+  return dia.toString(QStringLiteral("dd")) + u' ' + mes + u' ' + QString::number(dia.year());
+}
+
+// "#,##0.00", "#,##0.0000", "0": grouping when there is a comma, decimals after the point.
+QString Numero(double valor, const QString& formato) {
+  QLocale locale = QLocale::c();
+  if (formato.contains(u',')) locale.setNumberOptions(QLocale::DefaultNumberOptions);
+  const qsizetype punto = formato.indexOf(u'.');
+  const int decimales = punto < 0 ? 0 : static_cast<int>(formato.size() - punto - 1);
+  return locale.toString(valor, 'f', decimales);
+}
+
+}  // namespace
+
+ModeloVista::ModeloVista(const Session& session, QObject* parent)
+    : QAbstractTableModel(parent), session_(session) {}
+
+Outcome ModeloVista::Cargar(const mBrowse::Consulta& consulta,
+                            const std::vector<mBrowse::ColumnaVista>& columnas) {
+  beginResetModel();
+  consulta_ = consulta;
+  columnas_ = columnas;
+  nombres_.clear();
+  for (const mBrowse::ColumnaVista& c : columnas_) nombres_ << c.nombre;
+  filas_.clear();
+  filas_totales_ = 0;
+  limite_ = 0;
+  Outcome resultado;
+  {
+    Connection lectura(session_.Cadena, Connection::Acceso::kLectura);
+    QString error;
+    const std::optional<qint64> filas =
+        lectura.ok() ? mBrowse::ContarFilas(lectura, consulta_, &error) : std::nullopt;
+    if (!filas) {
+      resultado = Outcome::Stop(lectura.ok() ? error : lectura.error());
+    } else {
+      filas_totales_ = *filas;
+      limite_ = qMin(*filas, mBrowse::kLimiteFilas);
+    }
+  }
+  endResetModel();
+  if (resultado && canFetchMore()) fetchMore();
+  return resultado;
+}
+
+int ModeloVista::ColumnaDe(const QString& nombre) const {
+  for (int i = 0; i < nombres_.size(); ++i) {
+    if (nombres_.at(i).compare(nombre, Qt::CaseInsensitive) == 0) return i;
+  }
+  return -1;
+}
+
+QVariant ModeloVista::Valor(int fila, int columna) const {
+  if (fila < 0 || fila >= static_cast<int>(filas_.size())) return {};
+  return filas_[fila].value(columna);
+}
+
+void ModeloVista::AsegurarFila(int fila) {
+  while (fila >= static_cast<int>(filas_.size()) && canFetchMore()) {
+    const size_t antes = filas_.size();
+    fetchMore();
+    if (filas_.size() == antes) break;
+  }
+}
+
+int ModeloVista::ReemplazarFila(const QVariantList& valores) {
+  const int llave = consulta_.llave.isEmpty() ? -1 : ColumnaDe(consulta_.llave.front());
+  if (llave >= 0) {
+    const int fila = BuscarFila(llave, valores.value(llave));
+    if (fila >= 0) {
+      filas_[fila] = valores;
+      emit dataChanged(index(fila, 0), index(fila, columnCount() - 1));
+      return fila;
+    }
+  }
+  const int fila = static_cast<int>(filas_.size());
+  beginInsertRows({}, fila, fila);
+  filas_.push_back(valores);
+  ++limite_;
+  ++filas_totales_;
+  endInsertRows();
+  return fila;
+}
+
+int ModeloVista::BuscarFila(int columna, const QVariant& valor) const {
+  const QString buscado = valor.toString();
+  for (size_t i = 0; i < filas_.size(); ++i) {
+    if (filas_[i].value(columna).toString() == buscado) return static_cast<int>(i);
+  }
+  return -1;
+}
+
+int ModeloVista::rowCount(const QModelIndex& parent) const {
+  return parent.isValid() ? 0 : static_cast<int>(filas_.size());
+}
+
+int ModeloVista::columnCount(const QModelIndex& parent) const {
+  return parent.isValid() ? 0 : static_cast<int>(columnas_.size());
+}
+
+QString ModeloVista::Formatear(const QVariant& valor, const mBrowse::ColumnaVista& columna) const {
+  if (valor.isNull()) return {};
+  switch (mBrowse::TipoDe(columna.tipo)) {
+    case mBrowse::TipoColumna::kNumero:
+      if (columna.formato.isEmpty()) return valor.toString();
+      return Numero(valor.toDouble(), columna.formato);
+    case mBrowse::TipoColumna::kFecha:
+      return Fecha(dialect::ReadDate(valor), columna.formato);
+    default:
+      return valor.toString();
+  }
+}
+
+QVariant ModeloVista::data(const QModelIndex& index, int role) const {
+  if (!index.isValid() || index.row() >= rowCount() || index.column() >= columnCount()) return {};
+  const mBrowse::ColumnaVista& columna = columnas_[index.column()];
+  switch (role) {
+    case Qt::DisplayRole:
+      return Formatear(filas_[index.row()].value(index.column()), columna);
+    case Qt::EditRole:
+      return filas_[index.row()].value(index.column());
+    case Qt::TextAlignmentRole:
+      if (columna.alineacion == 1) return QVariant(Qt::AlignRight | Qt::AlignVCenter);
+      if (columna.alineacion == 2) return QVariant(Qt::AlignCenter);
+      return QVariant(Qt::AlignLeft | Qt::AlignVCenter);
+    default:
+      return {};
+  }
+}
+
+QVariant ModeloVista::headerData(int section, Qt::Orientation orientation, int role) const {
+  if (role != Qt::DisplayRole) return {};
+  if (orientation == Qt::Vertical) return section + 1;
+  if (section < 0 || section >= columnCount()) return {};
+  return columnas_[section].nombre;
+}
+
+bool ModeloVista::canFetchMore(const QModelIndex& parent) const {
+  return !parent.isValid() && static_cast<qint64>(filas_.size()) < limite_;
+}
+
+void ModeloVista::fetchMore(const QModelIndex& parent) {
+  if (parent.isValid() || leyendo_ || !canFetchMore()) return;
+  leyendo_ = true;
+  const qint64 desde = static_cast<qint64>(filas_.size());
+  const int cuantas = static_cast<int>(qMin<qint64>(kPagina, limite_ - desde));
+  mBrowse::Pagina pagina;
+  {
+    Connection lectura(session_.Cadena, Connection::Acceso::kLectura);
+    const QVariantList ultima = filas_.empty() ? QVariantList() : filas_.back();
+    pagina = lectura.ok()
+                 ? mBrowse::LeerPagina(lectura, consulta_, nombres_, ultima, desde, cuantas)
+                 : mBrowse::Pagina{Outcome::Stop(lectura.error()), {}};
+  }
+  if (!pagina.outcome) {
+    // Nothing more can be read: the grid keeps what it has.
+    limite_ = desde;
+    leyendo_ = false;
+    emit Error(pagina.outcome.message);
+    return;
+  }
+  if (pagina.filas.empty()) {
+    limite_ = desde;
+  } else {
+    const int n = static_cast<int>(pagina.filas.size());
+    beginInsertRows({}, static_cast<int>(desde), static_cast<int>(desde) + n - 1);
+    for (QVariantList& fila : pagina.filas) filas_.push_back(std::move(fila));
+    endInsertRows();
+  }
+  leyendo_ = false;
+}
+
+}  // namespace ventarix

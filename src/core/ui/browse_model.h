@@ -1,0 +1,71 @@
+#pragma once
+
+#include <vector>
+
+#include <QAbstractTableModel>
+#include <QVariantList>
+
+#include "core/browse_query.h"
+#include "core/browse_view.h"
+#include "core/session.h"
+
+namespace ventarix {
+
+// The rows of a saved view for a grid. Rows arrive in pages as the user scrolls; each page
+// opens its own read-only connection and closes it, so nothing stays open between events (an
+// open read on a SQLite file would hold the till's writes). Sorting and filtering happen in
+// SQL; at most kLimiteFilas rows are ever shown.
+class ModeloVista : public QAbstractTableModel {
+  Q_OBJECT
+
+ public:
+  static constexpr int kPagina = 256;
+
+  ModeloVista(const Session& session, QObject* parent = nullptr);
+
+  // Counts the rows and reads the first page. Returns the engine's words when the statement
+  // fails.
+  Outcome Cargar(const mBrowse::Consulta& consulta,
+                 const std::vector<mBrowse::ColumnaVista>& columnas);
+  Outcome Recargar() { return Cargar(consulta_, columnas_); }
+
+  const mBrowse::Consulta& consulta() const { return consulta_; }
+  const std::vector<mBrowse::ColumnaVista>& columnas() const { return columnas_; }
+  // Rows the statement has (before the cut), and rows shown at most.
+  qint64 filas_totales() const { return filas_totales_; }
+  qint64 limite() const { return limite_; }
+  int ColumnaDe(const QString& nombre) const;
+  QVariant Valor(int fila, int columna) const;
+  // Reads pages until `fila` is loaded (or the end).
+  void AsegurarFila(int fila);
+  // Puts the row in place of the loaded one with the same key, or adds it at the end; returns
+  // its row number.
+  int ReemplazarFila(const QVariantList& valores);
+  // The first loaded row whose column holds the value, or -1.
+  int BuscarFila(int columna, const QVariant& valor) const;
+
+  int rowCount(const QModelIndex& parent = {}) const override;
+  int columnCount(const QModelIndex& parent = {}) const override;
+  QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
+  QVariant headerData(int section, Qt::Orientation orientation,
+                      int role = Qt::DisplayRole) const override;
+  bool canFetchMore(const QModelIndex& parent = {}) const override;
+  void fetchMore(const QModelIndex& parent = {}) override;
+
+ signals:
+  void Error(const QString& texto);
+
+ private:
+  QString Formatear(const QVariant& valor, const mBrowse::ColumnaVista& columna) const;
+
+  const Session& session_;
+  mBrowse::Consulta consulta_;
+  std::vector<mBrowse::ColumnaVista> columnas_;
+  QStringList nombres_;
+  std::vector<QVariantList> filas_;
+  qint64 filas_totales_ = 0;
+  qint64 limite_ = 0;
+  bool leyendo_ = false;
+};
+
+}  // namespace ventarix

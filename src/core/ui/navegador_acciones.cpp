@@ -1,0 +1,367 @@
+// What a browser does with its toolbar and keys: add, change and cancel behind rights and
+// authorization, the searches, the sort, the sum of the selected cells and the copy.
+#include <QAction>
+#include <QApplication>
+#include <QClipboard>
+#include <QDialog>
+#include <QInputDialog>
+#include <QKeyEvent>
+#include <QStyle>
+#include <QTableView>
+#include <QToolBar>
+
+#include "core/dialect.h"
+#include "core/mBrowse.h"
+#include "core/mFunciones_valores.h"
+#include "core/ui/browse_model.h"
+#include "core/ui/form_registry.h"
+#include "core/ui/mdi_inicio.h"
+#include "core/ui/mdi_inicio_autorizacion.h"
+#include "core/ui/message_box.h"
+#include "core/ui/navegador.h"
+
+namespace ventarix {
+
+namespace {
+
+int TeclaDeFuncion(int key) {
+  return key >= Qt::Key_F2 && key <= Qt::Key_F8 ? key - Qt::Key_F1 + 1 : -1;
+}
+
+}  // namespace
+
+void Navegador::ConstruirBarra() {
+  barra_ = new QToolBar(this);
+  barra_->setObjectName(QStringLiteral("Toolbar"));
+  barra_->setIconSize(QSize(18, 18));
+  barra_->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+  QStyle* estilo = style();
+  auto boton = [&](int numero, QStyle::StandardPixmap icono, const QString& texto, auto accion) {
+    QAction* a = barra_->addAction(estilo->standardIcon(icono), texto);
+    a->setObjectName(QStringLiteral("Toolbar_%1").arg(numero));
+    connect(a, &QAction::triggered, this, accion);
+    return a;
+  };
+  boton(1, QStyle::SP_FileIcon, QStringLiteral("Nuevo"), &Navegador::Nuevo);
+  boton(2, QStyle::SP_FileDialogDetailedView, QStringLiteral("Cambiar"), &Navegador::Cambiar);
+  boton(3, QStyle::SP_DialogCancelButton, QStringLiteral("Cancelar"), &Navegador::Cancelar);
+  barra_->addSeparator();
+  boton(5, QStyle::SP_DialogSaveButton, QStringLiteral("Copiar"), &Navegador::Copiar);
+  boton(6, QStyle::SP_FileDialogContentsView, QStringLiteral("Imprimir"), &Navegador::Imprimir);
+  barra_->addSeparator();
+  if (QLatin1String(familia_.forma) == QLatin1String("FrmUsuarios")) {
+    boton(7, QStyle::SP_DialogApplyButton, QStringLiteral("Permisos"), [this] {
+      if (!session_.Administrador) return;
+      session_.RegistroActual = LlaveActual();
+      if (!session_.RegistroActual.isEmpty()) AbrirForma(QStringLiteral("FrmUsuariosP"));
+    });
+  }
+  boton(10, QStyle::SP_DialogCloseButton, QStringLiteral("Cerrar"), [this] {
+    if (auto* ventana = parentWidget(); ventana && ventana->inherits("QMdiSubWindow")) {
+      ventana->close();
+    } else {
+      close();
+    }
+  });
+  // Only an administrator keeps users.
+  if (familia_.derechos == nullptr && !session_.Administrador) {
+    for (int i : {1, 3, 7}) {
+      if (QAction* a = barra_->findChild<QAction*>(QStringLiteral("Toolbar_%1").arg(i))) {
+        a->setVisible(false);
+      }
+    }
+  }
+}
+
+bool Navegador::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == fg1_ && event->type() == QEvent::KeyPress) {
+    return Tecla(static_cast<QKeyEvent*>(event));
+  }
+  return QWidget::eventFilter(watched, event);
+}
+
+bool Navegador::Tecla(QKeyEvent* event) {
+  const bool control = event->modifiers() & Qt::ControlModifier;
+  const int key = event->key();
+  if (control) {
+    switch (key) {
+      case Qt::Key_C:
+        Copiar();
+        return true;
+      case Qt::Key_Space:
+        Ordenar(fg1_->currentIndex().column());
+        return true;
+      case Qt::Key_F9:
+        Formato();
+        return true;
+      case Qt::Key_1:
+        Imprimir();
+        return true;
+      case Qt::Key_B:
+        Buscar(0);
+        return true;
+      default:
+        return false;
+    }
+  }
+  switch (key) {
+    case Qt::Key_Escape:
+      barra_->findChild<QAction*>(QStringLiteral("Toolbar_10"))->trigger();
+      return true;
+    case Qt::Key_Insert:
+      Nuevo();
+      return true;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+      Cambiar();
+      return true;
+    case Qt::Key_Delete:
+      Cancelar();
+      return true;
+    case Qt::Key_F5: {
+      const QModelIndex actual = fg1_->currentIndex();
+      vista_.Renglon = qMax(0, actual.row());
+      vista_.Posicion = qMax(0, actual.column());
+      const mBrowse::Condicion busqueda = modelo_->consulta().busqueda;
+      const std::vector<mBrowse::Orden> orden = modelo_->consulta().orden;
+      mBrowse::Consulta consulta = modelo_->consulta();
+      consulta.periodo.reset();
+      // The year panel may have changed: the load decides the year again.
+      vista_.Busqueda = mBrowse::EscribirBusqueda(busqueda);
+      vista_.Ordenar = mBrowse::EscribirOrdenar(orden);
+      const mBrowse::Vista guardada = vista_;
+      CargarVista();
+      const QModelIndex destino =
+          modelo_->index(qMin(guardada.Renglon, modelo_->rowCount() - 1),
+                         qMin(guardada.Posicion, modelo_->columnCount() - 1));
+      if (destino.isValid()) fg1_->setCurrentIndex(destino);
+      return true;
+    }
+    case Qt::Key_F9:
+      Filtrar();
+      return true;
+    default:
+      break;
+  }
+  if (const int f = TeclaDeFuncion(key); f > 0) {
+    Buscar(f);
+    return true;
+  }
+  return false;
+}
+
+QString Navegador::LlaveActual() const {
+  if (familia_.llave.empty()) return {};
+  const int columna = modelo_->ColumnaDe(QString::fromUtf8(familia_.llave.front()));
+  const QModelIndex actual = fg1_->currentIndex();
+  if (columna < 0 || !actual.isValid()) return {};
+  return modelo_->Valor(actual.row(), columna).toString();
+}
+
+bool Navegador::Autorizar(int boton) {
+  for (const mBrowse::Prompt& prompt : mBrowse::PromptsDeBoton(session_, vista_.Seguridad, boton)) {
+    if (prompt.clave.isEmpty()) continue;
+    session_.AutorizacionTitulo = prompt.titulo;
+    session_.AutorizacionClave = prompt.clave;
+    session_.Autorizado = false;
+    MDIInicioAutorizacion dialogo(session_, this);
+    dialogo.exec();
+    if (!session_.Autorizado) return false;
+  }
+  session_.Autorizado = true;
+  return true;
+}
+
+// The family's add and change screens are modal: when one saves, it leaves its key in
+// RegistroActual and the browser shows that row.
+void Navegador::AbrirForma(const QString& forma) {
+  const QString antes = session_.RegistroActual;
+  if (auto* mdi = qobject_cast<MDIInicio*>(window())) {
+    mdi->Abrir(forma);
+  } else {
+    QWidget* pantalla = registry_.Create(forma, session_);
+    if (auto* dialogo = qobject_cast<QDialog*>(pantalla)) {
+      dialogo->setParent(this, dialogo->windowFlags() | Qt::Dialog);
+      dialogo->exec();
+      delete dialogo;
+    } else if (pantalla != nullptr) {
+      pantalla->setAttribute(Qt::WA_DeleteOnClose);
+      pantalla->show();
+    }
+  }
+  if (!session_.RegistroActual.isEmpty()) RefrescarFila(session_.RegistroActual);
+  Q_UNUSED(antes);
+}
+
+void Navegador::Nuevo() {
+  QAction* boton = barra_->findChild<QAction*>(QStringLiteral("Toolbar_1"));
+  if (!boton->isEnabled() || !boton->isVisible()) return;
+  if (familia_.derechos != nullptr) {
+    const Outcome permiso = mFunciones::TienePermiso(
+        session_, QString::fromLatin1(familia_.derechos), QStringLiteral("A"));
+    if (!permiso) return ui::ShowOutcome(this, permiso);
+  }
+  if (!Autorizar(1)) return;
+  session_.RegistroActual.clear();
+  AbrirForma(QString::fromLatin1(familia_.alta));
+}
+
+void Navegador::Cambiar() {
+  QAction* boton = barra_->findChild<QAction*>(QStringLiteral("Toolbar_2"));
+  if (!boton->isEnabled() || !fg1_->currentIndex().isValid()) return;
+  const QString llave = LlaveActual();
+  if (familia_.derechos != nullptr) {
+    const Outcome permiso = mFunciones::TienePermiso(
+        session_, QString::fromLatin1(familia_.derechos), QStringLiteral("C"));
+    if (!permiso) return ui::ShowOutcome(this, permiso);
+  } else if (!session_.Administrador && llave != session_.Usuario) {
+    return;
+  }
+  if (!Autorizar(2)) return;
+  session_.RegistroActual = llave;
+  AbrirForma(QString::fromLatin1(familia_.cambio));
+}
+
+void Navegador::Cancelar() {
+  QAction* boton = barra_->findChild<QAction*>(QStringLiteral("Toolbar_3"));
+  if (!boton->isEnabled() || !boton->isVisible() || !fg1_->currentIndex().isValid()) return;
+  if (familia_.derechos != nullptr) {
+    const Outcome permiso = mFunciones::TienePermiso(
+        session_, QString::fromLatin1(familia_.derechos), QStringLiteral("B"));
+    if (!permiso) return ui::ShowOutcome(this, permiso);
+  }
+  if (!Autorizar(3)) return;
+  session_.RegistroActual = LlaveActual();
+  AbrirForma(familia_.derechos == nullptr ? QStringLiteral("FrmUsuariosB")
+                                          : QStringLiteral("MDIInicioBajas"));
+}
+
+void Navegador::Imprimir() {
+  QAction* boton = barra_->findChild<QAction*>(QStringLiteral("Toolbar_6"));
+  if (!boton->isEnabled() || !Autorizar(6)) return;
+  AbrirForma(QStringLiteral("RteVista"));
+}
+
+void Navegador::Buscar(int tecla) {
+  const mBrowse::BusquedaFamilia* busqueda = nullptr;
+  for (const mBrowse::BusquedaFamilia& b : familia_.busquedas) {
+    if (b.tecla == tecla) busqueda = &b;
+  }
+  if (busqueda == nullptr) return;
+  const QString columna = QString::fromUtf8(busqueda->columna);
+  const int indice = modelo_->ColumnaDe(columna);
+  if (indice < 0) {
+    return ui::Inform(this, QStringLiteral("No se encuentra la columna [") + columna + u']',
+                      MessageIcon::kStop);
+  }
+  bool aceptado = false;
+  const QString respuesta =
+      QInputDialog::getText(this, QString::fromLatin1(ui::kTitulo),
+                            QString::fromUtf8(busqueda->indicacion) + QStringLiteral("\n* = TODOS"),
+                            QLineEdit::Normal, QString(), &aceptado)
+          .trimmed();
+  if (!aceptado || respuesta.isEmpty()) return;
+  const QString nombre = modelo_->columnas()[indice].nombre;
+  mBrowse::Condicion condicion;
+  if (respuesta != QLatin1String("*")) {
+    const QString c = QStringLiteral("t.") + dialect::Name(nombre);
+    const QString like = u' ' + dialect::ILike(session_.Sql) + u' ';
+    switch (busqueda->modo) {
+      case mBrowse::ModoBusqueda::kIgual:
+        condicion = {c + QStringLiteral(" = ?"), {mFunciones::ValorNumerico(respuesta)}};
+        break;
+      case mBrowse::ModoBusqueda::kContiene:
+        condicion = {c + like + u'?', {u'%' + respuesta + u'%'}};
+        break;
+      case mBrowse::ModoBusqueda::kSubconsulta: {
+        QString sub = QString::fromUtf8(busqueda->subconsulta);
+        sub.replace(QStringLiteral(" like ?"), like + u'?');
+        condicion = {c + QStringLiteral(" in (") + sub + u')', {u'%' + respuesta + u'%'}};
+        break;
+      }
+    }
+  }
+  AplicarBusqueda(condicion, false);
+}
+
+void Navegador::AplicarBusqueda(const mBrowse::Condicion& condicion, bool filtro) {
+  session_.FiltroActivo = filtro && !condicion.vacia();
+  vista_.Busqueda = mBrowse::EscribirBusqueda(condicion);
+  session_.VistaBusqueda = vista_.Busqueda;
+  mBrowse::Consulta consulta = modelo_->consulta();
+  consulta.busqueda = condicion;
+  const Outcome cargado = modelo_->Cargar(consulta, modelo_->columnas());
+  if (!cargado) ui::ShowOutcome(this, cargado);
+  if (modelo_->rowCount() > 0)
+    fg1_->setCurrentIndex(modelo_->index(0, qMax(0, fg1_->currentIndex().column())));
+  PintarFondo();
+  Estado();
+}
+
+void Navegador::Ordenar(int columna) {
+  if (columna < 0 || columna >= modelo_->columnCount()) return;
+  const QString nombre = modelo_->columnas()[columna].nombre;
+  mBrowse::Consulta consulta = modelo_->consulta();
+  const bool ya = consulta.orden.size() == 1 &&
+                  consulta.orden.front().columna.compare(nombre, Qt::CaseInsensitive) == 0;
+  const bool descendente = ya && !consulta.orden.front().descendente;
+  consulta.orden = {{nombre, descendente}};
+  vista_.Ordenar = mBrowse::EscribirOrdenar(consulta.orden);
+  session_.VistaOrden = vista_.Ordenar;
+  const Outcome cargado = modelo_->Cargar(consulta, modelo_->columnas());
+  if (!cargado) ui::ShowOutcome(this, cargado);
+  if (modelo_->rowCount() > 0) fg1_->setCurrentIndex(modelo_->index(0, columna));
+  PintarFondo();
+  Estado();
+}
+
+void Navegador::MostrarSuma() {
+  qint64 celdas = 0;
+  for (const QItemSelectionRange& rango : fg1_->selectionModel()->selection()) {
+    celdas += static_cast<qint64>(rango.width()) * rango.height();
+  }
+  std::vector<double> valores;
+  if (celdas <= mBrowse::kMaximoCeldas) {
+    for (const QModelIndex& i : fg1_->selectionModel()->selectedIndexes()) {
+      valores.push_back(mFunciones::ValorNumerico(modelo_->Valor(i.row(), i.column())));
+    }
+  }
+  const QString texto = mBrowse::SumaSeleccion(valores, celdas);
+  if (auto* mdi = qobject_cast<MDIInicio*>(window())) mdi->MostrarSuma(texto);
+  setProperty("suma", texto);
+}
+
+// One cell goes as its text; a range as lines of tab-separated cells, with the line breaks
+// inside a cell turned into blanks.
+void Navegador::Copiar() {
+  const QModelIndexList celdas = fg1_->selectionModel()->selectedIndexes();
+  if (celdas.isEmpty()) return;
+  if (celdas.size() == 1) {
+    QApplication::clipboard()->setText(celdas.front().data().toString());
+    return;
+  }
+  int primera_fila = INT_MAX, ultima_fila = 0, primera_columna = INT_MAX, ultima_columna = 0;
+  for (const QModelIndex& i : celdas) {
+    primera_fila = qMin(primera_fila, i.row());
+    ultima_fila = qMax(ultima_fila, i.row());
+    primera_columna = qMin(primera_columna, i.column());
+    ultima_columna = qMax(ultima_columna, i.column());
+  }
+  QStringList lineas;
+  for (int f = primera_fila; f <= ultima_fila; ++f) {
+    QStringList linea;
+    for (int c = primera_columna; c <= ultima_columna; ++c) {
+      if (fg1_->isColumnHidden(c)) continue;
+      const QModelIndex i = modelo_->index(f, c);
+      QString texto = fg1_->selectionModel()->isSelected(i) ? i.data().toString() : QString();
+      texto.replace(QStringLiteral("\r\n"), QStringLiteral(" "))
+          .replace(u'\r', u' ')
+          .replace(u'\n', u' ');
+      linea << texto;
+    }
+    lineas << linea.join(u'\t');
+  }
+  QApplication::clipboard()->setText(lineas.join(QStringLiteral("\r\n")));
+}
+
+}  // namespace ventarix
