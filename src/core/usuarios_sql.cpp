@@ -1,0 +1,67 @@
+#include "core/usuarios_sql.h"
+
+#include <QSqlError>
+#include <QSqlQuery>
+
+#include "core/mFunciones.h"
+
+namespace ventarix::usuarios::sql {
+
+Outcome Falla(const Session& session, const QString& descripcion) {
+  mFunciones::RegistrarError(session, descripcion);
+  return Outcome::Stop(descripcion);
+}
+
+Guardado::Guardado(const Session& session) : session_(session), connection_(session.Cadena) {
+  if (!connection_.ok()) {
+    Fallar(connection_.error());
+    return;
+  }
+  transaction_.emplace(connection_);
+  if (!transaction_->ok()) {
+    Fallar(connection_.db().lastError().text());
+    return;
+  }
+  ok_ = true;
+}
+
+bool Guardado::Fallar(const QString& descripcion) {
+  ok_ = false;
+  falla_ = Falla(session_, descripcion);
+  return false;
+}
+
+std::optional<qint64> Guardado::Contar(const QString& statement, const QVariantList& values) {
+  QSqlQuery query = connection_.Exec(statement, values);
+  if (query.lastError().isValid() || !query.next()) {
+    Fallar(QueryError(query));
+    return std::nullopt;
+  }
+  return query.value(0).toLongLong();
+}
+
+bool Guardado::Ejecutar(const QString& statement, const QVariantList& values) {
+  QString error;
+  if (connection_.Run(statement, values, &error)) return true;
+  return Fallar(error);
+}
+
+std::optional<int> Guardado::Actualizar(const QString& statement, const QVariantList& values) {
+  QSqlQuery query = connection_.Exec(statement, values);
+  if (query.lastError().isValid()) {
+    Fallar(QueryError(query));
+    return std::nullopt;
+  }
+  return query.numRowsAffected();
+}
+
+Outcome Guardado::Terminar() {
+  if (!ok_) return falla_;
+  if (!transaction_->Commit()) {
+    Fallar(connection_.db().lastError().text());
+    return falla_;
+  }
+  return Outcome::Ok();
+}
+
+}  // namespace ventarix::usuarios::sql
