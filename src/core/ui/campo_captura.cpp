@@ -1,0 +1,78 @@
+#include "core/ui/campo_captura.h"
+
+#include <QKeyEvent>
+#include <QLocale>
+#include <QTimer>
+
+#include "core/mFunciones_valores.h"
+#include "core/ui/mayusculas.h"
+#include "core/ui/minusculas.h"
+
+namespace ventarix {
+
+CampoCaptura::CampoCaptura(const Session& session, QWidget* parent)
+    : QLineEdit(parent), session_(session) {}
+
+void CampoCaptura::setDecimales(int decimales) {
+  decimales_ = decimales;
+  setAlignment(decimales_ > 0 ? Qt::AlignRight : Qt::AlignLeft);
+}
+
+void CampoCaptura::setMayusculas() { MantenerMayusculas(this, session_.UtilizarMayusculas); }
+
+void CampoCaptura::setMinusculas() { MantenerMinusculas(this); }
+
+double CampoCaptura::Numero() const { return mFunciones::ValorNumerico(text()); }
+
+void CampoCaptura::setNumero(double value) {
+  setText(decimales_ > 0 ? mFunciones::FormatoNumero(value, decimales_)
+                         : QLocale::c().toString(value, 'f', QLocale::FloatingPointShortest));
+}
+
+void CampoCaptura::focusInEvent(QFocusEvent* event) {
+  paleta_ = palette();
+  QPalette fondo = paleta_;
+  fondo.setColor(QPalette::Base, QColor::fromRgb(session_.ColorFondo));
+  setPalette(fondo);
+  QLineEdit::focusInEvent(event);
+  // A mouse click places the cursor after this handler; the selection must come later.
+  QTimer::singleShot(0, this, [this] {
+    if (hasFocus()) selectAll();
+  });
+  selectAll();
+}
+
+void CampoCaptura::focusOutEvent(QFocusEvent* event) {
+  setPalette(paleta_);
+  if (decimales_ > 0) setText(mFunciones::FormatoNumero(Numero(), decimales_));
+  QLineEdit::focusOutEvent(event);
+  emit Dejado();
+}
+
+void CampoCaptura::keyPressEvent(QKeyEvent* event) {
+  switch (event->key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+    case Qt::Key_Down:
+      focusNextChild();
+      return;
+    case Qt::Key_Up:
+      focusPreviousChild();
+      return;
+    case Qt::Key_Escape:
+      emit Salir();
+      return;
+    case Qt::Key_F1:
+      emit Ayuda();
+      return;
+    default:
+      QLineEdit::keyPressEvent(event);
+  }
+}
+
+void CampoCaptura::mouseDoubleClickEvent(QMouseEvent* event) {
+  event->accept();
+  emit Ayuda();
+}
+
+}  // namespace ventarix
