@@ -1,0 +1,44 @@
+#pragma once
+
+#include <QDialog>
+
+#include "core/ayuda.h"
+#include "core/session.h"
+
+class QLabel;
+class QStandardItemModel;
+class QTableView;
+
+namespace ventarix {
+
+// The look-up list every field's F1 opens. It reads the keyword's rows once and keeps no
+// cursor open; F2, F3 and F4 ask for a value of their column and read the list again with
+// it. Enter or a double click leaves the row's first column in AyudaResultado; Esc leaves it
+// empty.
+class MDIInicioTablas : public QDialog {
+  Q_OBJECT
+
+ public:
+  MDIInicioTablas(Session& session, ayuda::PeticionAyuda peticion, QWidget* parent = nullptr);
+
+  int filas() const;
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+
+ private:
+  void Cargar();
+  QString Leer();
+  void Buscar(int tecla);
+  void Elegir();
+  void Salir();
+
+  Session& session_;
+  ayuda::PeticionAyuda peticion_;
+  QStandardItemModel* modelo_;
+  QTableView* tabla_;
+  QLabel* teclas_;
+};
+
+}  // namespace ventarix
