@@ -49,9 +49,9 @@ Condicion Entre(const QString& texto, QVariantList valores) {
 ResultadoFiltro Ok(Condicion condicion) { return {Outcome::Ok(), std::move(condicion)}; }
 
 ResultadoFiltro NoValido(const QString& columna, const QString& como) {
-  return {Outcome::Warning(u"El filtro de "_s + columna + u" no es válido: escriba "_s + como,
-                           columna),
-          {}};
+  return {
+      Outcome::Warning(u"El filtro de "_s + columna + u" no es válido: escriba "_s + como, columna),
+      {}};
 }
 
 Condicion Nulo(TipoColumna tipo, const QString& c) {
@@ -161,7 +161,8 @@ std::optional<Periodo> LeerPeriodo(const QString& texto) {
 Condicion CondicionDePeriodo(Engine engine, const QString& c, const Periodo& periodo) {
   const bool sql = engine == Engine::kPostgres;
   // Nothing lies after the year 9999; its text would not sort after it on SQLite either.
-  if (periodo.hasta.year() > 9999) return Entre(c + u" >= ?"_s, {dialect::DateValue(periodo.desde, sql)});
+  if (periodo.hasta.year() > 9999)
+    return Entre(c + u" >= ?"_s, {dialect::DateValue(periodo.desde, sql)});
   return Entre(c + u" >= ? and "_s + c + u" < ?"_s,
                {dialect::DateValue(periodo.desde, sql), dialect::DateValue(periodo.hasta, sql)});
 }
@@ -213,8 +214,7 @@ ResultadoFiltro CondicionDeFiltro(Engine engine, TipoColumna tipo, const QString
   const QString c = ColumnaDeVista(columna);
   if (t.isEmpty()) return Ok(Nulo(tipo, c));
   if (t.size() > kLargoMaximoFiltro) {
-    return {Outcome::Warning(u"El filtro de "_s + columna + u" es demasiado largo"_s, columna),
-            {}};
+    return {Outcome::Warning(u"El filtro de "_s + columna + u" es demasiado largo"_s, columna), {}};
   }
   switch (tipo) {
     case TipoColumna::kTexto:
