@@ -24,6 +24,7 @@ MDIInicioAutorizacion::MDIInicioAutorizacion(Session& session, QWidget* parent)
   session_.Autorizado = false;
   titulo_ = new QLabel(session.AutorizacionTitulo, this);
   titulo_->setObjectName(QStringLiteral("Titulo"));
+  titulo_->setWordWrap(true);
   autorizar_ = new QLineEdit(this);
   autorizar_->setObjectName(QStringLiteral("Autorizar"));
   autorizar_->setEchoMode(QLineEdit::Password);
@@ -31,7 +32,8 @@ MDIInicioAutorizacion::MDIInicioAutorizacion(Session& session, QWidget* parent)
   auto* layout = new QVBoxLayout(this);
   layout->addWidget(titulo_);
   layout->addWidget(autorizar_);
-  resize(320, 90);
+  setMinimumWidth(320);
+  autorizar_->setFocus();
 }
 
 void MDIInicioAutorizacion::keyPressEvent(QKeyEvent* event) {
@@ -52,9 +54,12 @@ void MDIInicioAutorizacion::keyPressEvent(QKeyEvent* event) {
 void MDIInicioAutorizacion::Comprobar() {
   const Outcome outcome = inicio::Autorizar(session_, autorizar_->text());
   if (outcome) {
+    // The password has no business staying in the window once it did its work.
+    autorizar_->clear();
     accept();
     return;
   }
+  // The message, then the typed text selected so that the next attempt replaces it.
   ui::ShowOutcome(this, outcome);
 }
 

@@ -1,0 +1,51 @@
+#include "core/ui/frm_usuarios_b.h"
+
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "core/ui/message_box.h"
+#include "core/ui/usuarios_teclas.h"
+#include "core/usuarios.h"
+
+namespace ventarix {
+
+FrmUsuariosB::FrmUsuariosB(Session& session, QWidget* parent)
+    : QDialog(parent), session_(session), usuario_(session.RegistroActual) {
+  setObjectName(QStringLiteral("FrmUsuariosB"));
+  setWindowTitle(QStringLiteral("Usuarios - Borrar"));
+  auto* pregunta = new QLabel(QStringLiteral("Borrar el usuario %1").arg(usuario_), this);
+  pregunta->setObjectName(QStringLiteral("Pregunta"));
+  borrar_ = BotonDeUsuarios("&Borrar", "Borrar", this);
+  salir_ = BotonDeUsuarios("&Salir", "Salir", this);
+  connect(borrar_, &QPushButton::clicked, this, &FrmUsuariosB::BorrarClicked);
+  connect(salir_, &QPushButton::clicked, this, &QDialog::reject);
+  auto* botones = new QHBoxLayout;
+  botones->addStretch();
+  botones->addWidget(borrar_);
+  botones->addWidget(salir_);
+  auto* layout = new QVBoxLayout(this);
+  layout->addWidget(pregunta);
+  layout->addLayout(botones);
+  setMinimumWidth(320);
+  // Leaving is the safe answer.
+  salir_->setFocus();
+}
+
+void FrmUsuariosB::BorrarClicked() {
+  const Outcome outcome = usuarios::BorrarUsuario(session_, usuario_);
+  if (!outcome) {
+    ui::ShowOutcome(this, outcome);
+    return;
+  }
+  session_.RegistroActual = usuario_;
+  accept();
+}
+
+void FrmUsuariosB::keyPressEvent(QKeyEvent* event) {
+  if (!TeclaDeUsuarios(this, event)) QDialog::keyPressEvent(event);
+}
+
+}  // namespace ventarix

@@ -1,0 +1,61 @@
+#pragma once
+
+#include <array>
+
+#include <QDialog>
+#include <QHash>
+
+#include "core/session.h"
+#include "core/usuarios.h"
+
+class QCheckBox;
+class QLineEdit;
+class QPushButton;
+class QTreeWidget;
+
+namespace ventarix {
+
+// The rights of the user whose key is in RegistroActual: the four masked menus as checkable
+// entries with the main window's captions, the rights text (add, cancel, change) of every
+// document family and catalogue, the field locks and the invoice series. Check1 ticks or
+// clears every menu entry; Check2 and Check3 give or take every right of the documents and
+// of the catalogues. Guardar writes it all, leaves the key in RegistroActual and closes.
+class FrmUsuariosP : public QDialog {
+  Q_OBJECT
+
+ public:
+  explicit FrmUsuariosP(Session& session, QWidget* parent = nullptr);
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;
+  void showEvent(QShowEvent* event) override;
+
+ private:
+  QWidget* ConstruirMenus();
+  QWidget* ConstruirDerechos(const QStringList& columnas, const char* titulo, QCheckBox* todos);
+  QWidget* ConstruirOtros();
+  void Mostrar(const usuarios::Derechos& derechos);
+  usuarios::Derechos Leer() const;
+  void MarcarMenus(bool marcar);
+  void EscribirDerechos(const QStringList& columnas, bool todos);
+  void GuardarClicked();
+  void Rechazar();
+
+  Session& session_;
+  QString usuario_;
+  std::array<QTreeWidget*, 4> menus_{};
+  QHash<QString, QLineEdit*> datos_;  // rights texts by column
+  QCheckBox* check1_;
+  QCheckBox* check2_;
+  QCheckBox* check3_;
+  QCheckBox* modificar_costo_;
+  QCheckBox* modificar_plazo_;
+  QCheckBox* modificar_credito_;
+  QCheckBox* aplicar_series_;
+  std::array<QLineEdit*, 9> series_{};
+  QPushButton* guardar_;
+  QPushButton* salir_;
+  Outcome problema_;
+};
+
+}  // namespace ventarix

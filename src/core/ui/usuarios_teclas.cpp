@@ -1,0 +1,60 @@
+#include "core/ui/usuarios_teclas.h"
+
+#include <QAbstractButton>
+#include <QDialog>
+#include <QKeyEvent>
+#include <QPushButton>
+
+namespace ventarix {
+
+namespace {
+
+// The next (or previous) field that Tab would reach inside the screen.
+void Mover(QDialog* forma, bool adelante) {
+  QWidget* actual = forma->focusWidget() != nullptr ? forma->focusWidget() : forma;
+  QWidget* siguiente = actual;
+  do {
+    siguiente = adelante ? siguiente->nextInFocusChain() : siguiente->previousInFocusChain();
+    if (siguiente->isVisible() && siguiente->isEnabled() && forma->isAncestorOf(siguiente) &&
+        (siguiente->focusPolicy() & Qt::TabFocus) != 0) {
+      siguiente->setFocus(adelante ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+      return;
+    }
+  } while (siguiente != actual);
+}
+
+}  // namespace
+
+bool TeclaDeUsuarios(QDialog* forma, QKeyEvent* event) {
+  switch (event->key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+      if (auto* boton = qobject_cast<QPushButton*>(forma->focusWidget())) {
+        boton->click();
+      } else {
+        Mover(forma, true);
+      }
+      return true;
+    case Qt::Key_Down:
+      Mover(forma, true);
+      return true;
+    case Qt::Key_Up:
+      Mover(forma, false);
+      return true;
+    case Qt::Key_Escape:
+      forma->reject();
+      return true;
+    default:
+      return false;
+  }
+}
+
+QPushButton* BotonDeUsuarios(const char* texto, const char* nombre, QDialog* forma) {
+  auto* boton = new QPushButton(QString::fromUtf8(texto), forma);
+  boton->setObjectName(QString::fromLatin1(nombre));
+  boton->setAutoDefault(false);
+  boton->setDefault(false);
+  return boton;
+}
+
+}  // namespace ventarix
