@@ -8,6 +8,7 @@
 #include <QRegularExpression>
 
 #include "core/dialect.h"
+#include "core/mFunciones_valores.h"
 
 namespace ventarix::mBrowse {
 
@@ -179,25 +180,6 @@ ResultadoFiltro FiltroFecha(Engine engine, const QString& columna, const QString
   return Ok(CondicionDePeriodo(engine, c, {primero->desde, ultimo->hasta}));
 }
 
-// The number of a search answer: a leading "-" makes it negative; of the rest only the digits
-// and the first point count.
-double ValorNumerico(const QString& texto) {
-  const QString t = texto.trimmed();
-  QString digitos;
-  bool punto = false;
-  for (qsizetype i = t.startsWith(u'-') ? 1 : 0; i < t.size(); ++i) {
-    const QChar ch = t[i];
-    if (ch >= u'0' && ch <= u'9') digitos += ch;
-    if (ch == u'.' && !punto) {
-      digitos += ch;
-      punto = true;
-    }
-  }
-  const double valor = digitos.toDouble();
-  if (!std::isfinite(valor)) return 0;
-  return t.startsWith(u'-') ? -valor : valor;
-}
-
 }  // namespace
 
 QString ColumnaDeVista(const QString& columna) {
@@ -245,7 +227,7 @@ Condicion CondicionDeBusqueda(Engine engine, const QString& columna, bool igual,
   const QString t = SinControles(respuesta).trimmed();
   if (t == u"*"_s) return {};
   const QString c = ColumnaDeVista(columna);
-  if (igual) return Entre(c + u" = ?"_s, {ValorNumerico(t)});
+  if (igual) return Entre(c + u" = ?"_s, {mFunciones::ValorNumerico(t)});
   if (t.size() > kLargoMaximoFiltro) return Entre(u"1 = 0"_s, {});
   // A search may fall on a column of any type; read as text it compares on both engines.
   return Entre(Like(engine, u"cast("_s + c + u" as text)"_s), {u'%' + Literal(t) + u'%'});

@@ -27,8 +27,9 @@ bool SeguridadValida(const QString& seguridad) {
 }
 
 bool OrdenValido(const QString& ordenar) {
-  static const QRegularExpression kOrden(u"^\\s*(\\[[^\\]]+\\]|[^\\s\\[\\],]+)\\s+(asc|desc)\\s*$"_s,
-                                         QRegularExpression::CaseInsensitiveOption);
+  static const QRegularExpression kOrden(
+      u"^\\s*(\\[[^\\]]+\\]|[^\\s\\[\\],]+)\\s+(asc|desc)\\s*$"_s,
+      QRegularExpression::CaseInsensitiveOption);
   if (ordenar.trimmed().isEmpty()) return true;
   for (const QString& parte : ordenar.split(u',')) {
     if (!kOrden.match(parte).hasMatch()) return false;
@@ -46,8 +47,7 @@ Outcome Revisar(const QStringList& usuarios, const Formato& f) {
   }
   static const QRegularExpression kPermisos(u"^[01]*$"_s);
   if (f.AplicarPermisos && !kPermisos.match(f.Permisos).hasMatch()) {
-    return Outcome::Warning(u"Los permisos se escriben con 1 y 0, uno por botón"_s,
-                            u"Permisos"_s);
+    return Outcome::Warning(u"Los permisos se escriben con 1 y 0, uno por botón"_s, u"Permisos"_s);
   }
   if (f.AplicarSeguridad && !SeguridadValida(f.Seguridad)) {
     return Outcome::Warning(
@@ -104,9 +104,9 @@ bool ActualizarFila(Connection& c, const QString& tabla, const QString& usuario,
   poner(f.AplicarOrdenar, "ordenar", f.Ordenar.trimmed());
   poner(f.AplicarSql, "sentencia", f.Sentencia.trimmed());
   valores << tabla << usuario;
-  return c.Run(u"update tablas set "_s + asignaciones.join(u", "_s) +
-                   u" where tabla = ? and usuario = ?"_s,
-               valores, error);
+  return c.Run(
+      u"update tablas set "_s + asignaciones.join(u", "_s) + u" where tabla = ? and usuario = ?"_s,
+      valores, error);
 }
 
 }  // namespace
@@ -128,7 +128,8 @@ Vista VistaDeFormato(const Session& session, const QString& tabla) {
   vista.Tabla = tabla;
   Connection c(session.Cadena);
   for (const QString& usuario : {session.Usuario, kPlantillaTexto}) {
-    QSqlQuery q = c.Exec(u"select * from tablas where tabla = ? and usuario = ?"_s, {tabla, usuario});
+    QSqlQuery q =
+        c.Exec(u"select * from tablas where tabla = ? and usuario = ?"_s, {tabla, usuario});
     if (!q.next()) continue;
     vista.Usuario = usuario;
     vista.Sentencia = q.value(u"sentencia"_s).toString();
