@@ -15,13 +15,11 @@
 #include "core/database.h"
 #include "core/passwords.h"
 #include "core/startup.h"
-#include "core/ui/form_registry.h"
 #include "core/ui/frm_usuarios_a.h"
 #include "core/ui/frm_usuarios_b.h"
 #include "core/ui/frm_usuarios_c.h"
 #include "core/ui/frm_usuarios_p.h"
 #include "core/ui/mdi_inicio_autorizacion.h"
-#include "core/ui/usuarios_registro.h"
 #include "core/usuarios.h"
 #include "support/modal_catcher.h"
 #include "support/test_company.h"
@@ -61,15 +59,6 @@ class TestUsuariosForms : public QObject {
     QStandardPaths::setTestModeEnabled(true);
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, settings_.path());
     QApplication::setQuitOnLastWindowClosed(false);
-  }
-
-  void Registro() {
-    FormRegistry registry;
-    RegistrarUsuarios(registry);
-    for (const QString& nombre :
-         {u"FrmUsuariosA"_s, u"FrmUsuariosB"_s, u"FrmUsuariosC"_s, u"FrmUsuariosP"_s}) {
-      QVERIFY2(registry.Has(nombre), qPrintable(nombre));
-    }
   }
 
   // The first user of a company, typed field after field with Enter: store 4 is refused with
