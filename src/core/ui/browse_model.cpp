@@ -35,8 +35,8 @@ QString Numero(double valor, const QString& formato) {
 
 }  // namespace
 
-ModeloVista::ModeloVista(const Session& session, QObject* parent)
-    : QAbstractTableModel(parent), session_(session) {}
+ModeloVista::ModeloVista(const Session& session, QObject* parent, int pagina)
+    : QAbstractTableModel(parent), session_(session), pagina_(pagina) {}
 
 Outcome ModeloVista::Cargar(const mBrowse::Consulta& consulta,
                             const std::vector<mBrowse::ColumnaVista>& columnas) {
@@ -166,7 +166,7 @@ void ModeloVista::fetchMore(const QModelIndex& parent) {
   if (parent.isValid() || leyendo_ || !canFetchMore()) return;
   leyendo_ = true;
   const qint64 desde = static_cast<qint64>(filas_.size());
-  const int cuantas = static_cast<int>(qMin<qint64>(kPagina, limite_ - desde));
+  const int cuantas = static_cast<int>(qMin<qint64>(pagina_, limite_ - desde));
   mBrowse::Pagina pagina;
   {
     Connection lectura(session_.Cadena, Connection::Acceso::kLectura);

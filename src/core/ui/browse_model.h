@@ -21,7 +21,8 @@ class ModeloVista : public QAbstractTableModel {
  public:
   static constexpr int kPagina = 256;
 
-  ModeloVista(const Session& session, QObject* parent = nullptr);
+  // `pagina`: rows read per page.
+  explicit ModeloVista(const Session& session, QObject* parent = nullptr, int pagina = kPagina);
 
   // Counts the rows and reads the first page. Returns the engine's words when the statement
   // fails.
@@ -66,6 +67,7 @@ class ModeloVista : public QAbstractTableModel {
   qint64 filas_totales_ = 0;
   qint64 limite_ = 0;
   bool leyendo_ = false;
+  int pagina_ = kPagina;
 };
 
 }  // namespace ventarix

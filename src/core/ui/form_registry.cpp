@@ -5,6 +5,7 @@
 #include "core/ui/mdi_inicio_autorizacion.h"
 #include "core/ui/navegador.h"
 #include "core/ui/pantalla_pendiente.h"
+#include "core/ui/usuarios_registro.h"
 #include "maintenance/ui/mdi_inicio_manto.h"
 
 namespace ventarix {
@@ -19,6 +20,7 @@ void RegistrarFormularios(FormRegistry& registry) {
   registry.Add(QStringLiteral("MDIInicioAutorizacion"),
                [](Session& session) { return new MDIInicioAutorizacion(session); });
   RegistrarNavegadores(registry);
+  RegistrarUsuarios(registry);
   RegistrarMantenimiento(registry);
 }
 

@@ -1,10 +1,44 @@
 // The browser's two dialogs over its view: the filter of the grid's columns and, for
 // administrators, the view editor.
+#include <QTableView>
+
+#include "core/browse_format.h"
+#include "core/mBrowse.h"
+#include "core/ui/browse_model.h"
+#include "core/ui/mdi_inicio_autorizacion.h"
+#include "core/ui/mdi_inicio_filtrar.h"
+#include "core/ui/mdi_inicio_formato.h"
 #include "core/ui/navegador.h"
 
 namespace ventarix {
 
-void Navegador::Filtrar() {}
-void Navegador::Formato() {}
+void Navegador::Filtrar() {
+  MDIInicioFiltrar filtro(session_, modelo_->columnas(), textos_filtro_, this);
+  if (filtro.exec() != QDialog::Accepted) return;
+  textos_filtro_ = filtro.textos();
+  AplicarBusqueda(filtro.condicion(), true);
+}
+
+// The view editor is for administrators, after their password.
+void Navegador::Formato() {
+  if (!session_.Administrador) return;
+  if (!session_.ContrasenaAdministrador.isEmpty()) {
+    session_.AutorizacionTitulo = QStringLiteral("Contraseña para seguridad");
+    session_.AutorizacionClave = session_.ContrasenaAdministrador;
+    session_.Autorizado = false;
+    MDIInicioAutorizacion prompt(session_, this);
+    prompt.exec();
+    if (!session_.Autorizado) return;
+  }
+  // The columns the browser itself works with must stay in any statement an administrator
+  // writes.
+  std::vector<mBrowse::ColumnaRequerida> requeridas;
+  for (const char* llave : familia_.llave) {
+    const int c = modelo_->ColumnaDe(QString::fromUtf8(llave));
+    if (c >= 0) requeridas.push_back({modelo_->columnas()[c].nombre, modelo_->columnas()[c].tipo});
+  }
+  MDIInicioFormato formato(session_, vista_.Tabla, requeridas, this);
+  if (formato.exec() == QDialog::Accepted) CargarVista();
+}
 
 }  // namespace ventarix

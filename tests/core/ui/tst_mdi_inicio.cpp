@@ -67,7 +67,8 @@ QString FormaDe(const MDIInicio& ventana) {
   QWidget* forma = ventana.FormaActiva();
   if (auto* pendiente = qobject_cast<ventarix::PantallaPendiente*>(forma))
     return pendiente->forma();
-  return forma != nullptr ? forma->windowTitle() : QString();
+  if (forma == nullptr) return {};
+  return forma->objectName().isEmpty() ? forma->windowTitle() : forma->objectName();
 }
 
 void Elegir(MDIInicio& ventana, const char* entrada) {
