@@ -3,9 +3,12 @@
 // password checks in front of the add screen.
 #include <QApplication>
 #include <QLabel>
+#include <QLineEdit>
 #include <QSqlQuery>
 #include <QTableView>
+#include <QTableWidget>
 #include <QTest>
+#include <QTimer>
 
 #include "catalogs/demo_company.h"
 #include "core/mBrowse.h"
@@ -197,6 +200,43 @@ class TestNavegador : public QObject {
     QCOMPARE(catcher.texts.value(1),
              QStringLiteral("Esta contraseña no corresponde para una autorización"));
     QVERIFY(!cajero.Autorizado);
+  }
+
+  // F9 on the adjustments: a folio range and the day of the opening count narrow the grid to
+  // those documents, and the year panel's year applies on top.
+  void FiltrarPorRangoYFecha() {
+    VENTARIX_DEMO(company);
+    Session session = Sesion(*company, QStringLiteral("ADMINISTRADOR"));
+    const QDate dia(QDate::currentDate().year(), 1, 2);
+    session.AnoAMostrar = dia.year();
+    FormRegistry registry;
+    Navegador navegador(session, *mBrowse::FamiliaDeForma(QStringLiteral("FrmAjustes")), registry);
+    navegador.show();
+    QCOMPARE(navegador.modelo()->rowCount(), 5);
+    QTimer::singleShot(0, this, [&] {
+      auto* dialogo = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+      QVERIFY(dialogo != nullptr);
+      auto* lineas = dialogo->findChild<QTableWidget*>(QStringLiteral("Fg1"));
+      QLineEdit* ultima = nullptr;
+      for (int f = 0; f < lineas->rowCount(); ++f) {
+        const QString columna = lineas->item(f, 0)->text();
+        auto* texto = qobject_cast<QLineEdit*>(lineas->cellWidget(f, 2));
+        if (texto != nullptr) ultima = texto;
+        if (columna == QLatin1String("folio")) QTest::keyClicks(texto, QStringLiteral("2-4"));
+        if (columna == QLatin1String("fecha")) {
+          QTest::keyClicks(texto, dia.toString(QStringLiteral("d/M/yyyy")));
+        }
+      }
+      testing::SaveShot(dialogo, QStringLiteral("navegador_filtro"));
+      QTest::keyClick(ultima, Qt::Key_F9);
+    });
+    QTest::keyClick(navegador.grid(), Qt::Key_F9);
+    QVERIFY(session.FiltroActivo);
+    QCOMPARE(Columna(navegador, QStringLiteral("folio")),
+             (QStringList{QStringLiteral("2"), QStringLiteral("3"), QStringLiteral("4")}));
+    session.AnoAMostrar = dia.year() - 1;
+    QTest::keyClick(navegador.grid(), Qt::Key_F5);
+    QCOMPARE(navegador.modelo()->rowCount(), 0);
   }
 
   // The count guard: exactly 200,000 rows are all shown; one more and the grid stops there.
