@@ -62,6 +62,17 @@ bool CoincideCon(const std::vector<ColumnaVista>& columnas, const std::vector<Ca
   return true;
 }
 
+// Names, addresses and descriptions need room; codes and flags do not.
+bool EsTextoLargo(const QString& nombre) {
+  static const QStringList kLargos = {
+      QStringLiteral("nombre"),    QStringLiteral("producto"),  QStringLiteral("descripcion"),
+      QStringLiteral("calle"),     QStringLiteral("colonia"),   QStringLiteral("localidad"),
+      QStringLiteral("municipio"), QStringLiteral("contacto"),  QStringLiteral("obs"),
+      QStringLiteral("empresa"),   QStringLiteral("referencia")};
+  const QString n = nombre.toLower();
+  return kLargos.contains(n) || n.startsWith(QLatin1String("email"));
+}
+
 }  // namespace
 
 std::vector<ColumnaVista> DefinicionInicial(const std::vector<Campo>& campos) {
@@ -81,7 +92,7 @@ std::vector<ColumnaVista> DefinicionInicial(const std::vector<Campo>& campos) {
         c.ancho = 95;
         break;
       default:
-        c.ancho = qBound(60, campo.nombre.size() * 12, 220);
+        c.ancho = EsTextoLargo(campo.nombre) ? 240 : qBound(70, campo.nombre.size() * 11, 130);
     }
     columnas.push_back(c);
   }
