@@ -7,26 +7,29 @@ namespace {
 using M = ModoBusqueda;
 
 // Searches of the sales documents: folio, client, agent, and a product among the rows.
-std::vector<BusquedaFamilia> DeVenta(const char* detalle_en_codigo) {
+std::vector<BusquedaFamilia> DeVenta(const char* llave, const char* detalle_en_codigo,
+                                     const char* columna) {
   return {{2, "folio", "Número de Folio a Buscar", M::kIgual},
           {3, "cliente", "Número del Cliente a Buscar", M::kIgual},
           {4, "agente", "Número del Agente a Buscar", M::kIgual},
-          {6, "codigo", "Código a Buscar", M::kSubconsulta, detalle_en_codigo},
+          {6, llave, "Código a Buscar", M::kSubconsulta, detalle_en_codigo, columna},
           {0, "cliente", "Número del Cliente a Buscar", M::kIgual}};
 }
 
 // Searches of the purchase documents: folio, supplier, and a product among the rows.
-std::vector<BusquedaFamilia> DeCompra(const char* detalle_en_codigo) {
+std::vector<BusquedaFamilia> DeCompra(const char* llave, const char* detalle_en_codigo,
+                                      const char* columna) {
   return {{2, "folio", "Número de Folio a Buscar", M::kIgual},
           {3, "proveedor", "Número del Proveedor a Buscar", M::kIgual},
-          {4, "codigo", "Código a Buscar", M::kSubconsulta, detalle_en_codigo},
+          {4, llave, "Código a Buscar", M::kSubconsulta, detalle_en_codigo, columna},
           {0, "proveedor", "Número del Proveedor a Buscar", M::kIgual}};
 }
 
 // Searches of the stock documents: folio and a product among the rows.
-std::vector<BusquedaFamilia> DeInventario(const char* detalle_en_codigo) {
+std::vector<BusquedaFamilia> DeInventario(const char* llave, const char* detalle_en_codigo,
+                                          const char* columna) {
   return {{2, "folio", "Número de Folio a Buscar", M::kIgual},
-          {4, "codigo", "Código a Buscar", M::kSubconsulta, detalle_en_codigo}};
+          {4, llave, "Código a Buscar", M::kSubconsulta, detalle_en_codigo, columna}};
 }
 
 std::vector<BusquedaFamilia> DeSocio(const char* numero, const char* rfc, const char* nombre) {
@@ -50,7 +53,7 @@ std::vector<Familia> Construir() {
        "FrmOrdenesCompraA",
        "FrmOrdenesCompraC",
        true,
-       DeCompra(R"(select orden from "ordenes de compra detalles" where codigo like ?)")},
+       DeCompra("orden", R"(select orden from "ordenes de compra detalles" where %1)", "codigo")},
       {"FrmCompras",
        "compras",
        nullptr,
@@ -62,10 +65,10 @@ std::vector<Familia> Construir() {
        true,
        {{2, "folio", "Número de Folio a Buscar", M::kIgual},
         {3, "proveedor", "Número del Proveedor a Buscar", M::kIgual},
-        {4, "codigo", "Código a Buscar", M::kSubconsulta,
-         R"(select compra from "compras detalles" where codigo like ?)"},
+        {4, "compra", "Código a Buscar", M::kSubconsulta,
+         R"(select compra from "compras detalles" where %1)", "codigo"},
         {6, "compra", "Descripción a Buscar", M::kSubconsulta,
-         R"(select compra from "compras detalles" where descripcion like ?)"},
+         R"(select compra from "compras detalles" where %1)", "descripcion"},
         {0, "proveedor", "Número del Proveedor a Buscar", M::kIgual}}},
       {"FrmContraRecibos",
        "contrarecibos",
@@ -87,7 +90,8 @@ std::vector<Familia> Construir() {
        "FrmCotizacionesA",
        "FrmCotizacionesC",
        true,
-       DeVenta(R"(select cotizacion from "cotizaciones detalles" where codigo like ?)")},
+       DeVenta("cotizacion", R"(select cotizacion from "cotizaciones detalles" where %1)",
+               "codigo")},
       {"FrmPedidos",
        "pedidos",
        nullptr,
@@ -97,7 +101,7 @@ std::vector<Familia> Construir() {
        "FrmPedidosA",
        "FrmPedidosC",
        true,
-       DeVenta(R"(select pedido from "pedidos detalles" where codigo like ?)")},
+       DeVenta("pedido", R"(select pedido from "pedidos detalles" where %1)", "codigo")},
       {"FrmRemisiones",
        "remisiones",
        nullptr,
@@ -107,7 +111,7 @@ std::vector<Familia> Construir() {
        "FrmRemisionesA",
        "FrmRemisionesC",
        true,
-       DeVenta(R"(select remision from "remisiones detalles" where codigo like ?)")},
+       DeVenta("remision", R"(select remision from "remisiones detalles" where %1)", "codigo")},
       {"FrmFacturas",
        "facturas",
        nullptr,
@@ -117,7 +121,7 @@ std::vector<Familia> Construir() {
        "FrmFacturasA",
        "FrmFacturasC",
        true,
-       DeVenta(R"(select factura from "facturas detalles" where codigo like ?)")},
+       DeVenta("factura", R"(select factura from "facturas detalles" where %1)", "codigo")},
       {"FrmProduccion",
        "produccion",
        nullptr,
@@ -138,7 +142,7 @@ std::vector<Familia> Construir() {
        "FrmTraspasosA",
        "FrmTraspasosC",
        true,
-       DeInventario(R"(select traspaso from "traspasos detalles" where codigo like ?)")},
+       DeInventario("traspaso", R"(select traspaso from "traspasos detalles" where %1)", "codigo")},
       {"FrmCxC",
        "cxc",
        nullptr,
@@ -152,7 +156,7 @@ std::vector<Familia> Construir() {
         {3, "cliente", "Número del Cliente a Buscar", M::kIgual},
         {4, "banco", "Número de Banco a Buscar", M::kIgual},
         {0, "pago", "Factura a Buscar", M::kSubconsulta,
-         R"(select pago from "cxc detalles" where factura like ?)"}}},
+         R"(select pago from "cxc detalles" where %1)", "factura"}}},
       {"FrmCxP",
        "cxp",
        nullptr,
@@ -166,7 +170,7 @@ std::vector<Familia> Construir() {
         {3, "proveedor", "Número del Proveedor a Buscar", M::kIgual},
         {4, "cuenta", "Cuenta Bancaria a Buscar", M::kContiene},
         {0, "pago", "Compra a Buscar", M::kSubconsulta,
-         R"(select pago from "cxp detalles" where compra like ?)"}}},
+         R"(select pago from "cxp detalles" where %1)", "compra"}}},
       {"FrmNotasCliente",
        "notas cliente",
        nullptr,
@@ -178,8 +182,8 @@ std::vector<Familia> Construir() {
        true,
        {{2, "folio", "Número de Folio a Buscar", M::kIgual},
         {3, "cliente", "Número del Cliente a Buscar", M::kIgual},
-        {4, "codigo", "Código a Buscar", M::kSubconsulta,
-         R"(select nota from "notas cliente detalles" where codigo like ?)"}}},
+        {4, "nota", "Código a Buscar", M::kSubconsulta,
+         R"(select nota from "notas cliente detalles" where %1)", "codigo"}}},
       {"FrmNotasProveedor",
        "notas proveedor",
        nullptr,
@@ -189,7 +193,7 @@ std::vector<Familia> Construir() {
        "FrmNotasProveedorA",
        "FrmNotasProveedorC",
        true,
-       DeCompra(R"(select nota from "notas proveedor detalles" where codigo like ?)")},
+       DeCompra("nota", R"(select nota from "notas proveedor detalles" where %1)", "codigo")},
       {"FrmLicitaciones",
        "licitaciones",
        nullptr,
@@ -199,7 +203,8 @@ std::vector<Familia> Construir() {
        "FrmLicitacionesA",
        "FrmLicitacionesC",
        true,
-       DeVenta(R"(select licitacion from "licitaciones detalles" where codigo like ?)")},
+       DeVenta("licitacion", R"(select licitacion from "licitaciones detalles" where %1)",
+               "codigo")},
       {"FrmAjustes",
        "ajustes de inventario",
        nullptr,
@@ -209,7 +214,8 @@ std::vector<Familia> Construir() {
        "FrmAjustesA",
        "FrmAjustesC",
        true,
-       DeInventario(R"(select ajuste from "ajustes de inventario detalles" where codigo like ?)")},
+       DeInventario("ajuste", R"(select ajuste from "ajustes de inventario detalles" where %1)",
+                    "codigo")},
       {"FrmClientes",
        "clientes",
        nullptr,

@@ -19,7 +19,10 @@ struct BusquedaFamilia {
   const char* columna;
   const char* indicacion;  // the prompt, e.g. "Número de Folio a Buscar"
   ModoBusqueda modo;
-  const char* subconsulta = nullptr;  // for kSubconsulta: a select of one column with one `?`
+  // For kSubconsulta: a select of the document's key from its detail table, with %1 where the
+  // comparison of `detalle` goes.
+  const char* subconsulta = nullptr;
+  const char* detalle = nullptr;
 };
 
 struct Familia {

@@ -233,4 +233,15 @@ Condicion CondicionDeBusqueda(Engine engine, const QString& columna, bool igual,
   return Entre(Like(engine, u"cast("_s + c + u" as text)"_s), {u'%' + Literal(t) + u'%'});
 }
 
+Condicion CondicionDeSubconsulta(Engine engine, const QString& columna, const QString& subconsulta,
+                                 const QString& columna_detalle, const QString& respuesta) {
+  const QString t = SinControles(respuesta).trimmed();
+  if (t == u"*"_s) return {};
+  if (t.size() > kLargoMaximoFiltro) return Entre(u"1 = 0"_s, {});
+  const QString comparacion =
+      Like(engine, u"cast("_s + dialect::Name(columna_detalle) + u" as text)"_s);
+  return Entre(ColumnaDeVista(columna) + u" in ("_s + subconsulta.arg(comparacion) + u')',
+               {u'%' + Literal(t) + u'%'});
+}
+
 }  // namespace ventarix::mBrowse

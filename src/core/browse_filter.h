@@ -48,4 +48,10 @@ Condicion UnirCondiciones(const std::vector<Condicion>& condiciones);
 Condicion CondicionDeBusqueda(Engine engine, const QString& columna, bool igual,
                               const QString& respuesta);
 
+// The answer as a "contains" search among a document's rows: `subconsulta` selects the
+// document's key from its detail table with "%1" where the comparison of `columna_detalle`
+// goes; the view's `columna` must be among those keys. "*" is all rows.
+Condicion CondicionDeSubconsulta(Engine engine, const QString& columna, const QString& subconsulta,
+                                 const QString& columna_detalle, const QString& respuesta);
+
 }  // namespace ventarix::mBrowse

@@ -1,9 +1,13 @@
 // Saved grid views and the statements a browser runs over them, on both engines.
 #include <algorithm>
 
+#include <QRandomGenerator>
 #include <QSqlQuery>
 #include <QTest>
 
+#include "catalogs/demo_company.h"
+#include "core/browse_families.h"
+#include "core/browse_filter.h"
 #include "core/browse_query.h"
 #include "core/mBrowse.h"
 #include "core/passwords.h"
@@ -63,12 +67,14 @@ class TestBrowse : public QObject {
     QCOMPARE(primera.vista.Usuario, QStringLiteral("ADMINISTRADOR"));
     QVERIFY(!primera.propia);
     QVERIFY(primera.vista.Sentencia.contains(QStringLiteral("\"clientes\"")));
-    const auto rfc = std::find_if(primera.columnas.begin(), primera.columnas.end(),
-                                  [](const ColumnaVista& c) { return c.nombre == QLatin1String("rfc"); });
+    const auto rfc =
+        std::find_if(primera.columnas.begin(), primera.columnas.end(),
+                     [](const ColumnaVista& c) { return c.nombre == QLatin1String("rfc"); });
     QVERIFY(rfc != primera.columnas.end());
     QCOMPARE(TipoDe(rfc->tipo), TipoColumna::kTexto);
-    const auto saldo = std::find_if(primera.columnas.begin(), primera.columnas.end(),
-                                    [](const ColumnaVista& c) { return c.nombre == QLatin1String("saldo"); });
+    const auto saldo =
+        std::find_if(primera.columnas.begin(), primera.columnas.end(),
+                     [](const ColumnaVista& c) { return c.nombre == QLatin1String("saldo"); });
     QVERIFY(saldo != primera.columnas.end());
     QCOMPARE(saldo->formato, QStringLiteral("#,##0.00"));
 
@@ -203,6 +209,52 @@ class TestBrowse : public QObject {
     QVERIFY(!lectura.Run(QStringLiteral("delete from bancos")));
     Connection c(company.cadena());
     QCOMPARE(c.Scalar(QStringLiteral("select count(*) from bancos")).toInt(), 1);
+  }
+
+  // A product code among the rows finds the documents that hold it; no typed text breaks the
+  // statement or brings rows from outside the view.
+  void BusquedaEntreLasPartidas() {
+    QFETCH_GLOBAL(QString, engine);
+    testing::TestCompany company(engine, false);
+    if (company.skipped()) QSKIP("VENTARIX_TEST_PG is not set");
+    QVERIFY(company.ok() && CrearEmpresaDemo(company.path()).ok);
+    Connection c(company.cadena(), Connection::Acceso::kLectura);
+    const Engine motor = company.sql() ? Engine::kPostgres : Engine::kSqlite;
+    const Familia* ajustes = FamiliaDeForma(QStringLiteral("FrmAjustes"));
+    const BusquedaFamilia& porCodigo = *std::find_if(
+        ajustes->busquedas.begin(), ajustes->busquedas.end(),
+        [](const BusquedaFamilia& b) { return b.modo == ModoBusqueda::kSubconsulta; });
+    const QString codigo =
+        c
+            .Scalar(QStringLiteral(
+                "select min(codigo) from \"ajustes de inventario detalles\" where almacen = 2"))
+            .toString();
+    const int con_codigo = c.Scalar(QStringLiteral("select count(distinct ajuste) from \"ajustes "
+                                                   "de inventario detalles\" where codigo = ?"),
+                                    {codigo})
+                               .toInt();
+    QVERIFY(con_codigo >= 1);
+    Consulta consulta;
+    consulta.sentencia = QStringLiteral("select * from \"ajustes de inventario\"");
+    auto contar = [&](const QString& respuesta) {
+      consulta.busqueda = CondicionDeSubconsulta(motor, QString::fromUtf8(porCodigo.columna),
+                                                 QString::fromUtf8(porCodigo.subconsulta),
+                                                 QString::fromUtf8(porCodigo.detalle), respuesta);
+      return ContarFilas(c, consulta).value_or(-1);
+    };
+    QCOMPARE(contar(codigo.toLower()), qint64(con_codigo));
+    QCOMPARE(contar(QStringLiteral("*")), qint64(5));
+    QRandomGenerator azar(20261123);
+    const QString piezas = QStringLiteral("'\\\"%_;-*/()ñÑ?! abcSELECT");
+    for (int i = 0; i < 400; ++i) {
+      QString texto;
+      const int largo = azar.bounded(1, 30);
+      for (int j = 0; j < largo; ++j) texto += piezas.at(azar.bounded(piezas.size()));
+      const qint64 filas = contar(texto);
+      QVERIFY2(filas >= 0 && filas <= 5, qPrintable(texto));
+      consulta.busqueda = CondicionDeBusqueda(motor, QStringLiteral("obs"), false, texto);
+      QVERIFY2(ContarFilas(c, consulta).value_or(-1) >= 0, qPrintable(texto));
+    }
   }
 
   // Field 3 equal to 0 asks the user's password when an administrator's exists; field 5 equal

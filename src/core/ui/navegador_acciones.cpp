@@ -10,6 +10,7 @@
 #include <QTableView>
 #include <QToolBar>
 
+#include "core/browse_filter.h"
 #include "core/dialect.h"
 #include "core/mBrowse.h"
 #include "core/mFunciones_valores.h"
@@ -262,25 +263,14 @@ void Navegador::Buscar(int tecla) {
           .trimmed();
   if (!aceptado || respuesta.isEmpty()) return;
   const QString nombre = modelo_->columnas()[indice].nombre;
-  mBrowse::Condicion condicion;
-  if (respuesta != QLatin1String("*")) {
-    const QString c = QStringLiteral("t.") + dialect::Name(nombre);
-    const QString like = u' ' + dialect::ILike(session_.Sql) + u' ';
-    switch (busqueda->modo) {
-      case mBrowse::ModoBusqueda::kIgual:
-        condicion = {c + QStringLiteral(" = ?"), {mFunciones::ValorNumerico(respuesta)}};
-        break;
-      case mBrowse::ModoBusqueda::kContiene:
-        condicion = {c + like + u'?', {u'%' + respuesta + u'%'}};
-        break;
-      case mBrowse::ModoBusqueda::kSubconsulta: {
-        QString sub = QString::fromUtf8(busqueda->subconsulta);
-        sub.replace(QStringLiteral(" like ?"), like + u'?');
-        condicion = {c + QStringLiteral(" in (") + sub + u')', {u'%' + respuesta + u'%'}};
-        break;
-      }
-    }
-  }
+  const Engine engine = session_.Sql ? Engine::kPostgres : Engine::kSqlite;
+  const mBrowse::Condicion condicion =
+      busqueda->modo == mBrowse::ModoBusqueda::kSubconsulta
+          ? mBrowse::CondicionDeSubconsulta(engine, nombre,
+                                            QString::fromUtf8(busqueda->subconsulta),
+                                            QString::fromUtf8(busqueda->detalle), respuesta)
+          : mBrowse::CondicionDeBusqueda(
+                engine, nombre, busqueda->modo == mBrowse::ModoBusqueda::kIgual, respuesta);
   AplicarBusqueda(condicion, false);
 }
 
