@@ -41,7 +41,11 @@ inline QVariant ValorValido(const QString& tabla, const schema::Column& column, 
   if (name == u"usuario") return QStringLiteral("ADMINISTRADOR");
   if (name == u"equipo") return QStringLiteral("PRUEBAS");
   if (name == u"esquema") return QStringLiteral("CFDI");
-  if (name == u"codigo" || name == u"descripcion") return QStringLiteral("ARTICULO");
+  if (name == u"codigo" || name == u"descripcion" || name == u"producto") {
+    return QStringLiteral("ARTICULO");
+  }
+  if (name == u"moneda") return QStringLiteral("MXN");
+  if (name == u"serie") return QStringLiteral("A");
   if (name == u"unidad") return QStringLiteral("PZA");
   switch (column.type) {
     case kText:
