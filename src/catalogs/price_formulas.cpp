@@ -1,0 +1,75 @@
+#include "catalogs/price_formulas.h"
+
+#include "documents/round_half_even.h"
+
+namespace ventarix::catalogs {
+
+Formula FormulaDeEmpresa(const RowValues& empresa) {
+  if (empresa.Flag(QStringLiteral("Aplicar_Utilidad_Financiera"))) return Formula::kFinanciera;
+  if (empresa.Flag(QStringLiteral("Aplicar_Utilidad_Aritmetica"))) return Formula::kAritmetica;
+  return Formula::kNinguna;
+}
+
+std::optional<double> PrecioPorFormula(Formula formula, double costo, double utilidad) {
+  switch (formula) {
+    case Formula::kFinanciera:
+      if (utilidad == 100) return std::nullopt;
+      return costo / ((100 - utilidad) / 100);
+    case Formula::kAritmetica:
+      return costo * (1 + (utilidad / 100));
+    case Formula::kNinguna:
+      break;
+  }
+  return std::nullopt;
+}
+
+double ConImpuesto(double precio, double impuesto) { return precio * (1 + (impuesto / 100)); }
+
+double SinImpuesto(double precio_con_impuesto, double impuesto) {
+  const double factor = 1 + (impuesto / 100);
+  if (factor == 0) return precio_con_impuesto;
+  return precio_con_impuesto / factor;
+}
+
+std::optional<double> UtilidadDePrecio(Formula formula, double costo, double precio) {
+  switch (formula) {
+    case Formula::kFinanciera:
+      if (precio == 0) return std::nullopt;
+      return (1 - costo / precio) * 100;
+    case Formula::kAritmetica:
+      if (costo == 0) return std::nullopt;
+      return (precio / costo - 1) * 100;
+    case Formula::kNinguna:
+      break;
+  }
+  return std::nullopt;
+}
+
+Desglose DesgloseDePrecio(double precio, double impuesto, double costo) {
+  const double p = RoundHalfEven(precio, 4);
+  const double i = RoundHalfEven(impuesto, 2);
+  const double c = RoundHalfEven(costo, 4);
+  Desglose d;
+  d.venta = RoundHalfEven(SinImpuesto(p, i), 4);
+  d.margen = d.venta - c;
+  d.impuesto = i * d.venta / 100;
+  return d;
+}
+
+Niveles CalcularNiveles(Formula formula, double costo, double impuesto,
+                        const std::array<double, kNiveles>& utilidades) {
+  const double i = RoundHalfEven(impuesto, 2);
+  const double c = RoundHalfEven(costo, 4);
+  Niveles niveles;
+  for (int k = 0; k < kNiveles; ++k) {
+    Nivel& nivel = niveles[k];
+    nivel.utilidad = utilidades[k];
+    if (const auto precio = PrecioPorFormula(formula, c, utilidades[k])) {
+      nivel.precio = RoundHalfEven(*precio, 4);
+      nivel.precio_con_impuesto = RoundHalfEven(*nivel.precio * (1 + i / 100), 4);
+    }
+  }
+  return niveles;
+}
+
+}  // namespace ventarix::catalogs
