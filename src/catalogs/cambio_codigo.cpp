@@ -98,20 +98,6 @@ const QStringList& Tablas() {
   return kTablas;
 }
 
-Outcome Anotar(const Session& session, const Cambio& cambio) {
-  Connection c(session.Cadena);
-  if (!c.ok()) return Outcome::Stop(c.error());
-  QString error;
-  const std::optional<int> filas =
-      Actualizar(c,
-                 u"update empresa set \"codigo nuevo\" = ?, \"codigo actual\" = ? "
-                 "where numero = 1"_s,
-                 {cambio.nuevo, cambio.actual}, &error);
-  if (!filas) return Outcome::Stop(error);
-  if (*filas == 0) return Outcome::Stop(u"No existe el registro de la empresa"_s);
-  return Outcome::Ok();
-}
-
 std::optional<Cambio> Pendiente(Connection& c, QString* error) {
   QSqlQuery query = c.Exec(
       u"select coalesce(\"codigo actual\", ''), coalesce(\"codigo nuevo\", '') from empresa "
@@ -137,6 +123,7 @@ Outcome Cambiar(Session& session, const Avance& avance) {
   if (!error.isEmpty()) return Outcome::Stop(error);
   session.CambioDeCodigoPendiente = cambio.has_value();
   if (!cambio) return Outcome::Ok();
+  if (avance.cambio) avance.cambio(*cambio);
 
   const QStringList& tablas = Tablas();
   for (int i = 0; i < tablas.size(); ++i) {

@@ -26,6 +26,8 @@ struct Cambio {
 const QStringList& Tablas();
 
 struct Avance {
+  // The pending change was read: the codes it carries.
+  std::function<void(const Cambio& cambio)> cambio;
   // A table begins: its name, its number (from 1) and how many tables there are.
   std::function<void(const QString& tabla, int numero, int tablas)> tabla;
   // A table is done: the rows that took the new code (0 for a catalogue that already had it).
@@ -33,9 +35,6 @@ struct Avance {
   // Asked after each table: true stops there and leaves the change pending.
   std::function<bool()> detener;
 };
-
-// Writes the change to carry out into empresa's row 1. The company row must exist.
-Outcome Anotar(const Session& session, const Cambio& cambio);
 
 // The change waiting in empresa's row 1, if both codes are there; a failed read sets *error.
 std::optional<Cambio> Pendiente(Connection& c, QString* error);

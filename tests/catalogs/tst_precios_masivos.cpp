@@ -7,6 +7,7 @@
 #include "catalogs/cambio_codigo.h"
 #include "catalogs/costos_masivos.h"
 #include "catalogs/precios_producto.h"
+#include "catalogs/productos_cambio_codigo.h"
 #include "support/document_rows.h"
 #include "support/test_company.h"
 
@@ -290,17 +291,21 @@ class TestPreciosMasivos : public QObject {
     QVERIFY(InsertarFila(c, u"productos consumos"_s,
                          {{u"codigo"_s, u"VIEJO"_s}, {u"equivale"_s, u"TORNILLO"_s}}));
     Session session = company.MakeSession();
-    QVERIFY(cambio_codigo::Anotar(session, {u"VIEJO"_s, u"NUEVO"_s}).ok);
+    QVERIFY(productos::AnotarCambioDeCodigo(session, u"VIEJO"_s, u"NUEVO"_s).ok);
     session.CambioDeCodigoPendiente = true;
 
     QStringList tablas;
+    cambio_codigo::Cambio leido;
     cambio_codigo::Avance avance;
+    avance.cambio = [&](const cambio_codigo::Cambio& cambio) { leido = cambio; };
     avance.tabla = [&](const QString& tabla, int numero, int total) {
       tablas << tabla;
       QCOMPARE(numero, tablas.size());
       QCOMPARE(total, 13);
     };
     QVERIFY(cambio_codigo::Cambiar(session, avance).ok);
+    QCOMPARE(leido.actual, u"VIEJO"_s);
+    QCOMPARE(leido.nuevo, u"NUEVO"_s);
     QCOMPARE(tablas, cambio_codigo::Tablas());
     QCOMPARE(tablas.last(), u"productos"_s);
     QVERIFY(!session.CambioDeCodigoPendiente);
@@ -339,7 +344,7 @@ class TestPreciosMasivos : public QObject {
     }
     QVERIFY(InsertarFila(c, u"productos consumos"_s, {{u"codigo"_s, u"VIEJO"_s}}));
     Session session = company.MakeSession();
-    QVERIFY(cambio_codigo::Anotar(session, {u"VIEJO"_s, u"NUEVO"_s}).ok);
+    QVERIFY(productos::AnotarCambioDeCodigo(session, u"VIEJO"_s, u"NUEVO"_s).ok);
 
     int corridas = 0;
     cambio_codigo::Avance corte;
@@ -365,16 +370,22 @@ class TestPreciosMasivos : public QObject {
     QVERIFY(!cambio_codigo::Pendiente(c, &error).has_value());
   }
 
-  // Without a company row there is nowhere to keep the change, and nothing waits.
-  void cambioSinEmpresa() {
+  // A company row without both codes has nothing waiting: the run ends at once and clears
+  // the session's flag.
+  void cambioSinPendiente() {
     VENTARIX_COMPANY(company);
+    Connection c(company.cadena());
+    QVERIFY(InsertarFila(c, u"empresa"_s, {{u"numero"_s, 1}, {u"codigo actual"_s, u"A"_s}}));
+    QVERIFY(Producto(c, u"A"_s));
     Session session = company.MakeSession();
-    const Outcome anotado = cambio_codigo::Anotar(session, {u"A"_s, u"B"_s});
-    QVERIFY(!anotado.ok);
-    QCOMPARE(anotado.message, u"No existe el registro de la empresa"_s);
     session.CambioDeCodigoPendiente = true;
-    QVERIFY(cambio_codigo::Cambiar(session).ok);
+    int tablas = 0;
+    cambio_codigo::Avance avance;
+    avance.tabla = [&](const QString&, int, int) { ++tablas; };
+    QVERIFY(cambio_codigo::Cambiar(session, avance).ok);
     QVERIFY(!session.CambioDeCodigoPendiente);
+    QCOMPARE(tablas, 0);
+    QCOMPARE(Contar(c, u"productos"_s, u"codigo = 'A'"_s, {}), 1);
   }
 
   // The levels a clerk chooses from: each margin with its price and tax; a product without
