@@ -5,8 +5,8 @@
 
 #include <QTest>
 
-#include "catalogs/marcas.h"
 #include "catalogs/mFunciones_precios.h"
+#include "catalogs/marcas.h"
 #include "catalogs/price_formulas.h"
 #include "support/document_rows.h"
 #include "support/test_company.h"
@@ -31,12 +31,12 @@ RowValues Empresa(const QStringList& banderas) {
 
 // A product of brand 1 with cost 100, tax 16 and the given margins and stored prices.
 bool Producto(Connection& c, const QString& codigo, const QVariantMap& columnas) {
-  QVariantMap fila{{u"codigo"_s, codigo},   {u"marca"_s, 1},      {u"linea"_s, 1},
-                   {u"costo"_s, 100.0},     {u"impuesto"_s, 16.0}, {u"utilidad1"_s, 20.0},
-                   {u"utilidad2"_s, 25.0},  {u"utilidad3"_s, 30.0}, {u"utilidad4"_s, 40.0},
-                   {u"utilidad5"_s, 50.0},  {u"precio1"_s, 1.0},  {u"precio2"_s, 2.0},
-                   {u"precio3"_s, 3.0},     {u"precio4"_s, 4.0},  {u"precio5"_s, 5.0},
-                   {u"venta"_s, 7.0},       {u"precio"_s, 8.12}};
+  QVariantMap fila{{u"codigo"_s, codigo},  {u"marca"_s, 1},        {u"linea"_s, 1},
+                   {u"costo"_s, 100.0},    {u"impuesto"_s, 16.0},  {u"utilidad1"_s, 20.0},
+                   {u"utilidad2"_s, 25.0}, {u"utilidad3"_s, 30.0}, {u"utilidad4"_s, 40.0},
+                   {u"utilidad5"_s, 50.0}, {u"precio1"_s, 1.0},    {u"precio2"_s, 2.0},
+                   {u"precio3"_s, 3.0},    {u"precio4"_s, 4.0},    {u"precio5"_s, 5.0},
+                   {u"venta"_s, 7.0},      {u"precio"_s, 8.12}};
   for (auto it = columnas.begin(); it != columnas.end(); ++it) fila[it.key()] = it.value();
   QString error;
   const bool ok = testing::InsertarFila(c, u"productos"_s, fila, &error);
@@ -200,12 +200,10 @@ class TestPrecios : public QObject {
     QTest::newRow("venta sobre cero") << 90.0 << 116.0 << nada << nada << 90.0 << 0.0;
     QTest::newRow("venta negativa, precio cero") << -5.0 << 0.0 << nada << nada << 0.0 << 0.0;
     QTest::newRow("venta negativa, precio sobre") << -5.0 << 58.0 << nada << nada << 50.0 << 0.0;
-    QTest::newRow("nivel 3 con descuento") << 90.0 << 116.0 << QVariantList{7, 1, 3, 5.5} << nada
-                                           << 123.5 << 5.5;
-    QTest::newRow("nivel 1") << 90.0 << 116.0 << QVariantList{7, 1, 1, 2.0} << nada << 121.5
-                             << 2.0;
-    QTest::newRow("nivel 5") << 90.0 << 116.0 << QVariantList{7, 1, 5, 0.0} << nada << 125.5
-                             << 0.0;
+    QTest::newRow("nivel 3 con descuento")
+        << 90.0 << 116.0 << QVariantList{7, 1, 3, 5.5} << nada << 123.5 << 5.5;
+    QTest::newRow("nivel 1") << 90.0 << 116.0 << QVariantList{7, 1, 1, 2.0} << nada << 121.5 << 2.0;
+    QTest::newRow("nivel 5") << 90.0 << 116.0 << QVariantList{7, 1, 5, 0.0} << nada << 125.5 << 0.0;
     QTest::newRow("utilidad 0: venta sin descuento")
         << 90.0 << 116.0 << QVariantList{7, 1, 0, 9.0} << nada << 90.0 << 0.0;
     QTest::newRow("utilidad 6: venta sin descuento")
@@ -214,8 +212,8 @@ class TestPrecios : public QObject {
         << 90.0 << 116.0 << QVariantList{7, 2, 3, 9.0} << nada << 90.0 << 0.0;
     QTest::newRow("nivel de otro cliente no cuenta")
         << 90.0 << 116.0 << QVariantList{8, 1, 3, 9.0} << nada << 90.0 << 0.0;
-    QTest::newRow("precio especial gana") << 90.0 << 116.0 << QVariantList{7, 1, 3, 9.0}
-                                          << QVariantList{7, 77.25} << 77.25 << 0.0;
+    QTest::newRow("precio especial gana")
+        << 90.0 << 116.0 << QVariantList{7, 1, 3, 9.0} << QVariantList{7, 77.25} << 77.25 << 0.0;
     QTest::newRow("precio especial nulo es cero")
         << 90.0 << 116.0 << nada << QVariantList{7, QVariant(QMetaType(QMetaType::Double))} << 0.0
         << 0.0;
@@ -278,39 +276,34 @@ class TestPrecios : public QObject {
     const QString fin = u"Aplicar_Utilidad_Financiera"_s;
     const QString ari = u"Aplicar_Utilidad_Aritmetica"_s;
     const Utilidades guardados{1, 2, 3, 4, 5};
-    QTest::newRow("último costo, más barato") << QStringList{modificar, ultimo, ari} << 80.0
-                                              << 50.0 << true << 80.0 << 96.0
-                                              << Utilidades{96, 100, 104, 112, 120};
+    QTest::newRow("último costo, más barato")
+        << QStringList{modificar, ultimo, ari} << 80.0 << 50.0 << true << 80.0 << 96.0
+        << Utilidades{96, 100, 104, 112, 120};
     QTest::newRow("costo cero no cambia nada")
-        << QStringList{modificar, ultimo, ari} << 0.0 << 50.0 << false << 100.0 << 7.0
-        << guardados;
-    QTest::newRow("costo negativo no cambia nada")
-        << QStringList{modificar, ultimo, ari} << -3.0 << 50.0 << false << 100.0 << 7.0
-        << guardados;
-    QTest::newRow("sin formula ni el costo") << QStringList{modificar, ultimo} << 80.0 << 50.0
-                                             << false << 100.0 << 7.0 << guardados;
-    QTest::newRow("compras no modifican") << QStringList{ultimo, ari} << 80.0 << 50.0 << false
-                                          << 100.0 << 7.0 << guardados;
-    QTest::newRow("más alto, más barato") << QStringList{modificar, alto, ari} << 80.0 << 50.0
-                                          << false << 100.0 << 7.0 << guardados;
-    QTest::newRow("más alto, igual") << QStringList{modificar, alto, ari} << 100.0 << 50.0
-                                     << false << 100.0 << 7.0 << guardados;
-    QTest::newRow("más alto, más caro") << QStringList{modificar, alto, ari} << 120.0 << 50.0
-                                        << true << 120.0 << 144.0
-                                        << Utilidades{144, 150, 156, 168, 180};
-    QTest::newRow("ni último ni más alto") << QStringList{modificar, ari} << 120.0 << 50.0
-                                           << false << 100.0 << 7.0 << guardados;
-    QTest::newRow("financiera gana") << QStringList{modificar, ultimo, ari, fin} << 80.0 << 50.0
-                                     << true << 80.0 << 100.0
-                                     << Utilidades{100, 106.66666666666667, 114.28571428571429,
-                                                   133.33333333333334, 160};
-    QTest::newRow("financiera 100 deja el nivel") << QStringList{modificar, ultimo, fin} << 80.0
-                                                  << 100.0 << true << 80.0 << 100.0
-                                                  << Utilidades{100, 106.66666666666667,
-                                                                114.28571428571429,
-                                                                133.33333333333334, 5};
-    QTest::newRow("sin redondeo") << QStringList{modificar, ultimo, ari} << 10.12345 << 50.0
-                                  << true << 10.12345 << 12.14814
+        << QStringList{modificar, ultimo, ari} << 0.0 << 50.0 << false << 100.0 << 7.0 << guardados;
+    QTest::newRow("costo negativo no cambia nada") << QStringList{modificar, ultimo, ari} << -3.0
+                                                   << 50.0 << false << 100.0 << 7.0 << guardados;
+    QTest::newRow("sin formula ni el costo")
+        << QStringList{modificar, ultimo} << 80.0 << 50.0 << false << 100.0 << 7.0 << guardados;
+    QTest::newRow("compras no modifican")
+        << QStringList{ultimo, ari} << 80.0 << 50.0 << false << 100.0 << 7.0 << guardados;
+    QTest::newRow("más alto, más barato")
+        << QStringList{modificar, alto, ari} << 80.0 << 50.0 << false << 100.0 << 7.0 << guardados;
+    QTest::newRow("más alto, igual")
+        << QStringList{modificar, alto, ari} << 100.0 << 50.0 << false << 100.0 << 7.0 << guardados;
+    QTest::newRow("más alto, más caro")
+        << QStringList{modificar, alto, ari} << 120.0 << 50.0 << true << 120.0 << 144.0
+        << Utilidades{144, 150, 156, 168, 180};
+    QTest::newRow("ni último ni más alto")
+        << QStringList{modificar, ari} << 120.0 << 50.0 << false << 100.0 << 7.0 << guardados;
+    QTest::newRow("financiera gana")
+        << QStringList{modificar, ultimo, ari, fin} << 80.0 << 50.0 << true << 80.0 << 100.0
+        << Utilidades{100, 106.66666666666667, 114.28571428571429, 133.33333333333334, 160};
+    QTest::newRow("financiera 100 deja el nivel")
+        << QStringList{modificar, ultimo, fin} << 80.0 << 100.0 << true << 80.0 << 100.0
+        << Utilidades{100, 106.66666666666667, 114.28571428571429, 133.33333333333334, 5};
+    QTest::newRow("sin redondeo") << QStringList{modificar, ultimo, ari} << 10.12345 << 50.0 << true
+                                  << 10.12345 << 12.14814
                                   << Utilidades{12.14814, 12.6543125, 13.160485, 14.17283,
                                                 15.185175};
   }
