@@ -64,6 +64,12 @@ Outcome RevisarCodigoAlterno(const Session& session, const QString& codigo, cons
   return RevisarCodigoAlterno(c, codigo, alterno, campo);
 }
 
+QString NombreDeProducto(const Session& session, const QString& codigo) {
+  Connection c(session.Cadena);
+  if (!c.ok()) return {};
+  return c.Scalar(u"select producto from productos where codigo = ?"_s, {codigo}).toString();
+}
+
 QString FormatoZona(const QString& tecleado) {
   if (tecleado.trimmed().isEmpty()) return {};
   const double numero = mFunciones::ValorNumerico(tecleado);

@@ -37,6 +37,9 @@ Outcome RevisarCodigoAlterno(Connection& c, const QString& codigo, const QString
 Outcome RevisarCodigoAlterno(const Session& session, const QString& codigo, const QString& alterno,
                              const QString& campo);
 
+// The name of the product with that code, or empty.
+QString NombreDeProducto(const Session& session, const QString& codigo);
+
 // The zone as stored: "ZONA" and the number typed with two digits ("3" -> "ZONA03"); empty
 // for an empty field.
 QString FormatoZona(const QString& tecleado);

@@ -1,0 +1,16 @@
+#pragma once
+
+#include "catalogs/ui/forma_producto.h"
+
+namespace ventarix {
+
+// A new product: the company's tax and currency to start with; with consecutive codes the
+// brand fills the code.
+class FrmProductosA : public FormaProducto {
+  Q_OBJECT
+
+ public:
+  explicit FrmProductosA(Session& session, QWidget* parent = nullptr);
+};
+
+}  // namespace ventarix
