@@ -101,7 +101,7 @@ Familia Agentes() {
           false,
           false,
           true,
-          {{"Datos generales",
+          {{"Datos del agente",
             0,
             1,
             {{"Nombre", "Nombre"},
