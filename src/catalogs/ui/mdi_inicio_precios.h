@@ -1,0 +1,47 @@
+#pragma once
+
+#include <QDialog>
+
+#include "catalogs/precios_producto.h"
+#include "core/session.h"
+
+class QLabel;
+class QTableWidget;
+
+namespace ventarix {
+
+// A product's five price levels in a small window, each with its margin and its price with
+// tax. Enter or a double click takes the level's price: it is left in AyudaResultado and the
+// window closes accepted; Esc leaves nothing. Opened by name it shows the product whose code
+// is in RegistroActual.
+class MDIInicioPrecios : public QDialog {
+  Q_OBJECT
+
+ public:
+  explicit MDIInicioPrecios(Session& session, QWidget* parent = nullptr);
+  MDIInicioPrecios(Session& session, const QString& codigo, QWidget* parent = nullptr);
+
+  // The price chosen, with tax.
+  double precio() const { return precio_; }
+
+ public slots:
+  void reject() override;
+
+ protected:
+  void showEvent(QShowEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+
+ private:
+  void Leer();
+  void Elegir(int fila);
+
+  Session& session_;
+  QString codigo_;
+  precios_producto::Niveles niveles_;
+  QLabel* producto_;
+  QTableWidget* fg1_;
+  double precio_ = 0;
+  Outcome lectura_;  // the read's failure, shown once the window is up
+};
+
+}  // namespace ventarix
