@@ -46,7 +46,14 @@ FormaProducto::FormaProducto(Session& session, bool alta, QWidget* parent)
   Conectar();
 }
 
-FormaProducto::~FormaProducto() = default;
+FormaProducto::~FormaProducto() {
+  // Hiding the dialog commits a cell still being typed; by then this screen is half gone and
+  // must not hear of it.
+  for (QObject* grid : {static_cast<QObject*>(campos_->fg1), static_cast<QObject*>(campos_->fg2),
+                        static_cast<QObject*>(campos_->fg3)}) {
+    disconnect(grid, nullptr, this, nullptr);
+  }
+}
 
 void FormaProducto::Conectar() {
   CamposDeProducto& c = *campos_;

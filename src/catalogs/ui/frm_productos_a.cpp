@@ -17,6 +17,10 @@ FrmProductosA::FrmProductosA(Session& session, QWidget* parent)
   CamposDeProducto& c = campos();
   const double impuesto =
       session.empresa.Has(u"impuesto"_s) ? session.empresa.Number(u"impuesto"_s) : 16.0;
+  for (int i : {CamposDeProducto::kPrecio, CamposDeProducto::kCosto, CamposDeProducto::kComision,
+                CamposDeProducto::kDescuento, CamposDeProducto::kMin, CamposDeProducto::kMax}) {
+    c.Datos[i]->setNumero(0);
+  }
   c.Datos[CamposDeProducto::kImpuesto]->setNumero(impuesto);
   const QString moneda = session.empresa.Text(u"moneda"_s);
   c.moneda->setCurrentText(moneda.isEmpty() ? u"MXN"_s : moneda);

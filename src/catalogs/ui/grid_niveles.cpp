@@ -44,6 +44,8 @@ GridNiveles::GridNiveles(QWidget* parent) : QTableWidget(catalogs::kNiveles, 3, 
   const int alto = verticalHeader()->defaultSectionSize() * (catalogs::kNiveles + 1) + 6;
   setMinimumHeight(alto);
   setMaximumHeight(alto + 4);
+  setMinimumWidth(verticalHeader()->sizeHint().width() +
+                  3 * fontMetrics().horizontalAdvance(u"000,000.0000__"_s));
 }
 
 void GridNiveles::Poner(int fila, int columna, double valor, int decimales) {

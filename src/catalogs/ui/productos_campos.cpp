@@ -79,6 +79,7 @@ CamposDeProducto::CamposDeProducto(QDialog* forma, const Session& session) {
     campo->setMaxLength(d.largo);
     if (d.decimales > 0) {
       campo->setDecimales(d.decimales);
+      campo->setMinimumWidth(campo->fontMetrics().horizontalAdvance(u"0,000,000.0000"_s) + 12);
     } else if (i != kMarca && i != kLinea) {
       campo->setMayusculas();
     }
@@ -106,11 +107,13 @@ CamposDeProducto::CamposDeProducto(QDialog* forma, const Session& session) {
       },
       4, forma);
   fg2->setObjectName(u"Fg2"_s);
+  fg2->setMinimumHeight(140);
   fg3 = new GridLista(
       {u"Código"_s, u"Material"_s, u"Cantidad"_s},
       [&session](const QString& clave) { return productos::NombreDeProducto(session, clave); }, 4,
       forma);
   fg3->setObjectName(u"Fg3"_s);
+  fg3->setMinimumHeight(140);
   lbl_precios = new QLabel(forma);
   lbl_precios->setObjectName(u"LblPrecios"_s);
   lbl_consumos = new QLabel(forma);
