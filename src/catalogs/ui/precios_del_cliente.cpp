@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include <QApplication>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QLabel>
@@ -177,6 +178,10 @@ bool PreciosDelCliente::eventFilter(QObject* watched, QEvent* event) {
   auto* grid = qobject_cast<QTableWidget*>(watched);
   const auto* tecla = static_cast<QKeyEvent*>(event);
   if (grid == nullptr || tecla->modifiers() != Qt::NoModifier) return false;
+  // A key the open cell left unused: Enter has already closed the cell, and must not also
+  // move the screen on.
+  if (QApplication::focusWidget() != grid)
+    return tecla->key() == Qt::Key_Return || tecla->key() == Qt::Key_Enter;
   const int fila = grid->currentRow();
   switch (tecla->key()) {
     case Qt::Key_Return:

@@ -63,6 +63,15 @@ void Capturar(const QStringList& valores) {
   }
 }
 
+// Typing on a grid's cell opens it: the first key goes to the grid, the rest to the cell's
+// editor, and Enter writes it back and closes it.
+void EnCelda(QTableWidget* grid, const QString& texto) {
+  QTest::keyClicks(grid, texto.left(1));
+  QTest::keyClicks(Foco(), texto.mid(1));
+  QTest::keyClick(Foco(), Qt::Key_Return);
+  QCoreApplication::processEvents();  // the cell is written back once the key is handled
+}
+
 void Guardar(QWidget& forma) {
   auto* guardar = forma.findChild<QPushButton*>(u"Guardar"_s);
   guardar->setFocus();
@@ -170,16 +179,37 @@ class TestSociosForms : public QObject {
     tabs->setCurrentWidget(marcas);
     marcas->setFocus();
     marcas->setCurrentCell(1, 7);
-    QTest::keyClicks(marcas, u"3"_s);  // typing opens the cell
-    QTest::keyClick(Foco(), Qt::Key_Return);
+    EnCelda(marcas, u"3"_s);
     marcas->setCurrentCell(1, 8);
-    QTest::keyClick(marcas, Qt::Key_F2);
-    QTest::keyClicks(Foco(), u"7.5"_s);
-    QTest::keyClick(Foco(), Qt::Key_Return);
+    EnCelda(marcas, u"7.5"_s);
     QCOMPARE(marcas->item(1, 7)->text(), u"3"_s);
     QCOMPARE(cambio.findChild<QLabel*>(u"Modificado"_s)->text(), u"Precios modificados"_s);
     QCoreApplication::processEvents();  // the label's new width
     testing::SaveShot(&cambio, u"frm_clientes_c"_s);
+
+    // A product by its bar code becomes its own code with its name, and a new empty line
+    // waits below it.
+    auto* productos = cambio.findChild<QTableWidget*>(u"Productos"_s);
+    tabs->setCurrentWidget(productos);
+    productos->setFocus();
+    productos->setCurrentCell(0, 0);
+    EnCelda(productos, u"7501206610"_s);
+    QCOMPARE(productos->item(0, 0)->text(), u"MAR-16"_s);
+    QCOMPARE(productos->item(0, 1)->text(), u"MARTILLO 16 OZ"_s);
+    QCOMPARE(productos->rowCount(), 2);
+    productos->setCurrentCell(0, 2);
+    EnCelda(productos, u"99.5"_s);
+
+    // F1 on the agent opens the agents' list; Enter takes the first.
+    tabs->setCurrentIndex(0);
+    auto* agente = cambio.findChild<CampoCatalogo*>(u"Agente"_s);
+    agente->campo()->setFocus();
+    {
+      ModalCatcher catcher;
+      QTest::keyClick(agente->campo(), Qt::Key_F1);
+      QCOMPARE(catcher.titles, QStringList{u"Agentes"_s});
+    }
+    QCOMPARE(agente->nombre()->text(), u"MOSTRADOR"_s);
     {
       ModalCatcher catcher;
       Guardar(cambio);
@@ -195,6 +225,12 @@ class TestSociosForms : public QObject {
     QCOMPARE(
         Valor(session, u"select dcto from \"clientes utilidades\" where cliente = 1"_s).toDouble(),
         7.5);
+    QCOMPARE(Valor(session,
+                   u"select precio from \"productos precios\" where cliente = 1 "
+                   "and codigo = 'MAR-16' and item = 1"_s)
+                 .toDouble(),
+             99.5);
+    QCOMPARE(Valor(session, u"select agente from clientes where numero = 1"_s).toInt(), 1);
   }
 
   void AltaDeProveedor() {
