@@ -32,7 +32,8 @@ Outcome ArmarFila(const QString& tabla, const RowValues& datos, const QSet<QStri
   *fila = {};
   for (const schema::Column& column : definicion->columns) {
     const QString nombre = QString::fromUtf8(column.name);
-    if (fuera.contains(nombre)) continue;
+    // A column the row does not hold keeps what is stored.
+    if (fuera.contains(nombre) || !datos.Has(nombre)) continue;
     const QVariant valor = datos.Value(nombre);
     QVariant guardado;
     switch (column.type) {
@@ -54,7 +55,6 @@ Outcome ArmarFila(const QString& tabla, const RowValues& datos, const QSet<QStri
         guardado = literales.contains(nombre) ? datos.Text(nombre) : mFunciones::ValorTexto(valor);
         break;
       case schema::Type::kBinary:
-        if (!datos.Has(nombre)) continue;
         guardado = valor.isNull() ? QVariant(QMetaType::fromType<QByteArray>())
                                   : QVariant(valor.toByteArray());
         break;

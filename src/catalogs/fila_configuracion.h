@@ -19,8 +19,9 @@ struct FilaParaGuardar {
 
 // Builds the values of every column of TABLA but those in FUERA (lower case): numbers through
 // ValorNumerico, flags as "S" or "N", texts through ValorTexto except the columns in
-// LITERALES, kept as typed (passwords). A binary column goes only when the row holds it. A
-// small integer out of 0..32767 is refused with the field named by its column.
+// LITERALES, kept as typed (passwords). A column the row does not hold is left out, so that it
+// keeps its stored value. A small integer out of 0..32767 is refused with the field named by
+// its column.
 Outcome ArmarFila(const QString& tabla, const RowValues& datos, const QSet<QString>& fuera,
                   const QSet<QString>& literales, FilaParaGuardar* fila);
 

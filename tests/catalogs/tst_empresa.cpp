@@ -291,6 +291,7 @@ class TestEmpresa : public QObject {
     VENTARIX_COMPANY(company);
     Session s = Cargada(company);
     RowValues datos = EmpresaCompleta();
+    datos.Set(u"telefonos"_s, u"55 5661 2040"_s);
     datos.Set(u"logotipo"_s, Jpeg(2500));
     QVERIFY(empresa::GuardarEmpresa(s, datos));
     CargarSesion(s);
@@ -309,9 +310,14 @@ class TestEmpresa : public QObject {
     CargarSesion(s);
     QCOMPARE(QFileInfo(s.ArchivoLogo).size(), 900);
 
+    // A row without the column keeps the logo, as it keeps every other column it lacks.
     RowValues sin_logo = EmpresaCompleta();
     QVERIFY(empresa::GuardarEmpresa(s, sin_logo));
     QCOMPARE(empresa::LeerEmpresa(s).Value(u"logotipo"_s).toByteArray().size(), 900);
+    QCOMPARE(empresa::LeerEmpresa(s).Text(u"telefonos"_s), u"55 5661 2040"_s);
+    sin_logo.Set(u"logotipo"_s, QVariant());
+    QVERIFY(empresa::GuardarEmpresa(s, sin_logo));
+    QVERIFY(empresa::LeerEmpresa(s).Value(u"logotipo"_s).isNull());
   }
 
   // ---- Mail and PAC accounts ----
