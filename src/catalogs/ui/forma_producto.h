@@ -36,6 +36,9 @@ class FormaProducto : public QDialog {
   void Recalcular();
   // The same figures; with venta_de_precio false the sale price shown stays as it is.
   void Cifras(bool venta_de_precio);
+  // The brand the product was read with: passing through its field copies nothing, only
+  // another brand brings its margins (and, adding, its next code).
+  void setMarcaLeida(qint32 marca) { marca_leida_ = marca; }
   Session& session_;
   QPushButton* guardar_;
   QPushButton* salir_;

@@ -69,6 +69,7 @@ FrmProductosC::FrmProductosC(Session& session, QWidget* parent)
     return;
   }
   c.Mostrar(leido.producto, leido.nombres_clientes, leido.nombres_consumos);
+  setMarcaLeida(leido.producto.marca);
   c.Datos[CamposDeProducto::kCodigo]->setReadOnly(true);
   c.Datos[CamposDeProducto::kCodigo]->setFocusPolicy(Qt::NoFocus);
   c.Datos[CamposDeProducto::kCosto]->setReadOnly(

@@ -203,6 +203,40 @@ class TestProductosForms : public QObject {
     QCOMPARE(s.RegistroActual, u"OTRO"_s);
   }
 
+  // A product of brand 12 with margins of its own: passing through the brand field keeps them,
+  // and the save writes them back unchanged.
+  void MarcaSinCambioConservaMargenes() {
+    VENTARIX_COMPANY(company);
+    Session s = Tienda(company);
+    {
+      Connection c(s.Cadena);
+      QVERIFY(testing::InsertarFila(c, u"productos"_s,
+                                    {{u"codigo"_s, u"12-00009"_s},
+                                     {u"marca"_s, 12},
+                                     {u"costo"_s, 50.0},
+                                     {u"utilidad1"_s, 77.0},
+                                     {u"precio1"_s, 88.5}}));
+    }
+    s.RegistroActual = u"12-00009"_s;
+    FrmProductosC cambio(s);
+    QVERIFY(Mostrar(cambio));
+    Enter();  // Unidad
+    Enter();  // Marca
+    QCOMPARE(QApplication::focusWidget(), cambio.findChild<QLineEdit*>(u"Marca"_s));
+    Enter();
+    auto* fg1 = cambio.findChild<GridNiveles*>(u"Fg1"_s);
+    QCOMPARE(fg1->Utilidades()[0], 77.0);
+    QCOMPARE(fg1->PrecioSinImpuesto(0), 88.5);  // 50 * 1.77, rounded to 4
+    auto* guardar = cambio.findChild<QPushButton*>(u"Guardar"_s);
+    guardar->setFocus();
+    Enter(guardar);
+    QCOMPARE(cambio.result(), int(QDialog::Accepted));
+    QCOMPARE(Columna(s, u"utilidad1"_s, u"12-00009"_s).toDouble(), 77.0);
+    QCOMPARE(Columna(s, u"utilidad2"_s, u"12-00009"_s).toDouble(), 0.0);
+    QCOMPARE(Columna(s, u"precio1"_s, u"12-00009"_s).toDouble(), 88.5);
+    QCOMPARE(Columna(s, u"zona"_s, u"12-00009"_s).toString(), u"ZONA00"_s);
+  }
+
   // Price 232 at 16 % gives sale 200; a sale of 150 typed back gives price 174; saved.
   void PreciosRapidos() {
     VENTARIX_COMPANY(company);
