@@ -11,9 +11,12 @@
 #include "catalogs/ui/frm_marcas.h"
 #include "catalogs/ui/frm_productos_a.h"
 #include "catalogs/ui/frm_productos_c.h"
+#include "catalogs/ui/frm_productos_g.h"
 #include "catalogs/ui/frm_productos_p.h"
 #include "catalogs/ui/grid_niveles.h"
+#include "catalogs/ui/mdi_inicio_cambiar.h"
 #include "core/database.h"
+#include "core/ui/form_registry.h"
 #include "support/document_rows.h"
 #include "support/modal_catcher.h"
 #include "support/test_company.h"
@@ -235,6 +238,50 @@ class TestProductosForms : public QObject {
     QCOMPARE(Columna(s, u"utilidad2"_s, u"12-00009"_s).toDouble(), 0.0);
     QCOMPARE(Columna(s, u"precio1"_s, u"12-00009"_s).toDouble(), 88.5);
     QCOMPARE(Columna(s, u"zona"_s, u"12-00009"_s).toString(), u"ZONA00"_s);
+  }
+
+  // OTRO becomes NUEVO: the reserved code is refused first; then the change is carried
+  // through the materials and the catalogue and the new code goes back to the browser.
+  void CambioDeCodigo() {
+    VENTARIX_COMPANY(company);
+    Session s = Tienda(company);
+    {
+      Connection c(s.Cadena);
+      QVERIFY(testing::InsertarFila(c, u"empresa"_s, {{u"numero"_s, 1}}));
+      QVERIFY(testing::InsertarFila(
+          c, u"productos consumos"_s,
+          {{u"codigo"_s, u"MESA"_s}, {u"equivale"_s, u"OTRO"_s}, {u"cantidad"_s, 4.0}}));
+    }
+    FormRegistry registro;
+    registro.Add(u"MDIInicioCambiar"_s,
+                 [](Session& sesion) { return new MDIInicioCambiar(sesion); });
+    s.RegistroActual = u"OTRO"_s;
+    FrmProductosG cambio(s, &registro);
+    QVERIFY(Mostrar(cambio));
+    QCOMPARE(QApplication::focusWidget(), cambio.findChild<QLineEdit*>(u"Nuevo"_s));
+    QCOMPARE(Texto(cambio, u"Actual"_s), u"OTRO"_s);
+    {
+      ModalCatcher catcher;
+      Teclear(u"dppp"_s);
+      Enter();
+      QCOMPARE(catcher.texts, QStringList{u"Este código se utiliza para notas de crédito"_s});
+    }
+    QVERIFY(Mostrar(cambio));
+    QCOMPARE(cambio.focusWidget(), cambio.findChild<QLineEdit*>(u"Nuevo"_s));
+    {
+      ModalCatcher catcher;
+      Teclear(u"nuevo"_s);
+      Enter();
+      QTRY_COMPARE(cambio.result(), int(QDialog::Accepted));
+    }
+    QCOMPARE(s.RegistroActual, u"NUEVO"_s);
+    QVERIFY(!s.CambioDeCodigoPendiente);
+    QCOMPARE(Columna(s, u"producto"_s, u"NUEVO"_s).toString(), u"ARTICULO OTRO"_s);
+    QVERIFY(!Columna(s, u"producto"_s, u"OTRO"_s).isValid());
+    Connection c(s.Cadena);
+    QCOMPARE(c.Scalar(u"select equivale from \"productos consumos\""_s).toString(), u"NUEVO"_s);
+    QCOMPARE(c.Scalar(u"select coalesce(\"codigo nuevo\", '') from empresa"_s).toString(),
+             QString());
   }
 
   // Price 232 at 16 % gives sale 200; a sale of 150 typed back gives price 174; saved.
