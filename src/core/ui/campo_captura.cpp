@@ -30,7 +30,10 @@ void CampoCaptura::setNumero(double value) {
 }
 
 void CampoCaptura::focusInEvent(QFocusEvent* event) {
-  paleta_ = palette();
+  // A dialog that opens gives the focus twice (on show and on activation) with no leaving in
+  // between: only the first time holds the field's own colours.
+  if (!pintado_) paleta_ = palette();
+  pintado_ = true;
   QPalette fondo = paleta_;
   fondo.setColor(QPalette::Base, QColor::fromRgb(session_.ColorFondo));
   setPalette(fondo);
@@ -44,6 +47,7 @@ void CampoCaptura::focusInEvent(QFocusEvent* event) {
 
 void CampoCaptura::focusOutEvent(QFocusEvent* event) {
   setPalette(paleta_);
+  pintado_ = false;
   if (decimales_ > 0) setText(mFunciones::FormatoNumero(Numero(), decimales_));
   QLineEdit::focusOutEvent(event);
   emit Dejado();

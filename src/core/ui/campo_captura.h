@@ -45,6 +45,7 @@ class CampoCaptura : public QLineEdit {
   const Session& session_;
   int decimales_ = 0;
   QPalette paleta_;
+  bool pintado_ = false;
 };
 
 }  // namespace ventarix

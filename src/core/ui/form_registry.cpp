@@ -2,6 +2,10 @@
 
 #include <QWidget>
 
+#include "catalogs/ui/configuracion_registro.h"
+#include "catalogs/ui/precios_masivos_registro.h"
+#include "catalogs/ui/productos_registro.h"
+#include "catalogs/ui/socios_registro.h"
 #include "core/ui/mdi_inicio_autorizacion.h"
 #include "core/ui/navegador.h"
 #include "core/ui/pantalla_pendiente.h"
@@ -21,6 +25,10 @@ void RegistrarFormularios(FormRegistry& registry) {
                [](Session& session) { return new MDIInicioAutorizacion(session); });
   RegistrarNavegadores(registry);
   RegistrarUsuarios(registry);
+  RegistrarSocios(registry);
+  RegistrarProductos(registry);
+  RegistrarPreciosMasivos(registry);
+  RegistrarConfiguracion(registry);
   RegistrarMantenimiento(registry);
 }
 
