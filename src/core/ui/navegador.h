@@ -60,6 +60,9 @@ class Navegador : public QWidget {
   bool Tecla(QKeyEvent* event);
   void Nuevo();
   void Cambiar();
+  void CambiarCodigo();
+  void Recargar();
+  void ModoPrecios();
   void Cancelar();
   void Imprimir();
   void Formato();
@@ -80,6 +83,7 @@ class Navegador : public QWidget {
   QToolBar* barra_;
   QLabel* estado_;
   QStringList textos_filtro_;
+  bool modo_precios_ = false;  // products: Enter opens the quick price screen
   bool cargada_ = false;
 };
 

@@ -25,6 +25,10 @@ namespace ventarix {
 
 namespace {
 
+bool EsProductos(const mBrowse::Familia& familia) {
+  return QLatin1String(familia.forma) == QLatin1String("FrmProductos");
+}
+
 int TeclaDeFuncion(int key) {
   return key >= Qt::Key_F2 && key <= Qt::Key_F8 ? key - Qt::Key_F1 + 1 : -1;
 }
@@ -82,9 +86,8 @@ bool Navegador::eventFilter(QObject* watched, QEvent* event) {
 }
 
 bool Navegador::Tecla(QKeyEvent* event) {
-  const bool control = event->modifiers() & Qt::ControlModifier;
   const int key = event->key();
-  if (control) {
+  if (event->modifiers() & Qt::ControlModifier) {
     switch (key) {
       case Qt::Key_C:
         Copiar();
@@ -100,6 +103,9 @@ bool Navegador::Tecla(QKeyEvent* event) {
         return true;
       case Qt::Key_B:
         Buscar(0);
+        return true;
+      case Qt::Key_G:
+        CambiarCodigo();
         return true;
       default:
         return false;
@@ -119,27 +125,14 @@ bool Navegador::Tecla(QKeyEvent* event) {
     case Qt::Key_Delete:
       Cancelar();
       return true;
-    case Qt::Key_F5: {
-      const QModelIndex actual = fg1_->currentIndex();
-      vista_.Renglon = qMax(0, actual.row());
-      vista_.Posicion = qMax(0, actual.column());
-      const mBrowse::Condicion busqueda = modelo_->consulta().busqueda;
-      const std::vector<mBrowse::Orden> orden = modelo_->consulta().orden;
-      mBrowse::Consulta consulta = modelo_->consulta();
-      consulta.periodo.reset();
-      // The year panel may have changed: the load decides the year again.
-      vista_.Busqueda = mBrowse::EscribirBusqueda(busqueda);
-      vista_.Ordenar = mBrowse::EscribirOrdenar(orden);
-      const mBrowse::Vista guardada = vista_;
-      CargarVista();
-      const QModelIndex destino =
-          modelo_->index(qMin(guardada.Renglon, modelo_->rowCount() - 1),
-                         qMin(guardada.Posicion, modelo_->columnCount() - 1));
-      if (destino.isValid()) fg1_->setCurrentIndex(destino);
+    case Qt::Key_F5:
+      Recargar();
       return true;
-    }
     case Qt::Key_F9:
       Filtrar();
+      return true;
+    case Qt::Key_F12:
+      ModoPrecios();
       return true;
     default:
       break;
@@ -220,7 +213,35 @@ void Navegador::Cambiar() {
   }
   if (!Autorizar(2)) return;
   session_.RegistroActual = llave;
-  AbrirForma(QString::fromLatin1(familia_.cambio));
+  AbrirForma(modo_precios_ ? QStringLiteral("FrmProductosP")
+                           : QString::fromLatin1(familia_.cambio));
+}
+
+// Products only: Enter opens the quick price screen instead of the whole product.
+void Navegador::ModoPrecios() {
+  if (!EsProductos(familia_)) return;
+  modo_precios_ = !modo_precios_;
+  ui::Inform(this,
+             QStringLiteral("Pantalla para modo precios ") +
+                 (modo_precios_ ? QStringLiteral("ACTIVADA") : QStringLiteral("DESACTIVADA")));
+}
+
+// Products only: the code change runs through every table, so the whole view is read again.
+void Navegador::CambiarCodigo() {
+  if (!EsProductos(familia_) || !fg1_->currentIndex().isValid()) return;
+  const Outcome permiso = mFunciones::TienePermiso(session_, QString::fromLatin1(familia_.derechos),
+                                                   QStringLiteral("C"));
+  if (!permiso) return ui::ShowOutcome(this, permiso);
+  session_.RegistroActual = LlaveActual();
+  AbrirForma(QStringLiteral("FrmProductosG"));
+  Recargar();
+}
+
+// The whole load again (the year panel may have changed), with the search, sort and row the
+// user has now.
+void Navegador::Recargar() {
+  GuardarVista();
+  CargarVista();
 }
 
 void Navegador::Cancelar() {

@@ -239,6 +239,27 @@ class TestNavegador : public QObject {
     QCOMPARE(navegador.modelo()->rowCount(), 0);
   }
 
+  // F12 on the products turns price mode on: Enter then opens the quick price screen.
+  void ModoPreciosDeProductos() {
+    VENTARIX_DEMO(company);
+    Session session = Sesion(*company, QStringLiteral("ADMINISTRADOR"));
+    FormRegistry registry;
+    RegistrarFormularios(registry);
+    Navegador navegador(session, *mBrowse::FamiliaDeForma(QStringLiteral("FrmProductos")),
+                        registry);
+    navegador.show();
+    ModalCatcher catcher({{}, {QString(), false}, {}});
+    QTest::keyClick(navegador.grid(), Qt::Key_F12);
+    QTest::keyClick(navegador.grid(), Qt::Key_Return);
+    QTest::keyClick(navegador.grid(), Qt::Key_F12);
+    QTRY_COMPARE(catcher.pending(), 0);
+    QCOMPARE(catcher.texts,
+             (QStringList{QStringLiteral("Pantalla para modo precios ACTIVADA"),
+                          QStringLiteral("FrmProductosP"),
+                          QStringLiteral("Pantalla para modo precios DESACTIVADA")}));
+    QCOMPARE(session.RegistroActual, navegador.modelo()->Valor(0, 0).toString());
+  }
+
   // The count guard: exactly 200,000 rows are all shown; one more and the grid stops there.
   void LimiteDeFilas() {
     QFETCH_GLOBAL(QString, engine);
