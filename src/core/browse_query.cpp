@@ -148,8 +148,10 @@ QString OrdenDePaginas(const Consulta& consulta) {
     partes << Columna(QStringLiteral("p"), o.columna) + Direccion(o.descendente);
     descendente = o.descendente;
   }
+  // Keys are never null: the plain direction lets PostgreSQL walk their index.
   for (const QString& llave : consulta.llave) {
-    partes << Columna(QStringLiteral("p"), llave) + Direccion(descendente);
+    partes << Columna(QStringLiteral("p"), llave) +
+                  (descendente ? QStringLiteral(" desc") : QStringLiteral(" asc"));
   }
   if (partes.isEmpty()) return {};
   return QStringLiteral(" order by ") + partes.join(QStringLiteral(", "));
@@ -200,10 +202,13 @@ Pagina Leer(QSqlQuery& query, int columnas_por_fila) {
     pagina.outcome = Outcome::Stop(QueryError(query));
     return pagina;
   }
+  // record() builds the whole row anew on each call: read the width once.
+  const int columnas = query.record().count();
+  Q_UNUSED(columnas_por_fila);
   while (query.next()) {
     QVariantList fila;
-    fila.reserve(columnas_por_fila);
-    for (int c = 0; c < query.record().count(); ++c) fila << query.value(c);
+    fila.reserve(columnas);
+    for (int c = 0; c < columnas; ++c) fila << query.value(c);
     pagina.filas.push_back(std::move(fila));
   }
   return pagina;
