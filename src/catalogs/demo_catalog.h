@@ -19,6 +19,7 @@ struct Articulo {
   int centavos;  // cost of the first variant
   QList<const char*> variantes;
   int paso = 30;  // percent each further size costs more; 0 when variants are colours or kinds
+  int impuesto = 16;  // seeds and fertiliser are sold at 0 %
 };
 
 const QList<const char*>& Lineas();

@@ -18,7 +18,9 @@ bool EscribirTodo(Connection& c, QString* error) {
          demo::EscribirBancos(c, error) && demo::EscribirAgentes(c, error) &&
          demo::EscribirClientes(c, dice, error) && demo::EscribirProveedores(c, dice, error) &&
          demo::EscribirLineas(c, error) && demo::EscribirMarcas(c, error) &&
-         demo::EscribirProductos(c, dice, error) && demo::EscribirClientesUtilidades(c, error) &&
+         demo::EscribirProductos(c, dice, error) &&
+         demo::EscribirProductoTerminado(c, dice, error) &&
+         demo::EscribirClientesUtilidades(c, error) && demo::EscribirPreciosPorCliente(c, error) &&
          demo::EscribirInventarioInicial(c, error);
 }
 

@@ -15,7 +15,6 @@ namespace ventarix::demo {
 
 namespace {
 
-constexpr int kImpuesto = 16;
 const char* const kUtilidades[] = {"utilidad1", "utilidad2", "utilidad3", "utilidad4", "utilidad5"};
 const char* const kPrecios[] = {"precio1", "precio2", "precio3", "precio4", "precio5"};
 const char* const kAlmacenes[] = {"almacen1", "almacen2", "almacen3", "almacen4", "almacen5"};
@@ -38,14 +37,14 @@ Fila Existencias(Dice& dice, qint64 costo) {
 }
 
 // The five price levels and their margins, and the sale price with and without tax.
-Fila Precios(const Marca& marca, double costo) {
+Fila Precios(const Marca& marca, double costo, int impuesto) {
   Fila precios;
   for (int k = 0; k < 5; ++k)
     precios.append({kPrecios[k], PriceAtMargin(costo, marca.utilidades[k])});
   for (int k = 0; k < 5; ++k) precios.append({kUtilidades[k], double(marca.utilidades[k])});
   const double precio1 = precios[0].valor.toDouble();
-  const double con_impuesto = std::round(precio1 * (100 + kImpuesto) * 100.0) / 10000.0;
-  precios += Fila{{"venta", precio1}, {"precio", con_impuesto}, {"impuesto", double(kImpuesto)}};
+  const double con_impuesto = std::round(precio1 * (100 + impuesto) * 100.0) / 10000.0;
+  precios += Fila{{"venta", precio1}, {"precio", con_impuesto}, {"impuesto", double(impuesto)}};
   return precios;
 }
 
@@ -84,7 +83,7 @@ Fila Producto(Dice& dice, Connection& c, const Articulo& a, int variante, int co
       {"costo", costo},
       {"ultimo costo", costo},
       {"ultima venta", 0.0}};
-  row += Precios(marca, costo);
+  row += Precios(marca, costo, a.impuesto);
   row += Fila{{"comision", double(a.linea % 3 + 1)},
               {"descuento", 0.0},
               {"min", caro ? 2.0 : 10.0},
@@ -97,6 +96,17 @@ Fila Producto(Dice& dice, Connection& c, const Articulo& a, int variante, int co
               {"status", Texto("ALTA")}};
   return row;
 }
+
+// A value of a row already built, replaced.
+void Poner(Fila& row, const char* columna, const QVariant& valor) {
+  for (Campo& campo : row) {
+    if (qstrcmp(campo.columna, columna) == 0) campo.valor = valor;
+  }
+}
+
+// The materials of the shop's one product of its own: a fixing set packed in the back room
+// from a box of wood screws, a box of washers and a bag of wall plugs.
+const char* const kMateriales[] = {"1-00004", "1-00032", "1-00037"};
 
 }  // namespace
 
@@ -133,6 +143,73 @@ bool EscribirProductos(Connection& c, Dice& dice, QString* error) {
   for (const Articulo& a : Articulos()) {
     for (int v = 0; v < a.variantes.size(); ++v) {
       const Fila row = Producto(dice, c, a, v, ++por_marca[a.linea], ++item);
+      if (!Agregar(writer, row, error)) return false;
+    }
+  }
+  return true;
+}
+
+bool EscribirProductoTerminado(Connection& c, Dice& dice, QString* error) {
+  double costo = 0;
+  for (const char* material : kMateriales) {
+    const QVariant uno = c.Scalar(QStringLiteral("select costo from productos where codigo = ?"),
+                                  {QString::fromLatin1(material)});
+    if (uno.isNull()) {
+      *error = QStringLiteral("Falta el material ") + QString::fromLatin1(material);
+      return false;
+    }
+    costo += uno.toDouble();
+  }
+  const int consecutivo =
+      c.Scalar(QStringLiteral("select count(*) from productos where marca = 1")).toInt() + 1;
+  const int items = c.Scalar(QStringLiteral("select count(*) from productos")).toInt();
+  Fila row = Producto(dice, c, Articulos().first(), 0, consecutivo, items + 1);
+  const QString nombre = QStringLiteral("JUEGO DE FIJACIÓN PARA REPISA");
+  Poner(row, "producto", nombre);
+  Poner(row, "descripcion", nombre + QStringLiteral(", TORNILLOS, RONDANAS Y TAQUETES"));
+  Poner(row, "unidad", QStringLiteral("JUEGO"));
+  Poner(row, "pt", QStringLiteral("S"));
+  Poner(row, "costo", costo);
+  Poner(row, "ultimo costo", costo);
+  for (const Campo& precio : Precios(Marcas().first(), costo, 16))
+    Poner(row, precio.columna, precio.valor);
+  RowWriter producto(c, QStringLiteral("productos"));
+  if (!Agregar(producto, row, error)) return false;
+  RowWriter consumos(c, QStringLiteral("productos consumos"));
+  int item = 0;
+  for (const char* material : kMateriales) {
+    const Fila consumo{{"codigo", row.first().valor},
+                       {"equivale", QString::fromLatin1(material)},
+                       {"cantidad", 1.0},
+                       {"item", ++item}};
+    if (!Agregar(consumos, consumo, error)) return false;
+  }
+  // A size the suppliers no longer make: kept for its history, no longer sold.
+  return c.Run(QStringLiteral("update productos set status = ? where codigo = ?"),
+               {Texto("BAJA"), QStringLiteral("1-00010")}, error);
+}
+
+// Two wholesale clients have agreed prices on their usual products: level 2 less 5 %.
+bool EscribirPreciosPorCliente(Connection& c, QString* error) {
+  QSqlQuery clientes =
+      c.Exec(QStringLiteral("select numero from clientes where tipo = ? order by numero"),
+             {Texto("MAYOREO")});
+  QList<int> numeros;
+  while (clientes.next() && numeros.size() < 2) numeros.append(clientes.value(0).toInt());
+  QSqlQuery productos = c.Exec(QStringLiteral("select codigo, precio2 from productos where marca "
+                                              "in (1, 7) and status = ? order by codigo"),
+                               {Texto("ALTA")});
+  QList<QPair<QString, double>> acordados;
+  while (productos.next() && acordados.size() < 6) {
+    const double precio2 = productos.value(1).toDouble();
+    acordados.append({productos.value(0).toString(), std::round(precio2 * 95.0) / 100.0});
+  }
+  RowWriter writer(c, QStringLiteral("productos precios"));
+  for (int cliente : numeros) {
+    int item = 0;
+    for (const auto& [codigo, precio] : acordados) {
+      const Fila row{
+          {"codigo", codigo}, {"cliente", cliente}, {"precio", precio}, {"item", ++item}};
       if (!Agregar(writer, row, error)) return false;
     }
   }

@@ -32,6 +32,8 @@ bool EscribirLineas(Connection& c, QString* error);
 bool EscribirMarcas(Connection& c, QString* error);
 bool EscribirProductos(Connection& c, Dice& dice, QString* error);
 bool EscribirClientesUtilidades(Connection& c, QString* error);
+bool EscribirProductoTerminado(Connection& c, Dice& dice, QString* error);
+bool EscribirPreciosPorCliente(Connection& c, QString* error);
 // Opening counts that account for the stock of every warehouse.
 bool EscribirInventarioInicial(Connection& c, QString* error);
 
