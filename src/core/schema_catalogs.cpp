@@ -288,6 +288,10 @@ std::vector<Index> CatalogIndexes() {
       {"productos1", "productos", {"producto"}},
       {"productos2", "productos", {"marca"}},
       {"productos3", "productos", {"linea"}},
+      // Every price look-up of a sale asks for one client's price of one product.
+      {"productosprecios0", "productos precios", {"cliente", "codigo"}},
+      {"productosconsumos0", "productos consumos", {"codigo"}},
+      {"clientesutilidades0", "clientes utilidades", {"cliente", "marca"}},
       {"metodos0", "metodos", {"numero"}, true},
       {"series0", "series", {"documento", "serie"}},
       {"tablas0", "tablas", {"tabla", "usuario"}, true},
