@@ -1,36 +1,18 @@
 #pragma once
 
-#include <QDialog>
-
-#include "core/session.h"
-
-class QLabel;
-class QPushButton;
+#include "catalogs/ui/forma_numero_nombre.h"
 
 namespace ventarix {
 
-class CampoCaptura;
-
-// A product line's screen: its name. On saving it leaves the line's number in RegistroActual
-// and closes accepted.
-class FormaLinea : public QDialog {
+// A product line's screen: its name.
+class FormaLinea : public FormaNumeroNombre {
   Q_OBJECT
 
  protected:
   FormaLinea(Session& session, bool alta, QWidget* parent);
-  void keyPressEvent(QKeyEvent* event) override;
-
-  Session& session_;
-  QLabel* numero_;
-  QLabel* status_;
-  CampoCaptura* nombre_;
 
  private:
-  void Guardar();
-
-  const bool alta_;
-  QPushButton* guardar_;
-  QPushButton* salir_;
+  void Guardar() override;
 };
 
 class FrmLineasA : public FormaLinea {

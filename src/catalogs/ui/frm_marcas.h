@@ -2,39 +2,22 @@
 
 #include <array>
 
-#include <QDialog>
-
 #include "catalogs/price_formulas.h"
-#include "core/session.h"
-
-class QLabel;
-class QPushButton;
+#include "catalogs/ui/forma_numero_nombre.h"
 
 namespace ventarix {
 
-class CampoCaptura;
-
-// A brand's screen: its name and the five default margins of its products. On saving it
-// leaves the brand's number in RegistroActual and closes accepted.
-class FormaMarca : public QDialog {
+// A brand's screen: its name and the five default margins of its products.
+class FormaMarca : public FormaNumeroNombre {
   Q_OBJECT
 
  protected:
   FormaMarca(Session& session, bool alta, QWidget* parent);
-  void keyPressEvent(QKeyEvent* event) override;
 
-  Session& session_;
-  QLabel* numero_;
-  QLabel* status_;
-  CampoCaptura* nombre_;
   std::array<CampoCaptura*, catalogs::kNiveles> utilidades_{};
 
  private:
-  void Guardar();
-
-  const bool alta_;
-  QPushButton* guardar_;
-  QPushButton* salir_;
+  void Guardar() override;
 };
 
 // A new brand.

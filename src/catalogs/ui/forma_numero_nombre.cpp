@@ -1,0 +1,82 @@
+#include "catalogs/ui/forma_numero_nombre.h"
+
+#include <QFormLayout>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QPushButton>
+#include <QTimer>
+#include <QVBoxLayout>
+
+#include "core/ui/campo_captura.h"
+#include "core/ui/message_box.h"
+#include "core/ui/usuarios_teclas.h"
+
+namespace ventarix {
+
+using namespace Qt::StringLiterals;
+
+FormaNumeroNombre::FormaNumeroNombre(Session& session, bool alta, QWidget* parent)
+    : QDialog(parent), session_(session), alta_(alta) {
+  numero_ = new QLabel(this);
+  numero_->setObjectName(u"Numero"_s);
+  status_ = new QLabel(u"ALTA"_s, this);
+  status_->setObjectName(u"Status"_s);
+  nombre_ = new CampoCaptura(session, this);
+  nombre_->setObjectName(u"Nombre"_s);
+  nombre_->setMaxLength(60);
+  nombre_->setMayusculas();
+  guardar_ = BotonDeUsuarios("&Guardar", "Guardar", this);
+  salir_ = BotonDeUsuarios("&Salir", "Salir", this);
+  connect(guardar_, &QPushButton::clicked, this, [this] { Guardar(); });
+  connect(salir_, &QPushButton::clicked, this, &QDialog::reject);
+}
+
+void FormaNumeroNombre::Armar(const std::function<void(QFormLayout*)>& filas_propias, int ancho) {
+  auto* campos = new QFormLayout;
+  campos->addRow(u"Número:"_s, numero_);
+  campos->addRow(u"&Nombre:"_s, nombre_);
+  if (filas_propias) filas_propias(campos);
+  campos->addRow(u"Status:"_s, status_);
+  QWidget* ultimo = nombre_;
+  for (CampoCaptura* campo : findChildren<CampoCaptura*>()) {
+    connect(campo, &CampoCaptura::Salir, this, &QDialog::reject);
+    ultimo = campo;
+  }
+  // The buttons were made before the catalogue's own fields: Enter walks the fields first.
+  setTabOrder(ultimo, guardar_);
+  setTabOrder(guardar_, salir_);
+  auto* botones = new QHBoxLayout;
+  botones->addStretch();
+  botones->addWidget(guardar_);
+  botones->addWidget(salir_);
+  auto* layout = new QVBoxLayout(this);
+  layout->addLayout(campos);
+  layout->addLayout(botones);
+  setMinimumWidth(ancho);
+  nombre_->setFocus();
+}
+
+bool FormaNumeroNombre::Leido(const Outcome& lectura) {
+  if (lectura) return true;
+  QTimer::singleShot(0, this, [this, lectura] {
+    ui::ShowOutcome(this, lectura);
+    reject();
+  });
+  return false;
+}
+
+void FormaNumeroNombre::Guardado(const Outcome& guardado, qint32 numero) {
+  if (!guardado) {
+    ui::ShowOutcome(this, guardado);
+    return;
+  }
+  session_.RegistroActual = QString::number(numero);
+  accept();
+}
+
+void FormaNumeroNombre::keyPressEvent(QKeyEvent* event) {
+  if (!TeclaDeUsuarios(this, event)) QDialog::keyPressEvent(event);
+}
+
+}  // namespace ventarix
