@@ -30,5 +30,7 @@ void CargarPermisos(Session& session);
 void CargarConfiguracion(Session& session);
 void CargarSeries(Session& session);
 void CargarFolios(Session& session);
+// The SAT files each scheme needs beside its style sheet (EsquemasCFD, EsquemasCFDi).
+void CargarEsquemas(Session& session);
 
 }  // namespace ventarix
