@@ -116,29 +116,6 @@ void DerivarDocumentosTpv(Session& session) {
   session.DocumentosTpv = usados.join(QLatin1Char(','));
 }
 
-void CargarEsquemas(Session& session) {
-  session.EsquemasCFD = {QStringLiteral("cadenaoriginal_2_2.xslt"),
-                         QStringLiteral("cfdv22.xsd"),
-                         QStringLiteral("detallista.xsd"),
-                         QStringLiteral("divisas.xsd"),
-                         QStringLiteral("donat11.xsd"),
-                         QStringLiteral("ecb.xsd"),
-                         QStringLiteral("ecc.xsd"),
-                         QStringLiteral("implocal.xsd"),
-                         QStringLiteral("psgecfd.xsd"),
-                         QStringLiteral("terceros11.xsd")};
-  session.EsquemasCFDi = {QStringLiteral("cadenaoriginal_3_2.xslt"),
-                          QStringLiteral("cfdv22.xsd"),
-                          QStringLiteral("detallista.xsd"),
-                          QStringLiteral("divisas.xsd"),
-                          QStringLiteral("donat.xsd"),
-                          QStringLiteral("ecb.xsd"),
-                          QStringLiteral("ecc.xsd"),
-                          QStringLiteral("implocal.xsd"),
-                          QStringLiteral("psgecfd.xsd"),
-                          QStringLiteral("terceros.xsd")};
-}
-
 void CargarCambioDeCodigo(Session& session) {
   session.CambioDeCodigoPendiente = false;
   const bool sql = session.Sql;
@@ -170,6 +147,29 @@ void BorrarTemporalesDelPrograma() {
 }
 
 }  // namespace
+
+void CargarEsquemas(Session& session) {
+  session.EsquemasCFD = {QStringLiteral("cadenaoriginal_2_2.xslt"),
+                         QStringLiteral("cfdv22.xsd"),
+                         QStringLiteral("detallista.xsd"),
+                         QStringLiteral("divisas.xsd"),
+                         QStringLiteral("donat11.xsd"),
+                         QStringLiteral("ecb.xsd"),
+                         QStringLiteral("ecc.xsd"),
+                         QStringLiteral("implocal.xsd"),
+                         QStringLiteral("psgecfd.xsd"),
+                         QStringLiteral("terceros11.xsd")};
+  session.EsquemasCFDi = {QStringLiteral("cadenaoriginal_3_2.xslt"),
+                          QStringLiteral("cfdv22.xsd"),
+                          QStringLiteral("detallista.xsd"),
+                          QStringLiteral("divisas.xsd"),
+                          QStringLiteral("donat.xsd"),
+                          QStringLiteral("ecb.xsd"),
+                          QStringLiteral("ecc.xsd"),
+                          QStringLiteral("implocal.xsd"),
+                          QStringLiteral("psgecfd.xsd"),
+                          QStringLiteral("terceros.xsd")};
+}
 
 const QStringList& ColumnasDeDerechos() {
   static const QStringList columnas = {QStringLiteral("OrdenesCompra"),
