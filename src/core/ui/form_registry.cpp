@@ -10,6 +10,7 @@
 #include "core/ui/navegador.h"
 #include "core/ui/pantalla_pendiente.h"
 #include "core/ui/usuarios_registro.h"
+#include "edocs/ui/rpt_informe.h"
 #include "maintenance/ui/mdi_inicio_manto.h"
 
 namespace ventarix {
@@ -30,6 +31,7 @@ void RegistrarFormularios(FormRegistry& registry) {
   RegistrarPreciosMasivos(registry);
   RegistrarConfiguracion(registry);
   RegistrarMantenimiento(registry);
+  RegistrarInformeSat(registry);
 }
 
 }  // namespace ventarix
