@@ -49,20 +49,19 @@ Outcome ModeloVista::Cargar(const mBrowse::Consulta& consulta,
   filas_totales_ = 0;
   limite_ = 0;
   Outcome resultado;
-  {
-    Connection lectura(session_.Cadena, Connection::Acceso::kLectura);
-    QString error;
-    const std::optional<qint64> filas =
-        lectura.ok() ? mBrowse::ContarFilas(lectura, consulta_, &error) : std::nullopt;
-    if (!filas) {
-      resultado = Outcome::Stop(lectura.ok() ? error : lectura.error());
-    } else {
-      filas_totales_ = *filas;
-      limite_ = qMin(*filas, mBrowse::kLimiteFilas);
-    }
+  // One connection counts the rows and reads the first page.
+  Connection lectura(session_.Cadena, Connection::Acceso::kLectura);
+  QString error;
+  const std::optional<qint64> filas =
+      lectura.ok() ? mBrowse::ContarFilas(lectura, consulta_, &error) : std::nullopt;
+  if (!filas) {
+    resultado = Outcome::Stop(lectura.ok() ? error : lectura.error());
+  } else {
+    filas_totales_ = *filas;
+    limite_ = qMin(*filas, mBrowse::kLimiteFilas);
   }
   endResetModel();
-  if (resultado && canFetchMore()) fetchMore();
+  if (resultado && canFetchMore()) Anexar(lectura, pagina_);
   return resultado;
 }
 
@@ -79,11 +78,11 @@ QVariant ModeloVista::Valor(int fila, int columna) const {
 }
 
 void ModeloVista::AsegurarFila(int fila) {
-  while (fila >= static_cast<int>(filas_.size()) && canFetchMore()) {
-    const size_t antes = filas_.size();
-    fetchMore();
-    if (filas_.size() == antes) break;
-  }
+  const qint64 faltan = static_cast<qint64>(fila) + 1 - static_cast<qint64>(filas_.size());
+  if (faltan <= 0 || !canFetchMore()) return;
+  // A jump far down reads the whole gap at once, in whole pages, on one connection.
+  Connection lectura(session_.Cadena, Connection::Acceso::kLectura);
+  Anexar(lectura, (faltan + pagina_ - 1) / pagina_ * pagina_);
 }
 
 int ModeloVista::ReemplazarFila(const QVariantList& valores) {
@@ -164,17 +163,19 @@ bool ModeloVista::canFetchMore(const QModelIndex& parent) const {
 
 void ModeloVista::fetchMore(const QModelIndex& parent) {
   if (parent.isValid() || leyendo_ || !canFetchMore()) return;
+  Connection lectura(session_.Cadena, Connection::Acceso::kLectura);
+  Anexar(lectura, pagina_);
+}
+
+void ModeloVista::Anexar(Connection& lectura, qint64 cuantas) {
+  if (leyendo_ || !canFetchMore()) return;
   leyendo_ = true;
   const qint64 desde = static_cast<qint64>(filas_.size());
-  const int cuantas = static_cast<int>(qMin<qint64>(pagina_, limite_ - desde));
-  mBrowse::Pagina pagina;
-  {
-    Connection lectura(session_.Cadena, Connection::Acceso::kLectura);
-    const QVariantList ultima = filas_.empty() ? QVariantList() : filas_.back();
-    pagina = lectura.ok()
-                 ? mBrowse::LeerPagina(lectura, consulta_, nombres_, ultima, desde, cuantas)
-                 : mBrowse::Pagina{Outcome::Stop(lectura.error()), {}};
-  }
+  const int n_pedidas = static_cast<int>(qMin<qint64>(cuantas, limite_ - desde));
+  const QVariantList ultima = filas_.empty() ? QVariantList() : filas_.back();
+  mBrowse::Pagina pagina =
+      lectura.ok() ? mBrowse::LeerPagina(lectura, consulta_, nombres_, ultima, desde, n_pedidas)
+                   : mBrowse::Pagina{Outcome::Stop(lectura.error()), {}};
   if (!pagina.outcome) {
     // Nothing more can be read: the grid keeps what it has.
     limite_ = desde;

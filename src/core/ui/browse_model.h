@@ -66,6 +66,9 @@ class ModeloVista : public QAbstractTableModel {
   std::vector<QVariantList> filas_;
   qint64 filas_totales_ = 0;
   qint64 limite_ = 0;
+  // Reads up to cuantas more rows on the open connection and appends them.
+  void Anexar(Connection& lectura, qint64 cuantas);
+
   bool leyendo_ = false;
   int pagina_ = kPagina;
 };
