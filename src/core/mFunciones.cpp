@@ -11,6 +11,7 @@
 #include <QTextStream>
 
 #include "core/column_rules.h"
+#include "core/datos_instalacion.h"
 #include "core/dialect.h"
 #include "core/schema.h"
 
@@ -64,6 +65,8 @@ void CrearCarpetas(Session& session) {
   session.CarpetaErrores = Carpeta(session.CarpetaInicio + QStringLiteral("/Errores"));
   session.CarpetaEsquemasCFD = Carpeta(session.CarpetaInicio + QStringLiteral("/EsquemasCFD"));
   session.CarpetaEsquemasCFDi = Carpeta(session.CarpetaInicio + QStringLiteral("/EsquemasCFDi"));
+  // A new installation starts with the SAT files the program ships.
+  instalacion::CompletarEsquemas(session);
   session.CarpetaEmpresa = Carpeta(session.CarpetaEmpresas + QLatin1Char('/') +
                                    NombreDeCarpeta(session.empresa.Text(QStringLiteral("rfc"))));
   session.CarpetaCer = Carpeta(session.CarpetaEmpresa + QStringLiteral("/cer"));
