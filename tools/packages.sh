@@ -6,7 +6,7 @@ VENTARIX_BUILD_PACKAGES=(
   libxml2-dev libxslt1-dev libssl-dev libqrencode-dev libcurl4-openssl-dev
 )
 VENTARIX_TEST_PACKAGES=(
-  postgresql xsltproc libxml2-utils openssl python3-aiosmtpd poppler-utils
+  postgresql xsltproc libxml2-utils openssl python3-aiosmtpd poppler-utils zbar-tools
 )
 
 ventarix_install() {
