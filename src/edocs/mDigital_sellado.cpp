@@ -1,0 +1,159 @@
+// The sealing and preparation drivers: one chain of checks over the capture screen's content,
+// then, for CFD and CFDi, the document built, its cadena original from the SAT's sheet, the
+// seal and the file in CarpetaXml. Nothing is written to the database here: the screen saves
+// the row with the block this leaves when no message came back.
+#include <QDir>
+#include <QFile>
+
+#include "core/database.h"
+#include "core/mFunciones.h"
+#include "edocs/cadena_original.h"
+#include "edocs/mDigital_pasos.h"
+
+namespace ventarix::edocs::digital {
+namespace {
+
+Domicilio DomicilioDeEmpresa(const RowValues& empresa, const QString& prefijo) {
+  const auto texto = [&](const char* columna) {
+    return empresa.Text(prefijo + QString::fromUtf8(columna));
+  };
+  return {texto("calle"),     texto("noexterior"),  texto("nointerior"), texto("colonia"),
+          texto("localidad"), texto("referencia"),  texto("municipio"),  texto("estado"),
+          texto("pais"),      texto("codigopostal")};
+}
+
+Emisor EmisorDeEmpresa(const RowValues& empresa) {
+  Emisor emisor;
+  emisor.rfc = empresa.Text(QStringLiteral("rfc"));
+  emisor.nombre = empresa.Text(QStringLiteral("nombre"));
+  emisor.fiscal = DomicilioDeEmpresa(empresa, {});
+  emisor.expedido_en = DomicilioDeEmpresa(empresa, QStringLiteral("expedidoen"));
+  return emisor;
+}
+
+bool Correr(Paso paso, Contexto& ctx) {
+  switch (paso) {
+    case Paso::kStatus:
+      return PasoStatus(ctx);
+    case Paso::kFormaDePago:
+      return PasoFormaDePago(ctx);
+    case Paso::kConceptos:
+      return PasoConceptos(ctx);
+    case Paso::kEsquemas:
+      return PasoEsquemas(ctx);
+    case Paso::kRango:
+      return PasoRango(ctx);
+    case Paso::kCliente:
+      return PasoCliente(ctx);
+    case Paso::kMarca:
+      return PasoMarca(ctx);
+    case Paso::kCredito:
+      return PasoCredito(ctx);
+  }
+  return false;
+}
+
+// A fault inside the sealing itself is logged and leaves Msg1 as it stands; the screen can tell
+// by the missing file.
+void Trampa(Contexto& ctx, const QString& descripcion) {
+  mFunciones::RegistrarError(ctx.session, descripcion);
+}
+
+}  // namespace
+
+void Sellar(Contexto& ctx) {
+  Comprobante& comprobante = ctx.resultado.comprobante;
+  if (!ctx.llave || !ctx.llave->ok()) {
+    Falla(ctx, QStringLiteral("Se requiere un archivo llave en: Folios Facturas"));
+    return;
+  }
+  const bool cfd = ctx.familia.cfd;
+  const QString hoja = QDir(cfd ? ctx.session.CarpetaEsquemasCFD : ctx.session.CarpetaEsquemasCFDi)
+                           .filePath(cfd ? QStringLiteral("cadenaoriginal_2_2.xslt")
+                                         : QStringLiteral("cadenaoriginal_3_2.xslt"));
+  // The module decides the document's form, whatever Version the range holds.
+  const FormatoXml formato = cfd ? FormatoXml::kCfd22 : FormatoXml::kCfdi32;
+  comprobante.Sello.clear();
+  const QByteArray sin_sello = ConstruirXml(comprobante, formato, ctx.familia.impuestos);
+  if (sin_sello.isEmpty()) return Trampa(ctx, QStringLiteral("Sellar: documento vacío"));
+  const CadenaOriginal cadena = GenerarCadenaOriginal(hoja, sin_sello);
+  if (!cadena.ok) {
+    Falla(ctx, cadena.error);
+    return;
+  }
+  comprobante.CadenaOriginal = cadena.cadena;
+  comprobante.Sello = ctx.llave->FirmarSha1(cadena.cadena.toUtf8());
+  if (comprobante.Sello.isEmpty()) return Trampa(ctx, QStringLiteral("Sellar: firma vacía"));
+  // noCertificado and certificado were set before the cadena; the seal takes its empty place.
+  const QByteArray xml = ConstruirXml(comprobante, formato, ctx.familia.impuestos);
+  const QString ruta =
+      QDir(ctx.session.CarpetaXml).filePath(NombreArchivoXml(comprobante.Serie, comprobante.Folio));
+  QFile archivo(ruta);
+  if (!archivo.open(QIODevice::WriteOnly | QIODevice::Truncate) ||
+      archivo.write(xml) != xml.size()) {
+    return Trampa(ctx,
+                  QStringLiteral("Sellar: ") + ruta + QLatin1Char(' ') + archivo.errorString());
+  }
+  ctx.resultado.archivo = ruta;
+}
+
+ResultadoSellado Ejecutar(const Session& session, DocumentoCaptura& forma, const Familia& familia,
+                          std::optional<QString> descripcion) {
+  Connection connection(session.Cadena, Connection::Acceso::kLectura);
+  Contexto ctx{.session = session,
+               .forma = forma,
+               .familia = familia,
+               .connection = connection,
+               .descripcion = std::move(descripcion)};
+  if (!connection.ok()) {
+    ctx.resultado.Msg1 = connection.error();
+    return ctx.resultado;
+  }
+  ctx.resultado.comprobante.emisor = EmisorDeEmpresa(session.empresa);
+  for (Paso paso : familia.pasos) {
+    if (!Correr(paso, ctx)) return ctx.resultado;
+  }
+  LlenarDelFormulario(ctx);
+  if (familia.sella) Sellar(ctx);
+  return ctx.resultado;
+}
+
+}  // namespace ventarix::edocs::digital
+
+namespace ventarix::edocs {
+
+using digital::Ejecutar;
+
+ResultadoSellado SellarIngresoCFDi(const Session& session, DocumentoCaptura& forma,
+                                   const QString& descripcion) {
+  return Ejecutar(session, forma, digital::IngresoCFDi(), descripcion);
+}
+ResultadoSellado SellarIngresoCFD(const Session& session, DocumentoCaptura& forma,
+                                  const QString& descripcion) {
+  return Ejecutar(session, forma, digital::IngresoCFD(), descripcion);
+}
+ResultadoSellado SellarEgresoCFDi(const Session& session, DocumentoCaptura& forma,
+                                  const QString& descripcion) {
+  return Ejecutar(session, forma, digital::EgresoCFDi(), descripcion);
+}
+ResultadoSellado SellarEgresoCFD(const Session& session, DocumentoCaptura& forma,
+                                 const QString& descripcion) {
+  return Ejecutar(session, forma, digital::EgresoCFD(), descripcion);
+}
+ResultadoSellado PrepararIngresoCBB(const Session& session, DocumentoCaptura& forma) {
+  return Ejecutar(session, forma, digital::IngresoCBB(), std::nullopt);
+}
+ResultadoSellado PrepararIngresoNOTA(const Session& session, DocumentoCaptura& forma) {
+  return Ejecutar(session, forma, digital::IngresoNOTA(), std::nullopt);
+}
+ResultadoSellado PrepararEgresoCBB(const Session& session, DocumentoCaptura& forma) {
+  return Ejecutar(session, forma, digital::EgresoCBB(), std::nullopt);
+}
+ResultadoSellado PrepararEgresoNOTA(const Session& session, DocumentoCaptura& forma) {
+  return Ejecutar(session, forma, digital::EgresoNOTA(), std::nullopt);
+}
+ResultadoSellado PrepararRemision(const Session& session, DocumentoCaptura& forma) {
+  return Ejecutar(session, forma, digital::Remision(), std::nullopt);
+}
+
+}  // namespace ventarix::edocs
