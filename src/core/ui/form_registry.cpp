@@ -10,6 +10,7 @@
 #include "core/ui/navegador.h"
 #include "core/ui/pantalla_pendiente.h"
 #include "core/ui/usuarios_registro.h"
+#include "edocs/ui/folios_registro.h"
 #include "edocs/ui/rpt_informe.h"
 #include "maintenance/ui/mdi_inicio_manto.h"
 
@@ -31,6 +32,7 @@ void RegistrarFormularios(FormRegistry& registry) {
   RegistrarPreciosMasivos(registry);
   RegistrarConfiguracion(registry);
   RegistrarMantenimiento(registry);
+  RegistrarFolios(registry);
   RegistrarInformeSat(registry);
 }
 
