@@ -63,6 +63,7 @@ class Navegador : public QWidget {
   void CambiarCodigo();
   void Recargar();
   void ModoPrecios();
+  void Predeterminar();
   void Cancelar();
   void Imprimir();
   void Formato();

@@ -20,6 +20,7 @@
 #include "core/ui/mdi_inicio_autorizacion.h"
 #include "core/ui/message_box.h"
 #include "core/ui/navegador.h"
+#include "edocs/folios_rangos.h"
 
 namespace ventarix {
 
@@ -27,6 +28,14 @@ namespace {
 
 bool EsProductos(const mBrowse::Familia& familia) {
   return QLatin1String(familia.forma) == QLatin1String("FrmProductos");
+}
+
+// The folio browsers: which range table they show.
+bool FamiliaDeFolios(const mBrowse::Familia& familia, edocs::FamiliaFolios* folios) {
+  const QLatin1String forma(familia.forma);
+  if (forma == QLatin1String("FrmFoliosFacturas")) *folios = edocs::FamiliaFolios::kFacturas;
+  if (forma == QLatin1String("FrmFoliosNotas")) *folios = edocs::FamiliaFolios::kNotas;
+  return forma == QLatin1String("FrmFoliosFacturas") || forma == QLatin1String("FrmFoliosNotas");
 }
 
 int TeclaDeFuncion(int key) {
@@ -60,6 +69,10 @@ void Navegador::ConstruirBarra() {
       session_.RegistroActual = LlaveActual();
       if (!session_.RegistroActual.isEmpty()) AbrirForma(QStringLiteral("FrmUsuariosP"));
     });
+  }
+  if (edocs::FamiliaFolios folios; FamiliaDeFolios(familia_, &folios)) {
+    boton(8, QStyle::SP_DialogYesButton, QStringLiteral("Predeterminar"),
+          &Navegador::Predeterminar);
   }
   boton(10, QStyle::SP_DialogCloseButton, QStringLiteral("Cerrar"), [this] {
     if (auto* ventana = parentWidget(); ventana && ventana->inherits("QMdiSubWindow")) {
@@ -106,6 +119,9 @@ bool Navegador::Tecla(QKeyEvent* event) {
         return true;
       case Qt::Key_G:
         CambiarCodigo();
+        return true;
+      case Qt::Key_D:
+        Predeterminar();
         return true;
       default:
         return false;
@@ -234,6 +250,20 @@ void Navegador::CambiarCodigo() {
   if (!permiso) return ui::ShowOutcome(this, permiso);
   session_.RegistroActual = LlaveActual();
   AbrirForma(QStringLiteral("FrmProductosG"));
+  Recargar();
+}
+
+// Folio ranges only: the current range becomes the one the invoice or credit-note screens start
+// with; every row's mark changes, so the whole view is read again.
+void Navegador::Predeterminar() {
+  edocs::FamiliaFolios folios;
+  QAction* boton = barra_->findChild<QAction*>(QStringLiteral("Toolbar_8"));
+  if (!FamiliaDeFolios(familia_, &folios) || boton == nullptr || !boton->isEnabled() ||
+      !fg1_->currentIndex().isValid() || !Autorizar(8)) {
+    return;
+  }
+  const Outcome hecho = edocs::Predeterminar(session_, folios, LlaveActual().toInt());
+  if (!hecho) return ui::ShowOutcome(this, hecho);
   Recargar();
 }
 
