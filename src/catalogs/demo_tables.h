@@ -36,5 +36,7 @@ bool EscribirProductoTerminado(Connection& c, Dice& dice, QString* error);
 bool EscribirPreciosPorCliente(Connection& c, QString* error);
 // Opening counts that account for the stock of every warehouse.
 bool EscribirInventarioInicial(Connection& c, QString* error);
+// One CFDi range of invoices and one of credit notes, default, with the test certificate.
+bool EscribirFolios(Connection& c, QString* error);
 
 }  // namespace ventarix::demo

@@ -1,3 +1,4 @@
+#include <QDate>
 #include <QFile>
 #include <QRegularExpression>
 #include <QSet>
@@ -6,8 +7,11 @@
 
 #include "catalogs/demo_company.h"
 #include "core/company_database.h"
+#include "core/dialect.h"
+#include "core/session_load.h"
 #include "core/startup.h"
 #include "documents/mInventario.h"
+#include "edocs/llave_privada.h"
 #include "support/test_company.h"
 
 using namespace ventarix;
@@ -213,6 +217,69 @@ class TestDemoCompany : public QObject {
   }
 
   // No users: the company check passes and the login is skipped, as ADMINISTRADOR.
+  // One default CFDi range of invoices and one of credit notes, sealed with the SAT's test
+  // certificate of the company's RFC: the numbers as the certificate tells them, the files
+  // stored byte for byte, and a password that opens the key.
+  void RangosElectronicos_data() {
+    QTest::addColumn<QString>("tabla");
+    QTest::addColumn<int>("documento");
+    QTest::addColumn<QString>("serie");
+    QTest::newRow("facturas") << QStringLiteral("folios facturas") << 0 << QStringLiteral("A");
+    QTest::newRow("notas") << QStringLiteral("folios notas") << 1 << QStringLiteral("NC");
+  }
+  void RangosElectronicos() {
+    QFETCH(QString, tabla);
+    QFETCH(int, documento);
+    QFETCH(QString, serie);
+    VENTARIX_DEMO(company);
+    QCOMPARE(Count(c, QStringLiteral("select count(*) from \"%1\"").arg(tabla)), 1);
+    QSqlQuery r = c.Exec(QStringLiteral("select * from \"%1\"").arg(tabla));
+    QVERIFY(r.next());
+    const auto texto = [&r](const char* columna) {
+      return r.value(QString::fromLatin1(columna)).toString();
+    };
+    QCOMPARE(texto("serie"), serie);
+    QCOMPARE(texto("esquema"), QStringLiteral("CFDI"));
+    QCOMPARE(texto("version"), QStringLiteral("3.2"));
+    QCOMPARE(r.value(QStringLiteral("folioinicial")).toInt(), 1);
+    QCOMPARE(r.value(QStringLiteral("foliofinal")).toInt(), 1000);
+    QCOMPARE(r.value(QStringLiteral("cantidad")).toInt(), 1000);
+    QCOMPARE(texto("predeterminar"), QStringLiteral("+"));
+    QCOMPARE(texto("status"), QStringLiteral("ALTA"));
+    QCOMPARE(texto("algoritmosellodigital"), QStringLiteral("sha-1"));
+    QVERIFY(!texto("regimenfiscal").isEmpty());
+    QCOMPARE(texto("nocertificado"), QStringLiteral("30001000000500003416"));
+    // The certificate runs from 18 May 2023 to 18 May 2027, 11:43:51 GMT.
+    QCOMPARE(dialect::ReadDate(r.value(QStringLiteral("validodesde"))).toUTC(),
+             QDateTime(QDate(2023, 5, 18), QTime(11, 43, 51), Qt::UTC));
+    QCOMPARE(dialect::ReadDate(r.value(QStringLiteral("validohasta"))).toUTC(),
+             QDateTime(QDate(2027, 5, 18), QTime(11, 43, 51), Qt::UTC));
+    const QString par = QStringLiteral("EKU9003173C9_30001000000500003416");
+    QCOMPARE(texto("archivocertificado"), par + QStringLiteral(".cer"));
+    QCOMPARE(texto("archivollave"), par + QStringLiteral(".key"));
+
+    QSqlQuery m = c.Exec(QStringLiteral("select certificado, llave, password from certificados "
+                                        "where documento = ? and numero = 1"),
+                         {documento});
+    QVERIFY(m.next());
+    const QString csd = QStringLiteral(VENTARIX_SHARED_DIR "/sat/csd/") + par;
+    QFile cer(csd + QStringLiteral(".cer"));
+    QFile key(csd + QStringLiteral(".key"));
+    QVERIFY(cer.open(QIODevice::ReadOnly) && key.open(QIODevice::ReadOnly));
+    const QByteArray certificado = m.value(0).toByteArray();
+    QCOMPARE(certificado, cer.readAll());
+    QCOMPARE(m.value(1).toByteArray(), key.readAll());
+    const edocs::LlavePrivada llave =
+        edocs::LlavePrivada::Abrir(m.value(1).toByteArray(), m.value(2).toString());
+    QVERIFY(llave.ok());
+    QVERIFY(llave.CorrespondeA(certificado));
+
+    // The session starts on these ranges.
+    Session session = company->MakeSession();
+    CargarFolios(session);
+    QCOMPARE(documento == 0 ? session.FolioFacturas : session.FolioNotas, 1);
+  }
+
   void SinUsuariosEntraComoAdministrador() {
     VENTARIX_DEMO(company);
     QCOMPARE(Count(c, QStringLiteral("select count(*) from usuarios")), 0);
