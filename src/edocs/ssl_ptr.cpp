@@ -16,4 +16,13 @@ void InicializarSsl() {
   });
 }
 
+QString ErrorSsl() {
+  const unsigned long code = ERR_get_error();
+  ERR_clear_error();
+  if (code == 0) return {};
+  char text[256];
+  ERR_error_string_n(code, text, sizeof text);
+  return QString::fromUtf8(text);
+}
+
 }  // namespace ventarix::edocs

@@ -8,7 +8,10 @@
 #include <openssl/bio.h>
 #include <openssl/bn.h>
 #include <openssl/evp.h>
+#include <openssl/pkcs12.h>
 #include <openssl/x509.h>
+
+#include <QString>
 
 namespace ventarix::edocs {
 
@@ -29,6 +32,13 @@ using EvpPkeyPtr = std::unique_ptr<EVP_PKEY, SslFree<EVP_PKEY_free>>;
 using EvpMdCtxPtr = std::unique_ptr<EVP_MD_CTX, SslFree<EVP_MD_CTX_free>>;
 using EvpPkeyCtxPtr = std::unique_ptr<EVP_PKEY_CTX, SslFree<EVP_PKEY_CTX_free>>;
 using BignumPtr = std::unique_ptr<BIGNUM, SslFree<BN_free>>;
+// The encrypted PKCS#8 envelope of a .key, and what it decrypts to (freed with its key bytes
+// cleared).
+using X509SigPtr = std::unique_ptr<X509_SIG, SslFree<X509_SIG_free>>;
+using Pkcs8InfoPtr = std::unique_ptr<PKCS8_PRIV_KEY_INFO, SslFree<PKCS8_PRIV_KEY_INFO_free>>;
+
+// The oldest error OpenSSL queued on this thread, in its own words; the queue is left empty.
+QString ErrorSsl();
 
 // Text OpenSSL allocated (BN_bn2hex, i2s_ASN1_INTEGER): OPENSSL_free is a macro, hence the
 // struct.
