@@ -24,6 +24,14 @@ enum class Impuestos { kCompletos, kSoloTraslados };
 QByteArray ConstruirXml(const Comprobante& comprobante, Impuestos impuestos = Impuestos::kCompletos,
                         const QByteArray& addenda = {});
 
+// The same with the scheme given rather than read from comprobante.Version, for the entries that
+// know the document's scheme from its row. An addenda that is not well-formed XML makes the
+// build fail: the result is then empty.
+enum class FormatoXml { kCfdi32, kCfd22 };
+QByteArray ConstruirXml(const Comprobante& comprobante, FormatoXml formato,
+                        Impuestos impuestos = Impuestos::kCompletos,
+                        const QByteArray& addenda = {});
+
 // The shortest general text of a number, as the document writes it: 1160 -> "1160",
 // 0.16 -> "0.16", 16 -> "16".
 QString TextoNumero(double valor);
