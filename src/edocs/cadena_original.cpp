@@ -19,17 +19,17 @@ namespace ventarix::edocs {
 namespace {
 
 // What tells that a file of a compiled sheet changed since it was compiled.
-struct Sello {
+struct Huella {
   QString path;
   QDateTime modificado;
   qint64 bytes = -1;
 
-  static Sello De(const QString& path) {
+  static Huella De(const QString& path) {
     const QFileInfo info(path);
     return {path, info.lastModified(), info.exists() ? info.size() : -1};
   }
   bool Vigente() const {
-    const Sello ahora = De(path);
+    const Huella ahora = De(path);
     return ahora.modificado == modificado && ahora.bytes == bytes;
   }
 };
@@ -37,11 +37,11 @@ struct Sello {
 // A compiled sheet with the stamps of its own file and of every file it includes or imports.
 struct HojaCompilada {
   std::shared_ptr<xsltStylesheet> hoja;
-  std::vector<Sello> archivos;
+  std::vector<Huella> archivos;
 
   bool Vigente() const {
-    for (const Sello& sello : archivos)
-      if (!sello.Vigente()) return false;
+    for (const Huella& huella : archivos)
+      if (!huella.Vigente()) return false;
     return hoja != nullptr;
   }
 };
@@ -57,13 +57,13 @@ QString RutaLocal(const xmlChar* url) {
 }
 
 // The files a sheet read besides its own: includes, and imports with their includes.
-void SellarIncluidos(const xsltStylesheet* hoja, std::vector<Sello>& archivos) {
+void AnotarIncluidos(const xsltStylesheet* hoja, std::vector<Huella>& archivos) {
   for (const xsltDocument* doc = hoja->docList; doc != nullptr; doc = doc->next)
-    if (doc->doc != nullptr) archivos.push_back(Sello::De(RutaLocal(doc->doc->URL)));
+    if (doc->doc != nullptr) archivos.push_back(Huella::De(RutaLocal(doc->doc->URL)));
   for (const xsltStylesheet* importada = hoja->imports; importada != nullptr;
        importada = importada->next) {
-    if (importada->doc != nullptr) archivos.push_back(Sello::De(RutaLocal(importada->doc->URL)));
-    SellarIncluidos(importada, archivos);
+    if (importada->doc != nullptr) archivos.push_back(Huella::De(RutaLocal(importada->doc->URL)));
+    AnotarIncluidos(importada, archivos);
   }
 }
 
@@ -97,8 +97,8 @@ HojaCompilada Compilar(const QString& path, QString* motivo) {
     return {};
   }
   HojaCompilada compilada;
-  compilada.archivos.push_back(Sello::De(path));
-  SellarIncluidos(hoja.get(), compilada.archivos);
+  compilada.archivos.push_back(Huella::De(path));
+  AnotarIncluidos(hoja.get(), compilada.archivos);
   compilada.hoja.reset(hoja.release(), xsltFreeStylesheet);
   return compilada;
 }
@@ -109,11 +109,12 @@ class HojasCompiladas {
  public:
   std::shared_ptr<xsltStylesheet> Obtener(const QString& path, QString* motivo) {
     const QString clave = QFileInfo(path).absoluteFilePath();
+    HojaCompilada guardada;
     {
       QMutexLocker lock(&mutex_);
-      const auto it = hojas_.constFind(clave);
-      if (it != hojas_.cend() && it->Vigente()) return it->hoja;
+      guardada = hojas_.value(clave);
     }
+    if (guardada.Vigente()) return guardada.hoja;
     HojaCompilada compilada = Compilar(path, motivo);
     if (!compilada.hoja) return nullptr;
     QMutexLocker lock(&mutex_);
