@@ -157,15 +157,21 @@ QVariant ValorDeColumna(const QString& texto, Guardado guardado) {
   return entero ? QVariant(valor) : QVariant(texto);
 }
 
+// The column of the current row, or null when the table has no such column.
+QVariant Valor(const QSqlQuery& fila, const QString& columna) {
+  const int i = fila.record().indexOf(columna);
+  return i < 0 ? QVariant() : fila.value(i);
+}
+
 Concepto LeerConcepto(const QSqlQuery& fila) {
   Concepto concepto;
-  concepto.codigo = fila.value(QStringLiteral("codigo")).toString();
-  concepto.descripcion = fila.value(QStringLiteral("descripcion")).toString();
-  concepto.unidad = fila.value(QStringLiteral("unidad")).toString();
-  concepto.cantidad = Numero(fila.value(QStringLiteral("cantidad")));
-  concepto.precio = Numero(fila.value(QStringLiteral("precio")));
-  concepto.importe = Numero(fila.value(QStringLiteral("importe")));
-  concepto.subtotal = Numero(fila.value(QStringLiteral("subtotal")));
+  concepto.codigo = Valor(fila, QStringLiteral("codigo")).toString();
+  concepto.descripcion = Valor(fila, QStringLiteral("descripcion")).toString();
+  concepto.unidad = Valor(fila, QStringLiteral("unidad")).toString();
+  concepto.cantidad = Numero(Valor(fila, QStringLiteral("cantidad")));
+  concepto.precio = Numero(Valor(fila, QStringLiteral("precio")));
+  concepto.importe = Numero(Valor(fila, QStringLiteral("importe")));
+  concepto.subtotal = Numero(Valor(fila, QStringLiteral("subtotal")));
   return concepto;
 }
 
@@ -199,19 +205,16 @@ bool LeerComprobante(Connection& connection, const QString& tabla, const QString
                           QStringLiteral(" where ") + dialect::Name(llave) + QStringLiteral(" = ?"),
                       {documento});
   if (!fila.next()) return false;
-  const QSqlRecord registro = fila.record();
   Comprobante leido;
   for (const CampoTexto& campo : CamposTexto()) {
-    const int i = registro.indexOf(campo.columna);
-    if (i >= 0) campo.campo(leido) = LeerTexto(fila.value(i), campo.guardado);
+    campo.campo(leido) = LeerTexto(Valor(fila, campo.columna), campo.guardado);
   }
   for (const CampoNumero& campo : CamposNumero()) {
-    const int i = registro.indexOf(campo.columna);
-    if (i >= 0) leido.*campo.campo = Numero(fila.value(i));
+    leido.*campo.campo = Numero(Valor(fila, campo.columna));
   }
-  leido.fecha = dialect::ReadDate(fila.value(QStringLiteral("hora")));
+  leido.fecha = dialect::ReadDate(Valor(fila, QStringLiteral("hora")));
   leido.TipoCambioValor = mFunciones::ValorNumerico(leido.TipoCambio);
-  leido.receptor.cliente = fila.value(QStringLiteral("receptorcliente")).toInt();
+  leido.receptor.cliente = Valor(fila, QStringLiteral("receptorcliente")).toInt();
   if (!LeerConceptos(connection, tabla, llave, documento, &leido.conceptos)) return false;
   *comprobante = std::move(leido);
   return true;

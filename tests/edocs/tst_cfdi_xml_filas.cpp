@@ -149,6 +149,37 @@ class TestCfdiXmlFilas : public QObject {
     QCOMPARE(leido.Folio, u"15"_s);
   }
 
+  // Rows of older companies keep amounts as text, thousands separators included.
+  void ImportesGuardadosComoTexto() {
+    VENTARIX_COMPANY(company);
+    Connection c(company.cadena());
+    QString error;
+    for (const QString& ddl :
+         {u"create table viejas (factura varchar(20), folio varchar(10), hora varchar(20), "
+          "subtotal varchar(20), tipocambio varchar(20), impuesto varchar(10), iva varchar(20))"_s,
+          u"create table \"viejas resumen\" (factura varchar(20), codigo varchar(20))"_s,
+          u"create table \"viejas detalles\" (factura varchar(20), item integer, "
+          "codigo varchar(20), cantidad varchar(20), precio varchar(20), importe varchar(20))"_s,
+          u"insert into viejas values ('V-1', ' 15', '2014-05-20 10:30:05', '1,160.50', '13.25', "
+          "'16', '185.68')"_s,
+          u"insert into \"viejas detalles\" values ('V-1', 1, 'TOR-01', '3', '386.8333', "
+          "'1,160.50')"_s}) {
+      QVERIFY2(c.Run(ddl, {}, &error), qPrintable(error));
+    }
+    Comprobante leido;
+    QVERIFY(LeerComprobante(c, u"viejas"_s, u"factura"_s, u"V-1"_s, &leido));
+    QCOMPARE(leido.Folio, u"15"_s);
+    QCOMPARE(leido.fecha, QDateTime(QDate(2014, 5, 20), QTime(10, 30, 5)));
+    QCOMPARE(leido.SubTotal, u"1160.5"_s);
+    QCOMPARE(leido.TipoCambio, u"13.2500"_s);
+    QCOMPARE(leido.TasaIva, 16.0);
+    QCOMPARE(leido.TotalIva, 185.68);
+    QCOMPARE(leido.RetencionIsr, 0.0);  // a column the table lacks reads as nothing
+    QCOMPARE(leido.conceptos.size(), 1);
+    QCOMPARE(leido.conceptos[0].precio, 386.8333);
+    QCOMPARE(leido.conceptos[0].importe, 1160.5);
+  }
+
   void SinFila() {
     VENTARIX_COMPANY(company);
     Connection c(company.cadena());
