@@ -28,10 +28,12 @@ bool Escribir(const QString& path, const QByteArray& bytes) {
   return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
 }
 
-// The openssl command line as an independent witness: its exit code and what it printed.
-int Openssl(const QStringList& args, QByteArray* salida = nullptr) {
+// The openssl command line as an independent witness: its exit code and what it printed. The
+// options are words of `comando`; paths, which may hold blanks, come apart in `archivos`.
+int Openssl(const char* comando, const QStringList& archivos, QByteArray* salida = nullptr) {
   QProcess proceso;
-  proceso.start(QStringLiteral("openssl"), args);
+  proceso.start(QStringLiteral("openssl"),
+                QString::fromLatin1(comando).split(QLatin1Char(' ')) + archivos);
   proceso.waitForFinished(60000);
   if (salida) *salida = proceso.readAllStandardOutput();
   return proceso.exitStatus() == QProcess::NormalExit ? proceso.exitCode() : -1;
@@ -62,11 +64,8 @@ QList<Par> Pares() {
   // The pair valid today is not in the index: openssl tells its serial and dates.
   Par hoy{QStringLiteral("AAA010101AAA_emisor2021"), {}, QStringLiteral("12345678a"), {}, {}};
   QByteArray texto;
-  Openssl(
-      {QStringLiteral("x509"), QStringLiteral("-inform"), QStringLiteral("DER"),
-       QStringLiteral("-in"), kCsd + hoy.base + QStringLiteral(".cer"), QStringLiteral("-noout"),
-       QStringLiteral("-serial"), QStringLiteral("-startdate"), QStringLiteral("-enddate")},
-      &texto);
+  Openssl("x509 -inform DER -noout -serial -startdate -enddate -in",
+          {kCsd + hoy.base + QStringLiteral(".cer")}, &texto);
   for (const QByteArray& linea : texto.split('\n')) {
     const QString valor = QString::fromLatin1(linea.mid(linea.indexOf('=') + 1));
     if (linea.startsWith("serial=")) hoy.serie = NumeroDeSerie(valor);
@@ -184,28 +183,22 @@ class TstSellos : public QObject {
     QVERIFY(Escribir(ruta("otra.txt"), cadena + ' '));
     QVERIFY(Escribir(ruta("sello.bin"), QByteArray::fromBase64(sello.toLatin1())));
     QByteArray publica;
-    QCOMPARE(
-        Openssl({QStringLiteral("x509"), QStringLiteral("-inform"), QStringLiteral("DER"),
-                 QStringLiteral("-in"), cer, QStringLiteral("-noout"), QStringLiteral("-pubkey")},
-                &publica),
-        0);
+    QCOMPARE(Openssl("x509 -inform DER -noout -pubkey -in", {cer}, &publica), 0);
     QVERIFY(Escribir(ruta("publica.pem"), publica));
-    const QStringList verificar = {QStringLiteral("dgst"),       QStringLiteral("-sha1"),
-                                   QStringLiteral("-verify"),    ruta("publica.pem"),
-                                   QStringLiteral("-signature"), ruta("sello.bin")};
-    QCOMPARE(Openssl(verificar + QStringList{ruta("cadena.txt")}), 0);
-    QCOMPARE(Openssl(verificar + QStringList{ruta("otra.txt")}), 1);
-
-    QCOMPARE(
-        Openssl({QStringLiteral("pkcs8"), QStringLiteral("-inform"), QStringLiteral("DER"),
-                 QStringLiteral("-in"), key, QStringLiteral("-passin"),
-                 QStringLiteral("pass:") + password, QStringLiteral("-out"), ruta("llave.pem")}),
-        0);
-    QByteArray firma;
-    QCOMPARE(Openssl({QStringLiteral("dgst"), QStringLiteral("-sha1"), QStringLiteral("-sign"),
-                      ruta("llave.pem"), ruta("cadena.txt")},
-                     &firma),
+    const char* verificar = "dgst -sha1 -verify";
+    QCOMPARE(Openssl(verificar, {ruta("publica.pem"), QStringLiteral("-signature"),
+                                 ruta("sello.bin"), ruta("cadena.txt")}),
              0);
+    QCOMPARE(Openssl(verificar, {ruta("publica.pem"), QStringLiteral("-signature"),
+                                 ruta("sello.bin"), ruta("otra.txt")}),
+             1);
+
+    QCOMPARE(Openssl("pkcs8 -inform DER -passin",
+                     {QStringLiteral("pass:") + password, QStringLiteral("-in"), key,
+                      QStringLiteral("-out"), ruta("llave.pem")}),
+             0);
+    QByteArray firma;
+    QCOMPARE(Openssl("dgst -sha1 -sign", {ruta("llave.pem"), ruta("cadena.txt")}, &firma), 0);
     QCOMPARE(sello, QString::fromLatin1(firma.toBase64()));
   }
 
