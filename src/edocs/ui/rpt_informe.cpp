@@ -25,8 +25,10 @@ namespace ventarix {
 
 namespace {
 
+constexpr int kColumnaFolio = 3;
 constexpr int kColumnaTotal = 6;
 constexpr int kColumnaIva = 7;
+constexpr int kColumnaTipoDeCambio = 11;
 
 QTableWidgetItem* Celda(const QString& texto, bool numero) {
   auto* celda = new QTableWidgetItem(texto);
@@ -92,7 +94,7 @@ rptInforme::rptInforme(Session& session, QWidget* parent)
   connect(fecha_, &QDateEdit::dateChanged, this, &rptInforme::ActualizarTitulo);
   connect(combo_, &QComboBox::currentIndexChanged, this, &rptInforme::ActualizarTitulo);
   ActualizarTitulo();
-  resize(900, 420);
+  resize(980, 420);
 }
 
 QDate rptInforme::Mes() const { return fecha_->date(); }
@@ -146,7 +148,8 @@ void rptInforme::Mostrar() {
       if (importe) {
         texto = mFunciones::FormatoNumero(columna == kColumnaTotal ? r.total : r.iva, 2);
       }
-      fg1_->setItem(fila, columna - 1, Celda(texto, importe || columna == 3));
+      const bool numero = importe || columna == kColumnaFolio || columna == kColumnaTipoDeCambio;
+      fg1_->setItem(fila, columna - 1, Celda(texto, numero));
     }
   }
   fg1_->resizeColumnsToContents();
