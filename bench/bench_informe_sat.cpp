@@ -34,19 +34,24 @@ bool Correr(Connection& c, const QString& texto, const QVariantList& valores) {
 bool Llenar(Connection& c, int por_mes) {
   Transaction t(c);
   for (int n = 1; n <= kClientes; ++n) {
-    if (!Correr(c, u"insert into clientes (numero, nombre, rfc) values (?, ?, ?)"_s,
-                {n, u"CLIENTE %1"_s.arg(n), u"XAXX%1000"_s.arg(n, 5, 10, QLatin1Char('0'))})) {
+    if (!Correr(
+            c,
+            u"insert into clientes (numero, nombre, rfc, metodo, status) values (?, ?, ?, 1, 'ALTA')"_s,
+            {n, u"CLIENTE %1"_s.arg(n), u"XAXX%1000"_s.arg(n, 5, 10, QLatin1Char('0'))})) {
       return false;
     }
   }
   const QString factura =
       u"insert into facturas (factura, serie, folio, fecha, hora, periodo, status, cliente, "
-      "esquema, noaprobacion, total, iva, moneda, tipocambio) "
-      "values (?, 'A', ?, ?, ?, 2024, ?, ?, 'CFD', '12345', ?, ?, 'MXN', 1)"_s;
+      "esquema, noaprobacion, total, iva, moneda, tipocambio, metodo, tienda, ingreso, equipo, "
+      "usuario) "
+      "values (?, 'A', ?, ?, ?, 2024, ?, ?, 'CFD', '12345', ?, ?, 'MXN', 1, 1, 1, 1, 'BENCH', "
+      "'ADMINISTRADOR')"_s;
   const QString nota =
       u"insert into \"notas cliente\" (nota, serie, folio, fecha, hora, periodo, status, "
-      "cliente, esquema, noaprobacion, total, iva) "
-      "values (?, 'B', ?, ?, ?, 2024, 'ALTA', ?, 'CFD', '54321', ?, ?)"_s;
+      "cliente, esquema, noaprobacion, total, iva, metodo, tienda, egreso, equipo, usuario) "
+      "values (?, 'B', ?, ?, ?, 2024, 'ALTA', ?, 'CFD', '54321', ?, ?, 1, 1, 1, 'BENCH', "
+      "'ADMINISTRADOR')"_s;
   int folio = 0;
   for (int mes = 1; mes <= kMeses; ++mes) {
     for (int i = 0; i < por_mes; ++i) {
@@ -123,7 +128,8 @@ int main(int argc, char** argv) {
   bool ok = CrearEmpresa(archivo).ok;
   if (ok) {
     Connection c(PostgresCadena(*target));
-    ok = Llenar(c, por_mes) && c.Run(u"analyze"_s);
+    ok = Llenar(c, por_mes) && c.Run(u"analyze facturas"_s) && c.Run(u"analyze clientes"_s) &&
+         c.Run(u"analyze \"notas cliente\""_s);
   }
   if (ok) Medir("PostgreSQL", PostgresCadena(*target), dir.path());
   Connection server(admin);
