@@ -84,6 +84,7 @@ class TestInformeForms : public QObject {
     QTest::keyClicks(fecha, u"15032024"_s);
     QCOMPARE(fecha->date(), QDate(2024, 3, 15));
     QTest::keyClick(fecha, Qt::Key_Return);
+    QVERIFY(fg1->hasFocus());
     QCOMPARE(fg1->rowCount(), 0);
 
     // Then CFD, listed with F5.
