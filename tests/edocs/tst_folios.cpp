@@ -1,0 +1,440 @@
+// Folio ranges: the order of the checks per scheme, the series rules, what each scheme writes,
+// the certificate and key kept across changes, the CBB image, the material restored on opening
+// and the default range; the database cases on both engines.
+#include <QDir>
+#include <QFile>
+#include <QTest>
+#include <QTimeZone>
+
+#include "core/database.h"
+#include "core/dialect.h"
+#include "core/mFunciones.h"
+#include "edocs/folios_rangos.h"
+#include "support/document_rows.h"
+#include "support/test_company.h"
+
+using namespace ventarix;
+using namespace Qt::StringLiterals;
+using edocs::Esquema;
+using edocs::FamiliaFolios;
+
+namespace {
+
+const QString kCsd = QStringLiteral(VENTARIX_SHARED_DIR "/sat/csd/");
+
+QString Csd(const QString& base, const QString& extension) { return kCsd + base + extension; }
+
+QByteArray Bytes(const QString& ruta) {
+  QFile archivo(ruta);
+  return archivo.open(QIODevice::ReadOnly) ? archivo.readAll() : QByteArray();
+}
+
+// The serial and validity the SAT's index of test certificates gives for a pair.
+struct Indice {
+  QString serie;
+  QDateTime desde, hasta;
+};
+
+Indice DelIndice(const QString& base) {
+  QFile archivo(kCsd + u"index.tsv"_s);
+  if (!archivo.open(QIODevice::ReadOnly)) return {};
+  auto fecha = [](const QString& texto) {
+    QDateTime d = QLocale::c().toDateTime(texto.simplified().chopped(4), u"MMM d HH:mm:ss yyyy"_s);
+    d.setTimeZone(QTimeZone::utc());
+    return d;
+  };
+  while (!archivo.atEnd()) {
+    const QStringList campos = QString::fromUtf8(archivo.readLine()).split(u'\t');
+    if (campos.size() > 4 && campos[0] == base)
+      return {campos[2], fecha(campos[3]), fecha(campos[4])};
+  }
+  return {};
+}
+
+Session SesionDe(const testing::TestCompany& company) {
+  Session s = company.MakeSession();
+  mFunciones::CrearCarpetas(s);
+  s.usuario.Set(u"FoliosFacturas"_s, u"SSS"_s);
+  s.usuario.Set(u"FoliosNotas"_s, u"SSS"_s);
+  return s;
+}
+
+// A range every check of its scheme accepts; the sealed ones carry the 5867 test pair.
+edocs::RangoFolios Completo(Esquema esquema) {
+  edocs::RangoFolios r;
+  r.esquema = esquema;
+  r.folio_inicial = u"1"_s;
+  r.folio_final = u"500"_s;
+  r.regimen_fiscal = u"REGIMEN GENERAL DE LEY PERSONAS MORALES"_s;
+  r.no_aprobacion = u"12345"_s;
+  r.ano_aprobacion = u"2011"_s;
+  r.archivo_certificado = u"AAA010101AAA_20001000000100005867.cer"_s;
+  r.archivo_llave = u"AAA010101AAA_20001000000100005867.key"_s;
+  r.password = u"12345678a"_s;
+  edocs::LeerInforme(Csd(u"AAA010101AAA_20001000000100005867"_s, u".cer"_s), &r);
+  return r;
+}
+
+edocs::MaterialNuevo ParDePrueba(const QString& base) {
+  return {Csd(base, u".cer"_s), Csd(base, u".key"_s), {}};
+}
+
+QVariant Valor(const Session& s, const QString& sentencia, const QVariantList& valores = {}) {
+  Connection c(s.Cadena);
+  return c.Scalar(sentencia, valores);
+}
+
+// Saves a new range and hands back its number (0 when refused, with the message in `error`).
+qint32 Alta(const Session& s, FamiliaFolios f, edocs::RangoFolios r,
+            const edocs::MaterialNuevo& nuevo = {}, QString* error = nullptr) {
+  const Outcome o = edocs::GuardarRango(s, f, true, &r, nuevo);
+  if (error) *error = o.message;
+  return o ? r.numero : 0;
+}
+
+}  // namespace
+
+class TestFolios : public QObject {
+  Q_OBJECT
+
+ private slots:
+  void initTestCase_data() { testing::AddEngineRows(); }
+
+  // A blank range is walked to a valid one by filling in whatever each message names: the
+  // messages come in the order of the scheme's checks, and none of another scheme shows.
+  void OrdenDeLasRevisiones_data() {
+    QTest::addColumn<int>("esquema");
+    QTest::addColumn<QStringList>("campos");
+    const QStringList folios = {u"FolioInicial"_s, u"FolioFinal"_s};
+    const QStringList sellado = {u"ArchivoCertificado"_s, u"ArchivoLlave"_s, u"Password"_s,
+                                 u"ArchivoCertificado"_s};
+    const QStringList aprobacion = {u"NoAprobacion"_s, u"AnoAprobacion"_s};
+    QTest::newRow("CFD") << int(Esquema::kCfd)
+                         << folios + QStringList{u"RegimenFiscal"_s} + aprobacion + sellado;
+    QTest::newRow("CFDI") << int(Esquema::kCfdi)
+                          << folios + QStringList{u"RegimenFiscal"_s} + sellado;
+    QTest::newRow("CBB") << int(Esquema::kCbb)
+                         << folios + QStringList{u"RegimenFiscal"_s} + aprobacion;
+    QTest::newRow("NOTA") << int(Esquema::kNota) << folios;
+  }
+  void OrdenDeLasRevisiones() {
+    QFETCH_GLOBAL(QString, engine);
+    if (engine != u"sqlite"_s) QSKIP("no database here");
+    QFETCH(int, esquema);
+    QFETCH(QStringList, campos);
+    const edocs::RangoFolios completo = Completo(static_cast<Esquema>(esquema));
+    edocs::RangoFolios r;
+    r.esquema = completo.esquema;
+    QStringList vistos, mensajes;
+    for (int vuelta = 0; vuelta < 12; ++vuelta) {
+      const Outcome o = edocs::RevisarRango(r);
+      if (o) break;
+      QCOMPARE(o.icon, MessageIcon::kWarning);
+      vistos << o.field;
+      mensajes << o.message;
+      if (o.field == u"FolioInicial"_s) {
+        r.folio_inicial = u"10"_s;  // then the end falls below the start
+        r.folio_final = u"9"_s;
+      } else if (o.field == u"FolioFinal"_s) {
+        r.folio_final = u"10"_s;
+      } else if (o.field == u"RegimenFiscal"_s) {
+        r.regimen_fiscal = completo.regimen_fiscal;
+      } else if (o.field == u"NoAprobacion"_s) {
+        r.no_aprobacion = completo.no_aprobacion;
+      } else if (o.field == u"AnoAprobacion"_s) {
+        r.ano_aprobacion = completo.ano_aprobacion;
+      } else if (o.field == u"ArchivoCertificado"_s && r.archivo_certificado.isEmpty()) {
+        r.archivo_certificado = completo.archivo_certificado;
+      } else if (o.field == u"ArchivoCertificado"_s) {
+        r.no_certificado = completo.no_certificado;
+        r.valido_desde = completo.valido_desde;
+        r.valido_hasta = completo.valido_hasta;
+      } else if (o.field == u"ArchivoLlave"_s) {
+        r.archivo_llave = completo.archivo_llave;
+      } else if (o.field == u"Password"_s) {
+        r.password = completo.password;
+      }
+    }
+    QCOMPARE(vistos, campos);
+    QCOMPARE(mensajes.first(), u"Se requiere la numeración de folios mayor a cero"_s);
+    QCOMPARE(mensajes[1], u"Se requiere una numeración correcta en folios"_s);
+    if (edocs::EsSellado(r.esquema)) {
+      QCOMPARE(mensajes.last(), u"Se requiere un archivo certificado válido"_s);
+      QCOMPARE(mensajes.count(u"Se requiere un archivo certificado"_s), 1);
+    }
+  }
+
+  // Each character must be A to Z; a lower-case series is refused as typed, not upper-cased
+  // on the way, and nothing is written.
+  void SerieDeLetras_data() {
+    QTest::addColumn<QString>("serie");
+    QTest::addColumn<bool>("aceptada");
+    QTest::newRow("vacía") << QString() << true;
+    QTest::newRow("una letra") << u"A"_s << true;
+    QTest::newRow("letras") << u"FAC"_s << true;
+    QTest::newRow("minúsculas") << u"fa"_s << false;
+    QTest::newRow("mixta") << u"Fa"_s << false;
+    QTest::newRow("dígito") << u"A1"_s << false;
+    QTest::newRow("eñe") << u"Ñ"_s << false;
+    QTest::newRow("guion") << u"A-"_s << false;
+    QTest::newRow("blanco") << u"A B"_s << false;
+  }
+  void SerieDeLetras() {
+    VENTARIX_COMPANY(company);
+    QFETCH(QString, serie);
+    QFETCH(bool, aceptada);
+    const Session s = SesionDe(company);
+    edocs::RangoFolios r = Completo(Esquema::kNota);
+    r.serie = serie;
+    QString error;
+    const qint32 numero = Alta(s, FamiliaFolios::kFacturas, r, {}, &error);
+    QCOMPARE(numero != 0, aceptada);
+    QCOMPARE(Valor(s, u"select count(*) from \"folios facturas\""_s).toInt(), aceptada ? 1 : 0);
+    if (aceptada) {
+      QCOMPARE(Valor(s, u"select serie from \"folios facturas\""_s).toString(), serie);
+    } else {
+      QCOMPARE(error, u"Se requiere que la serie sea únicamente texto [A-Z]"_s);
+    }
+  }
+
+  // A series belongs to one scheme within its table: a second range of the same series and
+  // scheme is welcome, another scheme is told which one holds it ("CFDi" for CFDI); the
+  // credit-note ranges are a table of their own.
+  void SerieDeUnSoloEsquema() {
+    VENTARIX_COMPANY(company);
+    const Session s = SesionDe(company);
+    edocs::RangoFolios cfdi = Completo(Esquema::kCfdi);
+    cfdi.serie = u"F"_s;
+    QVERIFY(Alta(s, FamiliaFolios::kFacturas, cfdi,
+                 ParDePrueba(u"AAA010101AAA_20001000000100005867"_s)));
+    edocs::RangoFolios cbb = Completo(Esquema::kCbb);
+    cbb.serie = u"G"_s;
+    QVERIFY(Alta(s, FamiliaFolios::kFacturas, cbb));
+
+    cfdi.folio_inicial = u"501"_s;
+    cfdi.folio_final = u"900"_s;
+    QCOMPARE(Alta(s, FamiliaFolios::kFacturas, cfdi), 3);
+    const Outcome nota = edocs::RevisarSerie(s, FamiliaFolios::kFacturas, u"F"_s, Esquema::kNota);
+    QCOMPARE(nota.message, u"Esta serie ya esta registrada con un esquema CFDi"_s);
+    QCOMPARE(nota.field, u"Serie"_s);
+    QString error;
+    edocs::RangoFolios otro = Completo(Esquema::kCfd);
+    otro.serie = u"G"_s;
+    QCOMPARE(Alta(s, FamiliaFolios::kFacturas, otro,
+                  ParDePrueba(u"AAA010101AAA_20001000000100005867"_s), &error),
+             0);
+    QCOMPARE(error, u"Esta serie ya esta registrada con un esquema CBB"_s);
+    QVERIFY(edocs::RevisarSerie(s, FamiliaFolios::kNotas, u"G"_s, Esquema::kNota));
+    QCOMPARE(Valor(s, u"select count(*) from \"folios facturas\""_s).toInt(), 3);
+  }
+
+  // A NOTA range keeps the numbers and the printed form's texts; whatever the screen still
+  // held in the sealed or approval fields, and any file chosen, stays out. A one-folio range
+  // counts 1.
+  void NotaGuardaSoloNumerosYComunes() {
+    VENTARIX_COMPANY(company);
+    const Session s = SesionDe(company);
+    edocs::RangoFolios r = Completo(Esquema::kNota);
+    r.serie = u"N"_s;
+    r.folio_inicial = u"7"_s;
+    r.folio_final = u"7"_s;
+    r.domicilio = u"<EmisorDireccion>"_s;
+    r.leyendas = {u"Gracias"_s, QString(), u"<FacturaLetra>"_s};
+    r.pagare = u"Debo y pagaré <FacturaTotal>"_s;
+    r.imprimir_logotipo = true;
+    r.alinear_logotipo = 7;
+    edocs::MaterialNuevo nuevo = ParDePrueba(u"AAA010101AAA_20001000000100005867"_s);
+    nuevo.cbb = Bytes(kCsd + u"index.tsv"_s);
+    const qint32 numero = Alta(s, FamiliaFolios::kFacturas, r, nuevo);
+    QCOMPARE(numero, 1);
+    Connection c(s.Cadena);
+    QSqlQuery q = c.Exec(
+        u"select cantidad, folioinicial, foliofinal, esquema, version, regimenfiscal, "
+        u"noaprobacion, "
+        u"anoaprobacion, archivocertificado, archivollave, nocertificado, algoritmosellodigital, "
+        u"domicilio, leyenda1, leyenda3, pagare, imprimirlogotipo, alinearlogotipo, status, "
+        u"predeterminar, validodesde from \"folios facturas\""_s);
+    QVERIFY(q.next());
+    QCOMPARE(q.value(0).toInt(), 1);
+    QCOMPARE(q.value(1).toInt(), 7);
+    QCOMPARE(q.value(2).toInt(), 7);
+    QCOMPARE(q.value(3).toString(), u"NOTA"_s);
+    for (int i : {4, 5, 6, 8, 9, 10, 11, 19}) QCOMPARE(q.value(i).toString(), QString());
+    QCOMPARE(q.value(7).toInt(), 0);
+    QVERIFY(q.value(20).isNull());
+    QCOMPARE(q.value(12).toString(), u"<EmisorDireccion>"_s);
+    QCOMPARE(q.value(13).toString(), u"Gracias"_s);
+    QCOMPARE(q.value(14).toString(), u"<FacturaLetra>"_s);
+    QCOMPARE(q.value(15).toString(), u"Debo y pagaré <FacturaTotal>"_s);
+    QCOMPARE(q.value(16).toString(), u"S"_s);
+    QCOMPARE(edocs::ItemsAlinearLogotipo().at(q.value(17).toInt()), u"Izquieda"_s);
+    QCOMPARE(q.value(18).toString(), u"ALTA"_s);
+    QCOMPARE(c.Scalar(u"select count(*) from certificados"_s).toInt(), 0);
+    QCOMPARE(c.Scalar(u"select count(*) from cbb"_s).toInt(), 0);
+  }
+
+  // A CFDI range stores the chosen pair byte for byte with the password; a change without
+  // choosing files keeps them (and a password typed then is not stored), a change with a new
+  // pair replaces them in the same row. The certificate's number and validity are the ones
+  // the SAT's index gives.
+  void CertificadoSeConservaSinArchivos() {
+    VENTARIX_COMPANY(company);
+    const Session s = SesionDe(company);
+    const QString par1 = u"AAA010101AAA_20001000000100005867"_s;
+    const QString par2 = u"AAA010101AAA_20001000000100005868"_s;
+    edocs::RangoFolios r = Completo(Esquema::kCfdi);
+    r.serie = u"A"_s;
+    r.numero = Alta(s, FamiliaFolios::kNotas, r, ParDePrueba(par1));
+    QCOMPARE(r.numero, 1);
+    auto material = [&] {
+      Connection c(s.Cadena);
+      return edocs::LeerMaterial(c, FamiliaFolios::kNotas, r.numero);
+    };
+    QCOMPARE(material().certificado, Bytes(Csd(par1, u".cer"_s)));
+    QCOMPARE(material().llave, Bytes(Csd(par1, u".key"_s)));
+    QCOMPARE(material().password, u"12345678a"_s);
+    const Indice indice = DelIndice(par1);
+    QCOMPARE(Valor(s, u"select nocertificado from \"folios notas\""_s).toString(), indice.serie);
+    QCOMPARE(dialect::ReadDate(Valor(s, u"select validodesde from \"folios notas\""_s)),
+             indice.desde);
+    QCOMPARE(dialect::ReadDate(Valor(s, u"select validohasta from \"folios notas\""_s)),
+             indice.hasta);
+    QCOMPARE(Valor(s, u"select version from \"folios notas\""_s).toString(), u"3.2"_s);
+    QCOMPARE(Valor(s, u"select algoritmosellodigital from \"folios notas\""_s).toString(),
+             u"sha-1"_s);
+
+    r.leyendas[0] = u"Segunda vuelta"_s;
+    r.password = u"otra"_s;
+    QVERIFY(edocs::GuardarRango(s, FamiliaFolios::kNotas, false, &r, {}));
+    QCOMPARE(Valor(s, u"select leyenda1 from \"folios notas\""_s).toString(), u"Segunda vuelta"_s);
+    QCOMPARE(material().certificado, Bytes(Csd(par1, u".cer"_s)));
+    QCOMPARE(material().password, u"12345678a"_s);
+
+    edocs::LeerInforme(Csd(par2, u".cer"_s), &r);
+    r.password = u"12345678a"_s;
+    QVERIFY(edocs::GuardarRango(s, FamiliaFolios::kNotas, false, &r, ParDePrueba(par2)));
+    QCOMPARE(material().certificado, Bytes(Csd(par2, u".cer"_s)));
+    QCOMPARE(material().llave, Bytes(Csd(par2, u".key"_s)));
+    QCOMPARE(Valor(s, u"select count(*) from certificados"_s).toInt(), 1);
+    QCOMPARE(Valor(s, u"select documento from certificados"_s).toInt(), 1);
+    QCOMPARE(Valor(s, u"select nocertificado from \"folios notas\""_s).toString(),
+             DelIndice(par2).serie);
+  }
+
+  // The CBB image is stored with the range, replaced, and its row deleted when the image is
+  // taken away; the change screen reads it back.
+  void ImagenCbb() {
+    VENTARIX_COMPANY(company);
+    const Session s = SesionDe(company);
+    edocs::RangoFolios r = Completo(Esquema::kCbb);
+    const QByteArray imagen = Bytes(Csd(u"AAA010101AAA_20001000000100005867"_s, u".cer"_s));
+    r.numero = Alta(s, FamiliaFolios::kFacturas, r, {{}, {}, imagen});
+    edocs::RangoFolios leido;
+    QByteArray cbb;
+    QVERIFY(edocs::LeerRango(s, FamiliaFolios::kFacturas, r.numero, &leido, &cbb));
+    QCOMPARE(cbb, imagen);
+    QCOMPARE(leido.no_aprobacion, u"12345"_s);
+    QCOMPARE(leido.ano_aprobacion, u"2011"_s);
+    QVERIFY(edocs::GuardarRango(s, FamiliaFolios::kFacturas, false, &r, {{}, {}, "otra"}));
+    QCOMPARE(Valor(s, u"select cbb from cbb where documento = 0"_s).toByteArray(),
+             QByteArray("otra"));
+    QVERIFY(edocs::GuardarRango(s, FamiliaFolios::kFacturas, false, &r, {}));
+    QCOMPARE(Valor(s, u"select count(*) from cbb"_s).toInt(), 0);
+  }
+
+  // Opening a sealed range's change screen writes the stored pair into CarpetaCer when a file
+  // is missing (leaving a present one alone) and brings the password; a range without its
+  // stored pair says what is missing.
+  void MaterialRestaurado() {
+    VENTARIX_COMPANY(company);
+    const Session s = SesionDe(company);
+    QVERIFY(QDir(s.CarpetaCer).exists());
+    edocs::RangoFolios r = Completo(Esquema::kCfd);
+    r.numero =
+        Alta(s, FamiliaFolios::kFacturas, r, ParDePrueba(u"AAA010101AAA_20001000000100005867"_s));
+    QVERIFY(r.numero > 0);
+    const QString cer = s.CarpetaCer + u'/' + r.archivo_certificado;
+    const QString key = s.CarpetaCer + u'/' + r.archivo_llave;
+    QFile::remove(cer);
+    {
+      QFile propia(key);
+      QVERIFY(propia.open(QIODevice::WriteOnly));
+      propia.write("la del usuario");
+    }
+    edocs::RangoFolios leido;
+    QByteArray cbb;
+    QVERIFY(edocs::LeerRango(s, FamiliaFolios::kFacturas, r.numero, &leido, &cbb));
+    QVERIFY(leido.password.isEmpty());
+    QVERIFY(edocs::RestaurarMaterial(s, FamiliaFolios::kFacturas, &leido).empty());
+    QCOMPARE(leido.password, u"12345678a"_s);
+    QCOMPARE(Bytes(cer), Bytes(Csd(u"AAA010101AAA_20001000000100005867"_s, u".cer"_s)));
+    QCOMPARE(Bytes(key), QByteArray("la del usuario"));
+
+    {
+      Connection c(s.Cadena);
+      QVERIFY(testing::InsertarFila(c, u"folios facturas"_s,
+                                    {{u"numero"_s, 9}, {u"esquema"_s, u"CFDI"_s}}));
+    }
+    leido.numero = 9;
+    leido.esquema = Esquema::kCfdi;
+    const std::vector<Outcome> avisos =
+        edocs::RestaurarMaterial(s, FamiliaFolios::kFacturas, &leido);
+    QCOMPARE(avisos.size(), size_t(2));
+    QCOMPARE(avisos[0].message, u"Se requiere cargar un certificado (.cer)"_s);
+    QCOMPARE(avisos[1].message, u"Se requiere cargar un archivo llave (.key)"_s);
+    QCOMPARE(avisos[1].icon, MessageIcon::kStop);
+  }
+
+  // The default range: only the chosen row keeps the mark, whatever the others' schemes, the
+  // other table is left alone, and the session starts its documents there. A number that no
+  // row holds changes nothing.
+  void Predeterminar() {
+    VENTARIX_COMPANY(company);
+    Session s = SesionDe(company);
+    {
+      Connection c(s.Cadena);
+      const std::array<std::pair<int, const char*>, 3> rangos = {
+          {{1, "CFDI"}, {2, "NOTA"}, {3, "CBB"}}};
+      for (const auto& [numero, esquema] : rangos) {
+        QVERIFY(testing::InsertarFila(c, u"folios facturas"_s,
+                                      {{u"numero"_s, numero},
+                                       {u"esquema"_s, QString::fromLatin1(esquema)},
+                                       {u"predeterminar"_s, u"+"_s}}));
+      }
+      QVERIFY(testing::InsertarFila(c, u"folios notas"_s,
+                                    {{u"numero"_s, 1}, {u"predeterminar"_s, u"+"_s}}));
+    }
+    s.FolioNotas = 1;
+    QVERIFY(edocs::Predeterminar(s, FamiliaFolios::kFacturas, 2));
+    auto marcas = [&s](const char* tabla) {
+      Connection c(s.Cadena);
+      QSqlQuery q = c.Exec(u"select numero, predeterminar from "_s +
+                           dialect::Name(QLatin1String(tabla)) + u" order by numero"_s);
+      QStringList filas;
+      while (q.next()) filas << q.value(0).toString() + q.value(1).toString();
+      return filas;
+    };
+    QCOMPARE(marcas("folios facturas"), (QStringList{u"1"_s, u"2+"_s, u"3"_s}));
+    QCOMPARE(marcas("folios notas"), QStringList{u"1+"_s});
+    QCOMPARE(s.FolioFacturas, 2);
+    QVERIFY(!edocs::Predeterminar(s, FamiliaFolios::kFacturas, 44));
+    QCOMPARE(marcas("folios facturas"), (QStringList{u"1"_s, u"2+"_s, u"3"_s}));
+    QCOMPARE(s.FolioFacturas, 2);
+    QVERIFY(edocs::Predeterminar(s, FamiliaFolios::kNotas, 1));
+    QCOMPARE(s.FolioNotas, 1);
+  }
+
+  // Without the right to add, nothing is drawn nor written.
+  void SinDerechoDeAlta() {
+    VENTARIX_COMPANY(company);
+    Session s = SesionDe(company);
+    s.usuario.Set(u"FoliosNotas"_s, u"NSS"_s);
+    QString error;
+    QCOMPARE(Alta(s, FamiliaFolios::kNotas, Completo(Esquema::kNota), {}, &error), 0);
+    QCOMPARE(error, u"Este usuario no tiene permisos para el registro de altas"_s);
+    QCOMPARE(Valor(s, u"select count(*) from \"folios notas\""_s).toInt(), 0);
+  }
+};
+
+QTEST_GUILESS_MAIN(TestFolios)
+#include "tst_folios.moc"
