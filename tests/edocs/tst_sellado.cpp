@@ -1,0 +1,338 @@
+// Sealing invoices and credit notes, CFDi 3.2 and CFD 2.2, on both engines. The sealed files are
+// checked by independent tools (xmllint against the SAT schema, xsltproc with the SAT sheet,
+// openssl with the certificate's public key) and pinned byte for byte against golden files;
+// then the checks a clerk meets, each with its exact words, the first failing one winning.
+#include <QDir>
+#include <QFile>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QXmlStreamReader>
+
+#include "core/database.h"
+#include "edocs/certificado.h"
+#include "edocs/empresa_sellado.h"
+#include "edocs/mDigital.h"
+#include "support/test_company.h"
+
+using namespace ventarix;
+using namespace ventarix::edocs;
+using namespace ventarix::testing;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+using Sellador = ResultadoSellado (*)(const Session&, DocumentoCaptura&, const QString&);
+
+struct Salida {
+  int codigo = -1;
+  QByteArray out, err;
+};
+
+Salida Ejecutar(const QString& programa, const QStringList& argumentos) {
+  QProcess p;
+  p.start(programa, argumentos);
+  Salida s;
+  if (!p.waitForFinished(60000)) return s;
+  s.codigo = p.exitCode();
+  s.out = p.readAllStandardOutput();
+  s.err = p.readAllStandardError();
+  return s;
+}
+
+bool Escribir(const QString& path, const QByteArray& bytes) {
+  QFile f(path);
+  return f.open(QIODevice::WriteOnly) && f.write(bytes) == bytes.size();
+}
+
+// The root's attributes and the first element of each name, as a reader outside the system
+// sees the file.
+QHash<QString, QXmlStreamAttributes> Elementos(const QByteArray& xml) {
+  QHash<QString, QXmlStreamAttributes> elementos;
+  QXmlStreamReader reader(xml);
+  while (!reader.atEnd()) {
+    reader.readNext();
+    if (reader.isStartElement() && !elementos.contains(reader.name().toString())) {
+      elementos.insert(reader.name().toString(), reader.attributes());
+    }
+  }
+  return elementos;
+}
+
+QString Atributo(const QByteArray& xml, const QString& elemento, const QString& nombre) {
+  return Elementos(xml).value(elemento).value(nombre).toString();
+}
+
+// The seal checked as the SAT would: the cadena signed with SHA-1 under the public key of the
+// certificate the document itself carries.
+bool SelloVerifica(const QString& carpeta, const Comprobante& c, QByteArray* detalle) {
+  const QString der = carpeta + u"/cert.der"_s, pem = carpeta + u"/pub.pem"_s;
+  const QString firma = carpeta + u"/firma.bin"_s, cadena = carpeta + u"/cadena.txt"_s;
+  if (!Escribir(der, QByteArray::fromBase64(c.Certificado.toLatin1())) ||
+      !Escribir(firma, QByteArray::fromBase64(c.Sello.toLatin1())) ||
+      !Escribir(cadena, c.CadenaOriginal.toUtf8())) {
+    return false;
+  }
+  const Salida llave = Ejecutar(u"openssl"_s, {u"x509"_s, u"-inform"_s, u"DER"_s, u"-in"_s, der,
+                                               u"-noout"_s, u"-pubkey"_s, u"-out"_s, pem});
+  if (llave.codigo != 0) return false;
+  const Salida v = Ejecutar(
+      u"openssl"_s, {u"dgst"_s, u"-sha1"_s, u"-verify"_s, pem, u"-signature"_s, firma, cadena});
+  *detalle = v.out + v.err;
+  return v.codigo == 0 && v.out.contains("Verified OK");
+}
+
+// A missing golden fails; VENTARIX_REWRITE_GOLDEN=1 writes it from this run.
+void CompararConDorado(const QString& nombre, const QByteArray& xml) {
+  const QString path = QStringLiteral(VENTARIX_SOURCE_DIR "/tests/edocs/golden/") + nombre;
+  if (qEnvironmentVariableIntValue("VENTARIX_REWRITE_GOLDEN") == 1) {
+    QDir().mkpath(QFileInfo(path).path());
+    QVERIFY(Escribir(path, xml));
+  }
+  QFile golden(path);
+  QVERIFY2(golden.open(QIODevice::ReadOnly), qPrintable(u"golden missing: "_s + path));
+  QCOMPARE(xml, golden.readAll());
+}
+
+#define VENTARIX_SELLADO(company, session)                                           \
+  VENTARIX_COMPANY(company);                                                         \
+  {                                                                                  \
+    QString error_;                                                                  \
+    QVERIFY2(PrepararEmpresaSellado(company.cadena(), &error_), qPrintable(error_)); \
+  }                                                                                  \
+  Session session = company.MakeSession();                                           \
+  CompletarSesionSellado(session)
+
+QString ArchivosEn(const QString& carpeta) {
+  return QDir(carpeta).entryList(QDir::Files).join(u',');
+}
+
+}  // namespace
+
+class TestSellado : public QObject {
+  Q_OBJECT
+
+ private slots:
+  void initTestCase() {
+    // The validity message shows local time; the fixture's dates are read in UTC.
+    qputenv("TZ", "UTC");
+    tzset();
+  }
+  void initTestCase_data() { AddEngineRows(); }
+
+  // ---- Known answers: the file as the SAT's tools read it ----
+
+  void ConocidosPorHerramientas_data() {
+    QTest::addColumn<int>("driver");  // 0 ingreso CFDi, 1 ingreso CFD, 2 egreso CFDi, 3 egreso CFD
+    QTest::addColumn<QString>("golden");
+    QTest::addColumn<QString>("archivo");
+    QTest::newRow("factura CFDi") << 0 << u"factura_cfdi.xml"_s << u"A-15.xml"_s;
+    QTest::newRow("factura CFD") << 1 << u"factura_cfd.xml"_s << u"B-15.xml"_s;
+    QTest::newRow("nota CFDi") << 2 << u"nota_cfdi.xml"_s << u"NC-15.xml"_s;
+    QTest::newRow("nota CFD") << 3 << u"nota_cfd.xml"_s << u"ND-15.xml"_s;
+  }
+  void ConocidosPorHerramientas() {
+    QFETCH(int, driver);
+    QFETCH(QString, golden);
+    QFETCH(QString, archivo);
+    VENTARIX_SELLADO(company, session);
+    const bool cfd = driver % 2 == 1, nota = driver >= 2;
+    static const Sellador kDrivers[] = {SellarIngresoCFDi, SellarIngresoCFD, SellarEgresoCFDi,
+                                        SellarEgresoCFD};
+    static const int kRangos[] = {kFacturaCFDi, kFacturaCFD, kNotaCFDi, kNotaCFD};
+    static const char* kSeries[] = {"A", "B", "NC", "ND"};
+    DocumentoCaptura forma = Documento(kRangos[driver], QString::fromUtf8(kSeries[driver]), nota);
+    forma.Datos.insert(10, u"12.5"_s);  // an ISR retention, kept by invoices only
+    const ResultadoSellado r = kDrivers[driver](session, forma, QString());
+    QVERIFY2(r.ok(), qPrintable(r.Msg1));
+    QCOMPARE(QFileInfo(r.archivo).fileName(), archivo);
+    QCOMPARE(QFileInfo(r.archivo).path(), QDir(session.CarpetaXml).path());
+
+    const QString carpeta = cfd ? session.CarpetaEsquemasCFD : session.CarpetaEsquemasCFDi;
+    const Salida xsd =
+        Ejecutar(u"xmllint"_s, {u"--noout"_s, u"--nonet"_s, u"--schema"_s,
+                                carpeta + (cfd ? u"/cfdv22.xsd"_s : u"/cfdv32.xsd"_s), r.archivo});
+    QVERIFY2(xsd.codigo == 0, xsd.err.constData());
+
+    const QString hoja =
+        carpeta + (cfd ? u"/cadenaoriginal_2_2.xslt"_s : u"/cadenaoriginal_3_2.xslt"_s);
+    const Salida xslt = Ejecutar(u"xsltproc"_s, {u"--nonet"_s, hoja, r.archivo});
+    QCOMPARE(xslt.codigo, 0);
+    QCOMPARE(r.comprobante.CadenaOriginal, QString::fromUtf8(xslt.out));
+
+    QTemporaryDir tmp;
+    QByteArray detalle;
+    QVERIFY2(SelloVerifica(tmp.path(), r.comprobante, &detalle), detalle.constData());
+
+    QFile file(r.archivo);
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    const QByteArray xml = file.readAll();
+    const QString raiz = u"Comprobante"_s;
+    QCOMPARE(Atributo(xml, raiz, u"sello"_s), r.comprobante.Sello);
+    QCOMPARE(Atributo(xml, raiz, u"noCertificado"_s), u"20001000000100005867"_s);
+    QCOMPARE(Atributo(xml, raiz, u"tipoDeComprobante"_s), nota ? u"egreso"_s : u"ingreso"_s);
+    // 10 x 2.50 + 2 x 845.50 = 1716, and 16 % of it; the retention only on invoices.
+    QCOMPARE(Atributo(xml, raiz, u"subTotal"_s), u"1716"_s);
+    QCOMPARE(Atributo(xml, u"Traslado"_s, u"importe"_s), u"274.56"_s);
+    QCOMPARE(Atributo(xml, u"Impuestos"_s, u"totalImpuestosTrasladados"_s),
+             nota ? QString() : u"274.56"_s);
+    QCOMPARE(Atributo(xml, u"Retencion"_s, u"importe"_s), nota ? QString() : u"12.5"_s);
+    QCOMPARE(Atributo(xml, raiz, u"noAprobacion"_s), cfd ? u"98765"_s : QString());
+    CompararConDorado(golden, xml);
+  }
+
+  // ---- The certificate in force on the document's date ----
+
+  void Vigencia_data() {
+    QTest::addColumn<QDateTime>("fecha");
+    QTest::addColumn<bool>("sella");
+    const QDateTime desde(QDate(2012, 7, 27), QTime(17, 2, 0));
+    const QDateTime hasta(QDate(2016, 7, 27), QTime(17, 2, 0));
+    QTest::newRow("primer segundo") << desde << true;
+    QTest::newRow("un segundo antes") << desde.addSecs(-1) << false;
+    QTest::newRow("último segundo") << hasta << true;
+    QTest::newRow("un segundo después") << hasta.addSecs(1) << false;
+  }
+  void Vigencia() {
+    QFETCH(QDateTime, fecha);
+    QFETCH(bool, sella);
+    VENTARIX_SELLADO(company, session);
+    for (const bool nota : {false, true}) {
+      DocumentoCaptura forma =
+          nota ? Documento(kNotaCFDi, u"NC"_s, true) : Documento(kFacturaCFDi, u"A"_s, false);
+      forma.Fecha = fecha;
+      const ResultadoSellado r = (nota ? SellarEgresoCFDi : SellarIngresoCFDi)(session, forma, {});
+      // Both sides give the same words, with both bounds in local time.
+      QCOMPARE(r.Msg1, sella ? QString()
+                             : u"Certificado válido del 27/jul/2012 05:02:00 pm al "
+                               "27/jul/2016 05:02:00 pm"_s);
+      QCOMPARE(r.archivo.isEmpty(), !sella);
+    }
+  }
+
+  // ---- The folio against its range ----
+
+  void Folio_data() {
+    QTest::addColumn<int>("rango");
+    QTest::addColumn<QString>("serie");
+    QTest::addColumn<QString>("tecleado");
+    QTest::addColumn<QString>("folio");
+    QTest::addColumn<QString>("archivo");
+    QTest::addColumn<QString>("mensaje");
+    QTest::newRow("1 en 501-600 pasa a 501")
+        << int(kFactura501) << u"E"_s << u"1"_s << u"501"_s << u"E-501.xml"_s << QString();
+    QTest::newRow("1 en 1-100 se queda")
+        << int(kFacturaCFDi) << u"A"_s << u"1"_s << u"1"_s << u"A-1.xml"_s << QString();
+    QTest::newRow("600 es el último")
+        << int(kFactura501) << u"E"_s << u"600"_s << u"600"_s << u"E-600.xml"_s << QString();
+    QTest::newRow("700 fuera")
+        << int(kFactura501) << u"E"_s << u"700"_s << u"700"_s << QString()
+        << u"Este número de factura esta fuera del rango de los folios digitales"_s;
+    QTest::newRow("2 en 501-600 fuera")
+        << int(kFactura501) << u"E"_s << u"2"_s << u"2"_s << QString()
+        << u"Este número de factura esta fuera del rango de los folios digitales"_s;
+    QTest::newRow("sin serie, sin guion")
+        << int(kFacturaSinSerie) << QString() << u"15"_s << u"15"_s << u"15.xml"_s << QString();
+  }
+  void Folio() {
+    QFETCH(int, rango);
+    QFETCH(QString, serie);
+    QFETCH(QString, tecleado);
+    QFETCH(QString, folio);
+    QFETCH(QString, archivo);
+    QFETCH(QString, mensaje);
+    VENTARIX_SELLADO(company, session);
+    DocumentoCaptura forma = Documento(rango, serie, false);
+    forma.Datos.insert(0, tecleado);
+    const ResultadoSellado r = SellarIngresoCFDi(session, forma, {});
+    QCOMPARE(r.Msg1, mensaje);
+    QCOMPARE(forma.Dato(0), folio);
+    QCOMPARE(ArchivosEn(session.CarpetaXml), archivo);
+    if (!mensaje.isEmpty()) return;
+    QCOMPARE(r.comprobante.Folio, folio);
+    QFile file(r.archivo);
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    const QByteArray xml = file.readAll();
+    QCOMPARE(Atributo(xml, u"Comprobante"_s, u"folio"_s), folio);
+    const QXmlStreamAttributes raiz = Elementos(xml).value(u"Comprobante"_s);
+    QCOMPARE(raiz.hasAttribute(u"serie"_s), !serie.isEmpty());
+  }
+
+  // ---- What the screen's content becomes ----
+
+  void Conceptos() {
+    VENTARIX_SELLADO(company, session);
+    DocumentoCaptura forma = Documento(kFacturaCFDi, u"A"_s, false);
+    const QString larga = QString(u"BROCA PARA CONCRETO "_s).repeated(15);  // 300 characters
+    forma.Fg1.insert(1, FilaFactura(u"BRO-38"_s, larga, u"PZA"_s, 1, 100));
+    forma.Fg1.append(FilaFactura(QString(), u"RENGLON SIN CODIGO"_s, u"PZA"_s, 1, 50));
+    forma.Fg1.append(FilaFactura(u"sin-u"_s, u"SIN UNIDAD"_s, QString(), 1, 50));
+    forma.Datos.insert(5, u"19.8765"_s);  // a stray rate on a peso document
+    ResultadoSellado r = SellarIngresoCFDi(session, forma, {});
+    QCOMPARE(r.Msg1, u"Se requiere una descripción para la fila: 5"_s);
+    QVERIFY(r.archivo.isEmpty());
+
+    forma.Fg1.removeLast();
+    r = SellarIngresoCFDi(session, forma, {});
+    QVERIFY2(r.ok(), qPrintable(r.Msg1));
+    QCOMPARE(forma.Dato(5), u"1.0000"_s);
+    QCOMPARE(r.comprobante.TipoCambio, u"1.0000"_s);
+    // The row without code stays out; the long description is kept whole in the block.
+    QCOMPARE(r.comprobante.conceptos.size(), 3);
+    QCOMPARE(r.comprobante.conceptos.at(1).descripcion, larga.toUpper());
+    QFile file(r.archivo);
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    const QByteArray xml = file.readAll();
+    QCOMPARE(xml.count("<cfdi:Concepto "), 3);
+    QVERIFY(xml.contains("descripcion=\"" + larga.left(255).toUtf8() + "\""));
+    QVERIFY(!xml.contains(larga.left(256).toUtf8()));
+  }
+
+  void MonedaExtranjera() {
+    VENTARIX_SELLADO(company, session);
+    DocumentoCaptura forma = Documento(kFacturaCFDi, u"A"_s, false);
+    forma.Moneda = u"USD"_s;
+    forma.Datos.insert(5, u"13.25"_s);
+    const ResultadoSellado r = SellarIngresoCFDi(session, forma, {});
+    QVERIFY2(r.ok(), qPrintable(r.Msg1));
+    QCOMPARE(r.comprobante.TipoCambio, u"13.2500"_s);
+    QCOMPARE(r.comprobante.Moneda, u"USD"_s);
+  }
+
+  // A description makes the document one summary concept over the grid's sums.
+  void Resumen_data() {
+    QTest::addColumn<bool>("nota");
+    QTest::addColumn<QString>("codigo");
+    QTest::addColumn<QString>("unidad");
+    QTest::newRow("corte de factura") << false << u"CORTE"_s << u"CORTE"_s;
+    QTest::newRow("nota de crédito") << true << u"NOTA"_s << u"NA"_s;
+  }
+  void Resumen() {
+    QFETCH(bool, nota);
+    QFETCH(QString, codigo);
+    QFETCH(QString, unidad);
+    VENTARIX_SELLADO(company, session);
+    DocumentoCaptura forma =
+        nota ? Documento(kNotaCFDi, u"NC"_s, true) : Documento(kFacturaCFDi, u"A"_s, false);
+    const ResultadoSellado r = (nota ? SellarEgresoCFDi : SellarIngresoCFDi)(
+        session, forma, u"Devolución, mercancía\r\ndañada #3"_s);
+    QVERIFY2(r.ok(), qPrintable(r.Msg1));
+    QCOMPARE(r.comprobante.conceptos.size(), 1);
+    const Concepto& c = r.comprobante.conceptos.at(0);
+    QCOMPARE(c.codigo, codigo);
+    QCOMPARE(c.unidad, unidad);
+    // Cleaned: upper case, accents and punctuation gone, line break removed without a blank.
+    QCOMPARE(c.descripcion, u"DEVOLUCIN MERCANCADAÑADA 3"_s);
+    QCOMPARE(c.cantidad, 1.0);
+    QCOMPARE(c.precio, 1716.0);
+    QCOMPARE(c.importe, 1716.0);
+    QCOMPARE(c.subtotal, 1716.0);
+    // A description of blanks is still a summary.
+    DocumentoCaptura otra = Documento(kFacturaCFDi, u"A"_s, false);
+    otra.Datos.insert(0, u"16"_s);
+    QCOMPARE(SellarIngresoCFDi(session, otra, u"   "_s).comprobante.conceptos.size(), 1);
+  }
+};
+
+QTEST_GUILESS_MAIN(TestSellado)
+#include "tst_sellado.moc"
