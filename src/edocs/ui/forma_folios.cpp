@@ -39,7 +39,7 @@ FormaFolios::FormaFolios(Session& session, edocs::FamiliaFolios familia, bool al
   const std::array<std::pair<const char*, QWidget*>, 8> filas = {
       {{"Número:", numero_},
        {"&Esquema:", esquema_},
-       {"&Serie:", serie_},
+       {"Serie:", serie_},
        {"Folio &inicial:", folio_inicial_},
        {"Folio &final:", folio_final_},
        {"Cantidad:", cantidad_},
@@ -60,6 +60,7 @@ FormaFolios::FormaFolios(Session& session, edocs::FamiliaFolios familia, bool al
   botones->addWidget(salir_);
   layout->addLayout(botones);
   resize(640, 500);
+  OrdenarCampos();
   if (alta_) {
     esquema_->setCurrentIndex(1);
     CambiarEsquema();
@@ -97,6 +98,31 @@ void FormaFolios::ConstruirEncabezado() {
   status_->setObjectName(u"Status"_s);
   connect(esquema_, &QComboBox::currentIndexChanged, this, &FormaFolios::CambiarEsquema);
   if (alta_) AlDejar(serie_, &FormaFolios::RevisarSerie);
+}
+
+// Enter walks the header, then the scheme's fields and the CBB buttons, then the other pages.
+void FormaFolios::OrdenarCampos() {
+  QList<QWidget*> orden = {esquema_,
+                           serie_,
+                           folio_inicial_,
+                           folio_final_,
+                           regimen_fiscal_,
+                           no_aprobacion_,
+                           ano_aprobacion_,
+                           archivo_certificado_,
+                           archivo_llave_,
+                           password_,
+                           findChild<QWidget*>(u"CBBAgregar"_s),
+                           findChild<QWidget*>(u"CBBQuitar"_s),
+                           imprimir_logotipo_,
+                           ubicar_logotipo_,
+                           alinear_empresa_,
+                           alinear_logotipo_,
+                           domicilio_};
+  for (CajaLeyenda* leyenda : leyendas_) orden << leyenda;
+  if (pagare_ != nullptr) orden << pagare_;
+  orden << guardar_ << salir_;
+  for (int i = 1; i < orden.size(); ++i) setTabOrder(orden[i - 1], orden[i]);
 }
 
 Esquema FormaFolios::EsquemaActual() const {

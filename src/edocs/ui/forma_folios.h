@@ -50,6 +50,7 @@ class FormaFolios : public QDialog {
   QWidget* PaginaLeyendas();
   QWidget* PaginaPagare();
   void ConstruirBotones();
+  void OrdenarCampos();
   void CambiarEsquema();
   edocs::Esquema EsquemaActual() const;
   void MostrarCantidad();

@@ -96,7 +96,7 @@ void FormaFolios::ConstruirPaginas() {
   connect(archivo_llave_, &CampoCaptura::Ayuda, this, &FormaFolios::AbrirLlave);
   AlDejar(password_, &FormaFolios::RevisarContrasena);
   ConstruirFila(u"RegimenFiscal"_s, u"&Régimen fiscal:"_s, regimen_fiscal_);
-  ConstruirFila(u"NoAprobacion"_s, u"No. &aprobación:"_s, no_aprobacion_);
+  ConstruirFila(u"NoAprobacion"_s, u"&No. aprobación:"_s, no_aprobacion_);
   ConstruirFila(u"AnoAprobacion"_s, u"Año a&probación:"_s, ano_aprobacion_);
   ConstruirFila(u"ArchivoCertificado"_s, u"&Certificado (.cer):"_s, archivo_certificado_);
   ConstruirFila(u"ArchivoLlave"_s, u"&Llave privada (.key):"_s, archivo_llave_);
@@ -112,8 +112,8 @@ void FormaFolios::ConstruirPaginas() {
     rejilla->addRow(QString::fromUtf8(rotulos[i]), informe_[i]);
   }
   filas_.insert(u"Informe"_s, informe);
-  tabs_->addTab(PaginaLogotipo(), u"Logotipo"_s);
-  tabs_->addTab(PaginaLeyendas(), u"Leyendas"_s);
+  tabs_->addTab(PaginaLogotipo(), u"Logo&tipo"_s);
+  tabs_->addTab(PaginaLeyendas(), u"Le&yendas"_s);
   if (edocs::DatosDe(familia_).pagare) tabs_->addTab(PaginaPagare(), u"Pagaré"_s);
   connect(tabs_, &QTabWidget::currentChanged, this,
           [this] { etiquetas_->setEnabled(tabs_->currentIndex() >= 5); });
@@ -129,7 +129,7 @@ QWidget* FormaFolios::PaginaCbb() {
   image1_->setAlignment(Qt::AlignCenter);
   tamano_ = new QLabel(pagina);
   tamano_->setObjectName(u"TamanoCbb"_s);
-  auto* agregar = new QPushButton(u"A&gregar"_s, pagina);
+  auto* agregar = new QPushButton(u"&Agregar"_s, pagina);
   agregar->setObjectName(u"CBBAgregar"_s);
   auto* quitar = new QPushButton(u"&Quitar"_s, pagina);
   quitar->setObjectName(u"CBBQuitar"_s);
@@ -199,7 +199,7 @@ QWidget* FormaFolios::PaginaPagare() {
 }
 
 void FormaFolios::ConstruirBotones() {
-  etiquetas_ = BotonDeUsuarios("&Etiquetas", "Etiquetas", this);
+  etiquetas_ = BotonDeUsuarios("Etiq&uetas", "Etiquetas", this);
   // The tag goes where the legend's cursor is: the button never takes the focus from it.
   etiquetas_->setFocusPolicy(Qt::NoFocus);
   etiquetas_->setEnabled(false);
