@@ -40,10 +40,10 @@ FormaFolios::FormaFolios(Session& session, edocs::FamiliaFolios familia, bool al
       {{"Número:", numero_},
        {"&Esquema:", esquema_},
        {"Serie:", serie_},
+       {"Status:", status_},
        {"Folio &inicial:", folio_inicial_},
        {"Folio &final:", folio_final_},
        {"Cantidad:", cantidad_},
-       {"Status:", status_},
        {"", version_}}};
   for (int i = 0; i < static_cast<int>(filas.size()); ++i) {
     auto* titulo = new QLabel(QString::fromUtf8(filas[i].first), this);

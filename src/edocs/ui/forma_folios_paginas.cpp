@@ -191,7 +191,9 @@ QWidget* FormaFolios::PaginaPagare() {
   auto* layout = new QVBoxLayout(pagina);
   pagare_ = new CajaLeyenda(pagina);
   pagare_->setObjectName(u"Pagare"_s);
-  pagare_->setMinimumHeight(200);
+  // The promissory note is a long text: its box takes the whole page.
+  pagare_->setMinimumHeight(120);
+  pagare_->setMaximumHeight(QWIDGETSIZE_MAX);
   connect(pagare_, &CajaLeyenda::Enfocada, this,
           [this](CajaLeyenda* enfocada) { caja_actual_ = enfocada; });
   layout->addWidget(pagare_);
