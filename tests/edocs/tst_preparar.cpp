@@ -5,8 +5,8 @@
 #include <QTest>
 
 #include "core/database.h"
-#include "edocs/empresa_sellado.h"
 #include "edocs/mDigital.h"
+#include "edocs/sellado_prueba.h"
 #include "support/test_company.h"
 
 using namespace ventarix;
@@ -15,15 +15,6 @@ using namespace ventarix::testing;
 using namespace Qt::StringLiterals;
 
 namespace {
-
-#define VENTARIX_SELLADO(company, session)                                           \
-  VENTARIX_COMPANY(company);                                                         \
-  {                                                                                  \
-    QString error_;                                                                  \
-    QVERIFY2(PrepararEmpresaSellado(company.cadena(), &error_), qPrintable(error_)); \
-  }                                                                                  \
-  Session session = company.MakeSession();                                           \
-  CompletarSesionSellado(session)
 
 enum Driver { kIngresoCBB, kIngresoNOTA, kEgresoCBB, kEgresoNOTA, kRemision, kIngresoCFDi };
 
@@ -62,13 +53,6 @@ DocumentoCaptura DocumentoDe(Driver driver) {
       return Documento(kFacturaCFDi, u"A"_s, false);
   }
   return {};
-}
-
-bool Ejecutar(const Session& s, const QString& sentencia, const QVariantList& valores = {}) {
-  Connection c(s.Cadena);
-  QString error;
-  if (!c.Run(sentencia, valores, &error)) qWarning() << error;
-  return error.isEmpty();
 }
 
 const QString kFacturaFuera =
@@ -206,7 +190,7 @@ class TestPreparar : public QObject {
     QFETCH(QString, mensaje);
     VENTARIX_SELLADO(company, session);
     session.empresa.Set(u"rfc"_s, rfc_empresa);
-    if (!sentencia.isEmpty()) QVERIFY(Ejecutar(session, sentencia));
+    if (!sentencia.isEmpty()) QVERIFY(EjecutarSql(session, sentencia));
     DocumentoCaptura forma = DocumentoDe(Driver(driver));
     QCOMPARE(Correr(Driver(driver), session, forma).Msg1, mensaje);
   }

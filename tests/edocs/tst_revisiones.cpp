@@ -8,8 +8,8 @@
 #include <QTest>
 
 #include "core/database.h"
-#include "edocs/empresa_sellado.h"
 #include "edocs/mDigital.h"
+#include "edocs/sellado_prueba.h"
 #include "support/test_company.h"
 
 using namespace ventarix;
@@ -18,22 +18,6 @@ using namespace ventarix::testing;
 using namespace Qt::StringLiterals;
 
 namespace {
-
-#define VENTARIX_SELLADO(company, session)                                           \
-  VENTARIX_COMPANY(company);                                                         \
-  {                                                                                  \
-    QString error_;                                                                  \
-    QVERIFY2(PrepararEmpresaSellado(company.cadena(), &error_), qPrintable(error_)); \
-  }                                                                                  \
-  Session session = company.MakeSession();                                           \
-  CompletarSesionSellado(session)
-
-bool Ejecutar(const Session& s, const QString& sentencia, const QVariantList& valores) {
-  Connection c(s.Cadena);
-  QString error;
-  if (!c.Run(sentencia, valores, &error)) qWarning() << error;
-  return error.isEmpty();
-}
 
 // The faults of an invoice in the order the chain looks at them.
 enum Falta {
@@ -81,8 +65,8 @@ void Aplicar(Falta falta, Session& s, DocumentoCaptura& forma, const QString& va
       forma.Fecha = QDateTime(QDate(2020, 1, 2), QTime(9, 0));
       break;
     case kContrasena:
-      QVERIFY(Ejecutar(s, u"update certificados set password = ? where documento = 0"_s,
-                       {u"12345678b"_s}));
+      QVERIFY(EjecutarSql(s, u"update certificados set password = ? where documento = 0"_s,
+                          {u"12345678b"_s}));
       break;
     case kSinCliente:
       forma.Datos.insert(1, u"999"_s);
@@ -188,7 +172,7 @@ class TestRevisiones : public QObject {
     QFETCH(bool, sin_carpeta);
     QFETCH(QString, mensaje);
     VENTARIX_SELLADO(company, session);
-    if (!sentencia.isEmpty()) QVERIFY(Ejecutar(session, sentencia, {}));
+    if (!sentencia.isEmpty()) QVERIFY(EjecutarSql(session, sentencia, {}));
     if (sin_carpeta) QVERIFY(QDir(session.CarpetaCer).removeRecursively());
     DocumentoCaptura forma = Documento(kNotaCFDi, u"NC"_s, true);
     QCOMPARE(SellarEgresoCFDi(session, forma, {}).Msg1, mensaje);
@@ -240,8 +224,8 @@ class TestRevisiones : public QObject {
     QFETCH(QString, valor);
     QFETCH(QString, mensaje);
     VENTARIX_SELLADO(company, session);
-    QVERIFY(Ejecutar(session, u"update clientes set %1 = ? where numero = ?"_s.arg(columna),
-                     {valor, kCliente}));
+    QVERIFY(EjecutarSql(session, u"update clientes set %1 = ? where numero = ?"_s.arg(columna),
+                        {valor, kCliente}));
     DocumentoCaptura forma = Documento(kFacturaCFDi, u"A"_s, false);
     const ResultadoSellado r = SellarIngresoCFDi(session, forma, {});
     QCOMPARE(r.Msg1, mensaje);
@@ -301,7 +285,7 @@ class TestRevisiones : public QObject {
     QFETCH(bool, cfd);
     QFETCH(bool, archivo);
     VENTARIX_SELLADO(company, session);
-    QVERIFY(Ejecutar(session, sentencia, {}));
+    QVERIFY(EjecutarSql(session, sentencia, {}));
     DocumentoCaptura forma =
         cfd ? Documento(kFacturaCFD, u"B"_s, false) : Documento(kFacturaCFDi, u"A"_s, false);
     const ResultadoSellado r = (cfd ? SellarIngresoCFD : SellarIngresoCFDi)(session, forma, {});

@@ -11,8 +11,8 @@
 
 #include "core/database.h"
 #include "edocs/certificado.h"
-#include "edocs/empresa_sellado.h"
 #include "edocs/mDigital.h"
+#include "edocs/sellado_prueba.h"
 #include "support/test_company.h"
 
 using namespace ventarix;
@@ -93,15 +93,6 @@ void CompararConDorado(const QString& nombre, const QByteArray& xml) {
   QVERIFY2(golden.open(QIODevice::ReadOnly), qPrintable(u"golden missing: "_s + path));
   QCOMPARE(xml, golden.readAll());
 }
-
-#define VENTARIX_SELLADO(company, session)                                           \
-  VENTARIX_COMPANY(company);                                                         \
-  {                                                                                  \
-    QString error_;                                                                  \
-    QVERIFY2(PrepararEmpresaSellado(company.cadena(), &error_), qPrintable(error_)); \
-  }                                                                                  \
-  Session session = company.MakeSession();                                           \
-  CompletarSesionSellado(session)
 
 QString ArchivosEn(const QString& carpeta) {
   return QDir(carpeta).entryList(QDir::Files).join(u',');
