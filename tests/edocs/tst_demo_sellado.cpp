@@ -1,0 +1,135 @@
+// The demo company seals out of the box: its default CFDi ranges, the certificate stored with
+// them and the SAT files a new folder tree receives are enough for an invoice and a credit note
+// that the SAT's schema accepts and the certificate's public key verifies.
+#include <QFile>
+#include <QProcess>
+#include <QSqlQuery>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include "catalogs/demo_company.h"
+#include "core/database.h"
+#include "core/session_load.h"
+#include "edocs/mDigital.h"
+#include "support/test_company.h"
+
+using namespace ventarix;
+using namespace ventarix::edocs;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+int Ejecutar(const QString& programa, const QStringList& argumentos, QByteArray* salida) {
+  QProcess p;
+  p.setProcessChannelMode(QProcess::MergedChannels);
+  p.start(programa, argumentos);
+  if (!p.waitForFinished(60000)) return -1;
+  *salida = p.readAll();
+  return p.exitCode();
+}
+
+bool Escribir(const QString& path, const QByteArray& bytes) {
+  QFile f(path);
+  return f.open(QIODevice::WriteOnly) && f.write(bytes) == bytes.size();
+}
+
+// Two of the shop's products at 16 %, in the columns of an invoice's grid (a credit note's
+// grid has the invoice's series and folio in front).
+QVector<QStringList> Renglones(Connection& c, bool nota) {
+  QVector<QStringList> filas;
+  QSqlQuery q = c.Exec(
+      u"select codigo, producto, unidad, precio1 from productos "
+      "where status = 'ALTA' and impuesto = 16 order by codigo"_s);
+  while (q.next() && filas.size() < 2) {
+    const double cantidad = filas.size() + 2;
+    const double importe = cantidad * q.value(3).toDouble();
+    QStringList fila{QString(),
+                     q.value(0).toString(),
+                     q.value(1).toString(),
+                     q.value(2).toString(),
+                     QString::number(cantidad),
+                     q.value(3).toString(),
+                     QString::number(importe),
+                     QString(),
+                     u"0"_s,
+                     QString::number(importe),
+                     u"16"_s,
+                     QString::number(importe * 0.16),
+                     QString::number(importe * 1.16)};
+    if (nota) fila = QStringList{QString(), u"A"_s, u"1"_s} + fila.mid(1);
+    filas.append(fila);
+  }
+  return filas;
+}
+
+}  // namespace
+
+class TestDemoSellado : public QObject {
+  Q_OBJECT
+
+ private slots:
+  void initTestCase_data() { testing::AddEngineRows(); }
+
+  void FacturaYNotaSelladas_data() {
+    QTest::addColumn<bool>("nota");
+    QTest::newRow("factura") << false;
+    QTest::newRow("nota de crédito") << true;
+  }
+  void FacturaYNotaSelladas() {
+    QFETCH(bool, nota);
+    QFETCH_GLOBAL(QString, engine);
+    testing::TestCompany company(engine, false);
+    if (company.skipped()) QSKIP("VENTARIX_TEST_PG is not set");
+    QVERIFY2(company.ok(), qPrintable(company.error()));
+    const Outcome demo = CrearEmpresaDemo(company.path());
+    QVERIFY2(demo, qPrintable(demo.message));
+    Session session = company.MakeSession();
+    CargarSesion(session);
+    QVERIFY(session.FolioFacturas > 0 && session.FolioNotas > 0);
+
+    Connection c(session.Cadena);
+    DocumentoCaptura forma;
+    forma.Status = u"ALTA"_s;
+    forma.Serie = nota ? u"NC"_s : u"A"_s;
+    forma.FormaDePago = u"PAGO EN UNA SOLA EXHIBICION"_s;
+    forma.Moneda = u"MXN"_s;
+    // Inside the demo certificate's validity (to May 2027), whatever day the test runs.
+    forma.Fecha = QDateTime(QDate(2026, 11, 23), QTime(11, 15));
+    forma.Ingreso = nota ? session.FolioNotas : session.FolioFacturas;
+    forma.Datos = {{0, u"1"_s}, {1, u"2"_s}, {3, u"30"_s}, {34, u"GUADALAJARA, JALISCO"_s}};
+    forma.Fg1 = Renglones(c, nota);
+    QCOMPARE(forma.Fg1.size(), 2);
+
+    const ResultadoSellado r = nota ? SellarEgresoCFDi(session, forma, QString())
+                                    : SellarIngresoCFDi(session, forma, QString());
+    QVERIFY2(r.ok(), qPrintable(r.Msg1));
+    QVERIFY2(QFile::exists(r.archivo), qPrintable(r.archivo));
+    QCOMPARE(r.comprobante.NoCertificado, u"30001000000500003416"_s);
+    QCOMPARE(r.comprobante.emisor.rfc, u"EKU9003173C9"_s);
+
+    QByteArray salida;
+    const QString esquema = session.CarpetaEsquemasCFDi + u"/cfdv32.xsd"_s;
+    QVERIFY2(Ejecutar(u"xmllint"_s, {u"--noout"_s, u"--nonet"_s, u"--schema"_s, esquema, r.archivo},
+                      &salida) == 0,
+             salida.constData());
+
+    QTemporaryDir tmp;
+    const QString der = tmp.filePath(u"cert.der"_s), pem = tmp.filePath(u"pub.pem"_s);
+    const QString firma = tmp.filePath(u"firma.bin"_s), cadena = tmp.filePath(u"cadena.txt"_s);
+    QVERIFY(Escribir(der, QByteArray::fromBase64(r.comprobante.Certificado.toLatin1())));
+    QVERIFY(Escribir(firma, QByteArray::fromBase64(r.comprobante.Sello.toLatin1())));
+    QVERIFY(Escribir(cadena, r.comprobante.CadenaOriginal.toUtf8()));
+    QCOMPARE(Ejecutar(u"openssl"_s,
+                      {u"x509"_s, u"-inform"_s, u"DER"_s, u"-in"_s, der, u"-noout"_s, u"-pubkey"_s,
+                       u"-out"_s, pem},
+                      &salida),
+             0);
+    QVERIFY2(Ejecutar(u"openssl"_s,
+                      {u"dgst"_s, u"-sha1"_s, u"-verify"_s, pem, u"-signature"_s, firma, cadena},
+                      &salida) == 0,
+             salida.constData());
+  }
+};
+
+QTEST_GUILESS_MAIN(TestDemoSellado)
+#include "tst_demo_sellado.moc"
