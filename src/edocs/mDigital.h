@@ -19,6 +19,10 @@ struct ResultadoSellado {
   QString Msg1;
   Comprobante comprobante;
   QString archivo;
+  // A fault inside the sealing itself (the seal or the file could not be made) leaves Msg1
+  // empty, as it always has, and is logged; it is also told here, so that the screen shows it
+  // and saves no document without its sealed file.
+  QString error_interno;
   bool ok() const { return Msg1.isEmpty(); }
 };
 

@@ -53,10 +53,11 @@ bool Correr(Paso paso, Contexto& ctx) {
   return false;
 }
 
-// A fault inside the sealing itself is logged and leaves Msg1 as it stands; the screen can tell
-// by the missing file.
+// A fault inside the sealing itself is logged and leaves Msg1 as it stands; the screen learns
+// of it through error_interno.
 void Trampa(Contexto& ctx, const QString& descripcion) {
   mFunciones::RegistrarError(ctx.session, descripcion);
+  ctx.resultado.error_interno = descripcion;
 }
 
 }  // namespace

@@ -72,11 +72,14 @@ class TestDemoSellado : public QObject {
 
   void FacturaYNotaSelladas_data() {
     QTest::addColumn<bool>("nota");
-    QTest::newRow("factura") << false;
-    QTest::newRow("nota de crédito") << true;
+    QTest::addColumn<bool>("sin_carpeta");
+    QTest::newRow("factura") << false << false;
+    QTest::newRow("nota de crédito") << true << false;
+    QTest::newRow("carpeta xml perdida") << false << true;
   }
   void FacturaYNotaSelladas() {
     QFETCH(bool, nota);
+    QFETCH(bool, sin_carpeta);
     QFETCH_GLOBAL(QString, engine);
     testing::TestCompany company(engine, false);
     if (company.skipped()) QSKIP("VENTARIX_TEST_PG is not set");
@@ -100,9 +103,17 @@ class TestDemoSellado : public QObject {
     forma.Fg1 = Renglones(c, nota);
     QCOMPARE(forma.Fg1.size(), 2);
 
+    if (sin_carpeta) session.CarpetaXml = company.folder() + u"/no-existe/xml"_s;
     const ResultadoSellado r = nota ? SellarEgresoCFDi(session, forma, QString())
                                     : SellarIngresoCFDi(session, forma, QString());
     QVERIFY2(r.ok(), qPrintable(r.Msg1));
+    if (sin_carpeta) {
+      // The file could not be written: no message of the checks, but the screen is told.
+      QVERIFY(r.archivo.isEmpty());
+      QVERIFY(r.error_interno.contains(u"no-existe"_s));
+      return;
+    }
+    QVERIFY(r.error_interno.isEmpty());
     QVERIFY2(QFile::exists(r.archivo), qPrintable(r.archivo));
     QCOMPARE(r.comprobante.NoCertificado, u"30001000000500003416"_s);
     QCOMPARE(r.comprobante.emisor.rfc, u"EKU9003173C9"_s);
