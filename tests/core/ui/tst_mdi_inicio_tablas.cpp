@@ -39,9 +39,21 @@ bool Clientes(const Session& session) {
   return true;
 }
 
-QTableView* Lista(MDIInicioTablas& dialogo) {
-  return dialogo.findChild<QTableView*>(QStringLiteral("Fg1"));
-}
+// The look-up of `clave` over the clients, shown and exposed as the clerk sees it.
+struct Abierta {
+  Abierta(Session& session, const QString& clave)
+      : dialogo(session, *ayuda::Peticion(session, clave)) {
+    dialogo.show();
+    expuesta = QTest::qWaitForWindowExposed(&dialogo);
+    lista = dialogo.findChild<QTableView*>(QStringLiteral("Fg1"));
+  }
+  QString Celda(int fila, int columna) const {
+    return lista->model()->index(fila, columna).data().toString();
+  }
+  MDIInicioTablas dialogo;
+  QTableView* lista = nullptr;
+  bool expuesta = false;
+};
 
 }  // namespace
 
@@ -57,74 +69,59 @@ class TestMdiInicioTablas : public QObject {
     VENTARIX_COMPANY(company);
     Session session = company.MakeSession();
     QVERIFY(Clientes(session));
-    MDIInicioTablas dialogo(session, *ayuda::Peticion(session, u"clientes"_s));
-    dialogo.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&dialogo));
-    QTableView* lista = Lista(dialogo);
-    QVERIFY(lista != nullptr);
-    QCOMPARE(dialogo.windowTitle(), u"Clientes"_s);
-    QCOMPARE(lista->model()->headerData(0, Qt::Horizontal).toString(), u"Número <F2>"_s);
-    QCOMPARE(lista->model()->headerData(2, Qt::Horizontal).toString(), u"Rfc <F3>"_s);
-    QCOMPARE(dialogo.filas(), 4);
-    QCOMPARE(lista->model()->index(3, 4).data().toString(), u"12,345.00"_s);
-    QVERIFY(lista->model()->index(3, 4).data(Qt::TextAlignmentRole).toInt() & Qt::AlignRight);
+    Abierta a(session, u"clientes"_s);
+    QVERIFY(a.expuesta && a.lista != nullptr);
+    QCOMPARE(a.dialogo.windowTitle(), u"Clientes"_s);
+    QCOMPARE(a.lista->model()->headerData(0, Qt::Horizontal).toString(), u"Número <F2>"_s);
+    QCOMPARE(a.lista->model()->headerData(2, Qt::Horizontal).toString(), u"Rfc <F3>"_s);
+    QCOMPARE(a.dialogo.filas(), 4);
+    QCOMPARE(a.Celda(3, 4), u"12,345.00"_s);
+    QVERIFY(a.lista->model()->index(3, 4).data(Qt::TextAlignmentRole).toInt() & Qt::AlignRight);
 
     ModalCatcher catcher({{u"ram"_s}});
-    QTest::keyClick(lista, Qt::Key_F4);
+    QTest::keyClick(a.lista, Qt::Key_F4);
     QCOMPARE(catcher.texts, QStringList{u"Nombre del cliente a buscar\n* = TODOS"_s});
     QCOMPARE(catcher.titles, QStringList{u"Ventarix"_s});
-    QCOMPARE(dialogo.filas(), 2);
-    QCOMPARE(lista->model()->index(1, 1).data().toString(), u"MATERIALES RAMOS"_s);
-    QCOMPARE(dialogo.findChild<QLabel*>(u"Teclas"_s)->text().left(11), u"2 registros"_s);
-    testing::SaveShot(&dialogo, u"mdi_inicio_tablas"_s);
+    QCOMPARE(a.dialogo.filas(), 2);
+    QCOMPARE(a.Celda(1, 1), u"MATERIALES RAMOS"_s);
+    QCOMPARE(a.dialogo.findChild<QLabel*>(u"Teclas"_s)->text().left(11), u"2 registros"_s);
+    testing::SaveShot(&a.dialogo, u"mdi_inicio_tablas"_s);
 
-    QTest::keyClick(lista, Qt::Key_Down);
-    QTest::keyClick(lista, Qt::Key_Return);
-    QCOMPARE(dialogo.result(), int(QDialog::Accepted));
+    QTest::keyClick(a.lista, Qt::Key_Down);
+    QTest::keyClick(a.lista, Qt::Key_Return);
+    QCOMPARE(a.dialogo.result(), int(QDialog::Accepted));
     QCOMPARE(session.AyudaResultado, u"10"_s);
   }
 
   // A cancelled prompt keeps the list; a number finds its client; "*" brings all back; a key
-  // that searches nothing here opens no prompt.
-  void BuscarPorNumeroYTodos() {
+  // that searches nothing here opens no prompt; a double click takes the row under the pointer.
+  void BuscarPorNumeroTodosYDobleClic() {
     VENTARIX_COMPANY(company);
     Session session = company.MakeSession();
     QVERIFY(Clientes(session));
-    MDIInicioTablas dialogo(session, *ayuda::Peticion(session, u"CLIENTES"_s));
-    dialogo.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&dialogo));
-    QTableView* lista = Lista(dialogo);
+    Abierta a(session, u"CLIENTES"_s);
+    QVERIFY(a.expuesta);
     ModalCatcher catcher({{u"3"_s, false}, {u"3"_s}, {u"*"_s}});
-    QTest::keyClick(lista, Qt::Key_F2);
-    QCOMPARE(dialogo.filas(), 4);
-    QTest::keyClick(lista, Qt::Key_F2);
-    QCOMPARE(dialogo.filas(), 1);
-    QCOMPARE(lista->model()->index(0, 1).data().toString(), u"PLOMERIA DEL CENTRO"_s);
-    QTest::keyClick(lista, Qt::Key_F3);
-    QCOMPARE(dialogo.filas(), 4);
+    QTest::keyClick(a.lista, Qt::Key_F2);
+    QCOMPARE(a.dialogo.filas(), 4);
+    QTest::keyClick(a.lista, Qt::Key_F2);
+    QCOMPARE(a.dialogo.filas(), 1);
+    QCOMPARE(a.Celda(0, 1), u"PLOMERIA DEL CENTRO"_s);
+    QTest::keyClick(a.lista, Qt::Key_F3);
+    QCOMPARE(a.dialogo.filas(), 4);
     QCOMPARE(catcher.texts.value(0), u"Numero de cliente a buscar\n* = TODOS"_s);
     QCOMPARE(catcher.texts.value(2), u"Rfc del cliente a buscar\n* = TODOS"_s);
 
-    MDIInicioTablas bancos(session, *ayuda::Peticion(session, u"BANCOS"_s));
-    bancos.show();
-    QTest::keyClick(Lista(bancos), Qt::Key_F2);
+    Abierta bancos(session, u"BANCOS"_s);
+    QTest::keyClick(bancos.lista, Qt::Key_F2);
     QCOMPARE(catcher.texts.size(), 3);
-  }
+    bancos.dialogo.hide();
 
-  // A double click takes the row under the pointer.
-  void DobleClic() {
-    VENTARIX_COMPANY(company);
-    Session session = company.MakeSession();
-    QVERIFY(Clientes(session));
-    MDIInicioTablas dialogo(session, *ayuda::Peticion(session, u"CLIENTES"_s));
-    dialogo.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&dialogo));
-    QTableView* lista = Lista(dialogo);
-    const QRect celda = lista->visualRect(lista->model()->index(1, 1));
     // A real double click: the first click, then the second that the view reads as double.
-    QTest::mouseClick(lista->viewport(), Qt::LeftButton, {}, celda.center());
-    QTest::mouseDClick(lista->viewport(), Qt::LeftButton, {}, celda.center());
-    QCOMPARE(dialogo.result(), int(QDialog::Accepted));
+    const QRect celda = a.lista->visualRect(a.lista->model()->index(1, 1));
+    QTest::mouseClick(a.lista->viewport(), Qt::LeftButton, {}, celda.center());
+    QTest::mouseDClick(a.lista->viewport(), Qt::LeftButton, {}, celda.center());
+    QCOMPARE(a.dialogo.result(), int(QDialog::Accepted));
     QCOMPARE(session.AyudaResultado, u"2"_s);
   }
 
@@ -134,37 +131,20 @@ class TestMdiInicioTablas : public QObject {
     VENTARIX_COMPANY(company);
     Session session = company.MakeSession();
     QVERIFY(Clientes(session));
-    {
-      ModalCatcher catcher({{QString(), true}});
-      QCOMPARE(AbrirAyuda(session, u"Clientes"_s, nullptr), u"1"_s);
-      QCOMPARE(catcher.texts, QStringList{u"MDIInicioTablas"_s});
-      QCOMPARE(catcher.titles, QStringList{u"Clientes"_s});
-    }
+    ModalCatcher catcher({{QString(), true}, {QString(), false}});
+    QCOMPARE(AbrirAyuda(session, u"Clientes"_s, nullptr), u"1"_s);
+    QCOMPARE(catcher.texts, QStringList{u"MDIInicioTablas"_s});
+    QCOMPARE(catcher.titles, QStringList{u"Clientes"_s});
     QCOMPARE(session.AyudaTitulo, u"Clientes"_s);
     QVERIFY(session.AyudaSql.startsWith(u"select numero, nombre"_s));
-    {
-      ModalCatcher catcher({{QString(), false}});
-      QCOMPARE(AbrirAyuda(session, u"CLIENTES"_s, nullptr), QString());
-      QCOMPARE(session.AyudaResultado, QString());
-      QCOMPARE(catcher.texts.size(), 1);
-    }
+    QCOMPARE(AbrirAyuda(session, u"CLIENTES"_s, nullptr), QString());
+    QCOMPARE(session.AyudaResultado, QString());
+    QCOMPARE(catcher.texts.size(), 2);
   }
 
-  // A statement the database refuses shows its error as a stop and leaves an empty list.
-  void SentenciaRechazada() {
-    VENTARIX_COMPANY(company);
-    Session session = company.MakeSession();
-    ayuda::PeticionAyuda peticion = *ayuda::Peticion(session, u"CLIENTES"_s);
-    peticion.sentencia = u"select numero from nada"_s;
-    ModalCatcher catcher;
-    MDIInicioTablas dialogo(session, peticion);
-    QCOMPARE(catcher.icons, QList<QMessageBox::Icon>{QMessageBox::Critical});
-    QCOMPARE(catcher.titles, QStringList{u"Ventarix"_s});
-    QCOMPARE(dialogo.filas(), 0);
-  }
-
-  // The discount row's code comes back at once; an unknown keyword opens nothing.
-  void SinLista() {
+  // The discount row's code comes back at once; an unknown keyword opens nothing; a statement
+  // the database refuses shows its error as a stop and leaves an empty list.
+  void SinListaYSentenciaRechazada() {
     VENTARIX_COMPANY(company);
     Session session = company.MakeSession();
     ModalCatcher catcher;
@@ -177,6 +157,13 @@ class TestMdiInicioTablas : public QObject {
     QCOMPARE(session.AyudaResultado, QString());
     QTest::qWait(60);
     QVERIFY(catcher.texts.isEmpty());
+
+    ayuda::PeticionAyuda peticion = *ayuda::Peticion(session, u"CLIENTES"_s);
+    peticion.sentencia = u"select numero from nada"_s;
+    MDIInicioTablas dialogo(session, peticion);
+    QCOMPARE(catcher.icons, QList<QMessageBox::Icon>{QMessageBox::Critical});
+    QCOMPARE(catcher.titles, QStringList{u"Ventarix"_s});
+    QCOMPARE(dialogo.filas(), 0);
   }
 };
 
