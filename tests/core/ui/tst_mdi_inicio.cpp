@@ -1,6 +1,9 @@
 // The main window as a clerk meets it: menu entries open their screens once, the toolbar and
 // the year panel speak to the screen in front, the menu mask hides what a user may not reach,
 // and the users catalogue asks for the password first.
+#include <functional>
+#include <optional>
+
 #include <QAction>
 #include <QBuffer>
 #include <QImage>
@@ -26,9 +29,9 @@
 #include "support/modal_catcher.h"
 #include "support/test_company.h"
 
-using ventarix::MDIInicio;
-using ventarix::Session;
-using ventarix::testing::ModalCatcher;
+using namespace ventarix;
+using namespace Qt::StringLiterals;
+using testing::ModalCatcher;
 
 // A browser stand-in that remembers the keys and alignments the main window hands it.
 class Navegador : public QWidget {
@@ -50,11 +53,11 @@ namespace {
 
 bool AgregarUsuario(const QString& cadena, const QString& usuario, const QString& contrasena,
                     int tienda, bool administrador, const QString& permisos) {
-  ventarix::Connection c(cadena);
-  return c.Run(QStringLiteral("insert into usuarios (usuario, \"contraseña\", tienda, "
-                              "administrador, gerente, permisos) values (?, ?, ?, ?, 'N', ?)"),
-               {usuario, ventarix::passwords::Hash(contrasena), tienda,
-                administrador ? QStringLiteral("S") : QStringLiteral("N"), permisos});
+  Connection c(cadena);
+  return c.Run(
+      QStringLiteral("insert into usuarios (usuario, \"contraseña\", tienda, "
+                     "administrador, gerente, permisos) values (?, ?, ?, ?, 'N', ?)"),
+      {usuario, passwords::Hash(contrasena), tienda, administrador ? u"S"_s : u"N"_s, permisos});
 }
 
 QString Mascara(std::initializer_list<int> apagadas) {
@@ -65,10 +68,36 @@ QString Mascara(std::initializer_list<int> apagadas) {
 
 QString FormaDe(const MDIInicio& ventana) {
   QWidget* forma = ventana.FormaActiva();
-  if (auto* pendiente = qobject_cast<ventarix::PantallaPendiente*>(forma))
-    return pendiente->forma();
+  if (auto* pendiente = qobject_cast<PantallaPendiente*>(forma)) return pendiente->forma();
   if (forma == nullptr) return {};
   return forma->objectName().isEmpty() ? forma->windowTitle() : forma->objectName();
+}
+
+// The main window over the screens `registrar` adds, loaded and, unless told, shown.
+struct Principal {
+  using Registrar = std::function<void(FormRegistry&)>;
+  explicit Principal(Session& session, const Registrar& registrar = {}, bool mostrar = true)
+      : registry(Registro(registrar)), ventana(session, registry) {
+    ventana.Cargar();
+    if (mostrar) ventana.show();
+  }
+  static FormRegistry Registro(const Registrar& registrar) {
+    FormRegistry registro;
+    if (registrar) registrar(registro);
+    return registro;
+  }
+  FormRegistry registry;
+  MDIInicio ventana;
+};
+
+// The session after a user's login with the password, as the startup leaves it.
+std::optional<Session> Entrar(const testing::TestCompany& company, const QString& usuario,
+                              const QString& contrasena) {
+  Session session = company.MakeSession();
+  inicio::PrepararSesion(session);
+  if (startup::EntrarSinAcceso(session)) return std::nullopt;
+  if (!startup::Entrar(session, usuario, contrasena).ok) return std::nullopt;
+  return session;
 }
 
 void Elegir(MDIInicio& ventana, const char* entrada) {
@@ -83,7 +112,7 @@ class TestMdiInicio : public QObject {
   Q_OBJECT
 
  private slots:
-  void initTestCase_data() { ventarix::testing::AddEngineRows(); }
+  void initTestCase_data() { testing::AddEngineRows(); }
   void initTestCase() {
     QStandardPaths::setTestModeEnabled(true);
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, settings_.path());
@@ -94,10 +123,8 @@ class TestMdiInicio : public QObject {
   void MenusAbrenSuPantalla() {
     VENTARIX_COMPANY(company);
     Session session = Sesion(company);
-    ventarix::FormRegistry registry;
-    MDIInicio ventana(session, registry);
-    ventana.Cargar();
-    ventana.show();
+    Principal principal(session);
+    MDIInicio& ventana = principal.ventana;
     QSet<QString> formas;
     int hojas = 0;
     for (QAction* accion : ventana.findChildren<QAction*>()) {
@@ -116,32 +143,32 @@ class TestMdiInicio : public QObject {
     const int abiertas = company.sql() ? hojas - 2 : hojas;
     QCOMPARE(formas.size(), abiertas);
     QCOMPARE(ventana.area()->subWindowList().size(), abiertas);
-    QVERIFY(formas.contains(QStringLiteral("FrmTpv2")));
-    QVERIFY(formas.contains(QStringLiteral("FrmUsuarios")));
+    QVERIFY(formas.contains(u"FrmTpv2"_s));
+    QVERIFY(formas.contains(u"FrmUsuarios"_s));
 
     // Missing index numbers are separators: records 4, 9, 11, 13, 16, 19, 21 and 23.
-    auto* registros = ventana.findChild<QMenu*>(QStringLiteral("mnuReg"));
+    auto* registros = ventana.findChild<QMenu*>(u"mnuReg"_s);
     int separadores = 0;
     for (QAction* accion : registros->actions()) separadores += accion->isSeparator() ? 1 : 0;
     QCOMPARE(separadores, 8);
     for (const char* menu : {"mnuReg", "mnuRte", "mnuUtil"}) {
       auto* lista = ventana.findChild<QMenu*>(QString::fromLatin1(menu));
       lista->popup(ventana.mapToGlobal(QPoint(0, 0)));
-      ventarix::testing::SaveShot(lista, QString::fromLatin1(menu) + u'_' + engine);
+      testing::SaveShot(lista, QString::fromLatin1(menu) + u'_' + engine);
       lista->hide();
     }
 
     Elegir(ventana, "mnuRte8_12");
-    QCOMPARE(FormaDe(ventana), QStringLiteral("rptInforme"));
+    QCOMPARE(FormaDe(ventana), u"rptInforme"_s);
     Elegir(ventana, "mnuCat_1");
-    QCOMPARE(FormaDe(ventana), QStringLiteral("FrmClientes"));
+    QCOMPARE(FormaDe(ventana), u"FrmClientes"_s);
     QCOMPARE(ventana.area()->subWindowList().size(), abiertas);
     ventana.area()->closeAllSubWindows();
 
     Elegir(ventana, "mnuReg_7");
-    auto* aviso = ventana.FormaActiva()->findChild<QLabel*>(QStringLiteral("Aviso"));
-    QCOMPARE(aviso->text(), QStringLiteral("Esta pantalla aún no está disponible."));
-    ventarix::testing::SaveShot(&ventana, QStringLiteral("mdi_inicio_aviso_") + engine);
+    auto* aviso = ventana.FormaActiva()->findChild<QLabel*>(u"Aviso"_s);
+    QCOMPARE(aviso->text(), u"Esta pantalla aún no está disponible."_s);
+    testing::SaveShot(&ventana, u"mdi_inicio_aviso_"_s + engine);
     Elegir(ventana, "Toolbar1_14");
     QVERIFY(ventana.area()->subWindowList().isEmpty());
   }
@@ -152,28 +179,25 @@ class TestMdiInicio : public QObject {
     VENTARIX_COMPANY(company);
     Session session = Sesion(company);
     Navegador* remisiones = nullptr;
-    ventarix::FormRegistry registry;
-    registry.Add(QStringLiteral("FrmRemisiones"), [&remisiones](Session&) {
-      return remisiones = new Navegador(QStringLiteral("Remisiones"));
+    Principal principal(session, [&remisiones](FormRegistry& registry) {
+      registry.Add(u"FrmRemisiones"_s,
+                   [&remisiones](Session&) { return remisiones = new Navegador(u"Remisiones"_s); });
     });
-    MDIInicio ventana(session, registry);
-    ventana.Cargar();
-    ventana.show();
+    MDIInicio& ventana = principal.ventana;
     Elegir(ventana, "mnuReg_7");
     QVERIFY(remisiones != nullptr);
 
-    ModalCatcher catcher({{QStringLiteral("2013 y más")}, {QStringLiteral("año")}},
-                         QStringLiteral("ano_"));
-    QWidget* panel = ventana.findChild<QWidget*>(QStringLiteral("Panel5"));
+    ModalCatcher catcher({{u"2013 y más"_s}, {u"año"_s}}, u"ano_"_s);
+    QWidget* panel = ventana.findChild<QWidget*>(u"Panel5"_s);
     QTest::mouseClick(panel, Qt::LeftButton);
-    QCOMPARE(catcher.texts, QStringList{QStringLiteral("Año a Mostrar")});
-    QCOMPARE(ventana.Panel(5), QStringLiteral("2013"));
+    QCOMPARE(catcher.texts, QStringList{u"Año a Mostrar"_s});
+    QCOMPARE(ventana.Panel(5), u"2013"_s);
     QCOMPARE(session.AnoAMostrar, 2013);
     QCOMPARE(remisiones->teclas, QList<QKeyCombination>{QKeyCombination(Qt::Key_F5)});
 
     QTest::mouseClick(panel, Qt::LeftButton);
     QCOMPARE(catcher.texts.size(), 2);
-    QCOMPARE(ventana.Panel(5), QStringLiteral("2013"));
+    QCOMPARE(ventana.Panel(5), u"2013"_s);
     QCOMPARE(session.AnoAMostrar, 2013);
     QCOMPARE(remisiones->teclas.size(), 1);
   }
@@ -184,31 +208,28 @@ class TestMdiInicio : public QObject {
     VENTARIX_COMPANY(company);
     Session session = Sesion(company);
     QHash<QString, Navegador*> navegadores;
-    ventarix::FormRegistry registry;
-    for (const auto& [forma, titulo] :
-         {std::pair{"FrmFacturas", "Facturas"}, std::pair{"FrmUsuarios", "Usuarios"}}) {
-      const QString nombre = QString::fromLatin1(forma);
-      const QString caption = QString::fromLatin1(titulo);
-      registry.Add(nombre, [&navegadores, nombre, caption](Session&) {
-        return navegadores[nombre] = new Navegador(caption);
-      });
-    }
-    MDIInicio ventana(session, registry);
-    ventana.Cargar();
-    ventana.show();
+    Principal principal(session, [&navegadores](FormRegistry& registry) {
+      for (const auto& [nombre, caption] : {std::pair{u"FrmFacturas"_s, u"Facturas"_s},
+                                            std::pair{u"FrmUsuarios"_s, u"Usuarios"_s}}) {
+        registry.Add(nombre, [&navegadores, nombre, caption](Session&) {
+          return navegadores[nombre] = new Navegador(caption);
+        });
+      }
+    });
+    MDIInicio& ventana = principal.ventana;
     Elegir(ventana, "mnuReg_8");
     for (const char* boton :
          {"Toolbar1_1", "Toolbar1_3", "Toolbar1_4", "Toolbar1_5", "Toolbar1_7"}) {
       Elegir(ventana, boton);
     }
-    Navegador* facturas = navegadores.value(QStringLiteral("FrmFacturas"));
+    Navegador* facturas = navegadores.value(u"FrmFacturas"_s);
     QCOMPARE(facturas->teclas,
              (QList<QKeyCombination>{Qt::Key_F9, Qt::Key_F4, Qt::ControlModifier | Qt::Key_B,
                                      Qt::ControlModifier | Qt::Key_F9}));
     QCOMPARE(facturas->alineaciones, QList<int>{int(Qt::AlignCenter)});
 
     Elegir(ventana, "mnuCat_17");
-    Navegador* usuarios = navegadores.value(QStringLiteral("FrmUsuarios"));
+    Navegador* usuarios = navegadores.value(u"FrmUsuarios"_s);
     QVERIFY(usuarios != nullptr);
     Elegir(ventana, "Toolbar1_7");
     QVERIFY(usuarios->alineaciones.isEmpty());
@@ -222,77 +243,59 @@ class TestMdiInicio : public QObject {
   // point-of-sale button are off, the rest on; PostgreSQL companies have no file backup.
   void MascaraDeMenus() {
     VENTARIX_COMPANY(company);
-    QVERIFY(AgregarUsuario(company.cadena(), QStringLiteral("SUPERVISOR"), QStringLiteral("JEFE"),
-                           1, true, Mascara({})));
-    QVERIFY(AgregarUsuario(company.cadena(), QStringLiteral("CAJERA"), QStringLiteral("CAJA"), 3,
-                           false, Mascara({8, 24, 50 + 17, 100 + 8, 150 + 4})));
-    Session session = company.MakeSession();
-    ventarix::inicio::PrepararSesion(session);
-    QVERIFY(!ventarix::startup::EntrarSinAcceso(session));
-    QVERIFY(
-        ventarix::startup::Entrar(session, QStringLiteral("CAJERA"), QStringLiteral("CAJA")).ok);
-    ventarix::FormRegistry registry;
-    MDIInicio ventana(session, registry);
-    ventana.Cargar();
-    ventana.show();
+    QVERIFY(AgregarUsuario(company.cadena(), u"SUPERVISOR"_s, u"JEFE"_s, 1, true, Mascara({})));
+    QVERIFY(AgregarUsuario(company.cadena(), u"CAJERA"_s, u"CAJA"_s, 3, false,
+                           Mascara({8, 24, 50 + 17, 100 + 8, 150 + 4})));
+    std::optional<Session> session = Entrar(company, u"CAJERA"_s, u"CAJA"_s);
+    QVERIFY(session);
+    Principal principal(*session);
+    MDIInicio& ventana = principal.ventana;
     const QHash<QString, bool> esperado = {
-        {QStringLiteral("mnuReg_7"), true},
-        {QStringLiteral("mnuReg_8"), false},
-        {QStringLiteral("mnuReg_24"), false},
-        {QStringLiteral("mnuCat_1"), true},
-        {QStringLiteral("mnuCat_17"), false},
-        {QStringLiteral("mnuRte_7"), true},
-        {QStringLiteral("mnuRte_8"), false},
-        {QStringLiteral("mnuUtil_4"), false},
-        {QStringLiteral("mnuUtil_11"), true},
-        {QStringLiteral("Toolbar1_Tpv"), false},
-        {QStringLiteral("mnuUtil_1"), !company.sql()},
-        {QStringLiteral("mnuUtil_2"), !company.sql()},
+        {u"mnuReg_7"_s, true},
+        {u"mnuReg_8"_s, false},
+        {u"mnuReg_24"_s, false},
+        {u"mnuCat_1"_s, true},
+        {u"mnuCat_17"_s, false},
+        {u"mnuRte_7"_s, true},
+        {u"mnuRte_8"_s, false},
+        {u"mnuUtil_4"_s, false},
+        {u"mnuUtil_11"_s, true},
+        {u"Toolbar1_Tpv"_s, false},
+        {u"mnuUtil_1"_s, !company.sql()},
+        {u"mnuUtil_2"_s, !company.sql()},
     };
     for (auto it = esperado.cbegin(); it != esperado.cend(); ++it) {
       QAction* accion = ventana.findChild<QAction*>(it.key());
       QVERIFY2(accion != nullptr, qPrintable(it.key()));
       QVERIFY2(accion->isEnabled() == it.value(), qPrintable(it.key()));
     }
-    QCOMPARE(ventana.Panel(6), QStringLiteral("CAJERA"));
-    QCOMPARE(ventana.Panel(2), QStringLiteral("Tienda 3"));
-    QVERIFY(!ventana.findChild<QWidget*>(QStringLiteral("Panel6"))
-                 ->findChild<QLabel*>(QStringLiteral("Icono"))
-                 ->isVisible());
+    QCOMPARE(ventana.Panel(6), u"CAJERA"_s);
+    QCOMPARE(ventana.Panel(2), u"Tienda 3"_s);
+    QVERIFY(!ventana.findChild<QWidget*>(u"Panel6"_s)->findChild<QLabel*>(u"Icono"_s)->isVisible());
   }
 
   // With an administrator in the company, the users catalogue (menu or user panel) asks for
   // the logged user's own password; a wrong one is refused with its message.
   void UsuariosConContrasena() {
     VENTARIX_COMPANY(company);
-    QVERIFY(AgregarUsuario(company.cadena(), QStringLiteral("SUPERVISOR"), QStringLiteral("JEFE7"),
-                           1, true, Mascara({})));
-    Session session = company.MakeSession();
-    ventarix::inicio::PrepararSesion(session);
-    QVERIFY(!ventarix::startup::EntrarSinAcceso(session));
-    QVERIFY(
-        ventarix::startup::Entrar(session, QStringLiteral("SUPERVISOR"), QStringLiteral("JEFE7"))
-            .ok);
-    ventarix::FormRegistry registry;
-    ventarix::RegistrarFormularios(registry);
-    MDIInicio ventana(session, registry);
-    ventana.Cargar();
-    ventana.show();
+    QVERIFY(AgregarUsuario(company.cadena(), u"SUPERVISOR"_s, u"JEFE7"_s, 1, true, Mascara({})));
+    std::optional<Session> session = Entrar(company, u"SUPERVISOR"_s, u"JEFE7"_s);
+    QVERIFY(session);
+    Principal principal(*session, RegistrarFormularios);
+    MDIInicio& ventana = principal.ventana;
 
-    ModalCatcher catcher({{QStringLiteral("otra")}, {}, {QStringLiteral("jefe7")}},
-                         QStringLiteral("autorizacion_"));
+    ModalCatcher catcher({{u"otra"_s}, {}, {u"jefe7"_s}}, u"autorizacion_"_s);
     Elegir(ventana, "mnuCat_17");
-    QCOMPARE(catcher.texts,
-             (QStringList{QStringLiteral("MDIInicioAutorizacion"),
-                          QStringLiteral("Esta contraseña no corresponde para una autorización"),
-                          QStringLiteral("MDIInicioAutorizacion")}));
-    QCOMPARE(FormaDe(ventana), QStringLiteral("FrmUsuarios"));
+    QCOMPARE(catcher.texts, (QStringList{u"MDIInicioAutorizacion"_s,
+                                         u"Esta contraseña no corresponde para una autorización"_s,
+                                         u"MDIInicioAutorizacion"_s}));
+    QCOMPARE(FormaDe(ventana), u"FrmUsuarios"_s);
     ventana.area()->closeAllSubWindows();
 
-    catcher.Add({QStringLiteral("jefe7"), false});  // Esc: no authorization
-    QTest::mouseClick(ventana.findChild<QWidget*>(QStringLiteral("Panel6")), Qt::LeftButton);
+    catcher.Add({u"jefe7"_s, false});  // Esc: no authorization
+    QTest::mouseClick(ventana.findChild<QWidget*>(u"Panel6"_s), Qt::LeftButton);
     QCOMPARE(catcher.texts.size(), 4);
-    QVERIFY(!session.Autorizado);
+    QVERIFY(!session->Autorizado);
     QVERIFY(ventana.area()->subWindowList().isEmpty());
   }
 
@@ -300,16 +303,15 @@ class TestMdiInicio : public QObject {
   void EntrarDirectoAlPuntoDeVenta() {
     VENTARIX_COMPANY(company);
     {
-      ventarix::Connection c(company.cadena());
+      Connection c(company.cadena());
       QVERIFY(
           c.Run(QStringLiteral("insert into configurar (usuario, pantallapordefaultentpv, "
                                "entrardirectamenteatpv) values ('ADMINISTRADOR', 3, 'S')")));
     }
     Session session = Sesion(company);
-    ventarix::FormRegistry registry;
-    MDIInicio ventana(session, registry);
-    ventana.Cargar();
-    QCOMPARE(FormaDe(ventana), QStringLiteral("FrmTpv3"));
+    Principal principal(session, {}, false);
+    MDIInicio& ventana = principal.ventana;
+    QCOMPARE(FormaDe(ventana), u"FrmTpv3"_s);
   }
 
   // The splash loads the company: its name and logo show, and the menu entry loads it again.
@@ -322,55 +324,51 @@ class TestMdiInicio : public QObject {
     buffer.open(QIODevice::WriteOnly);
     QVERIFY(imagen.save(&buffer, "PNG"));
     {
-      ventarix::Connection c(company.cadena());
+      Connection c(company.cadena());
       QVERIFY(c.Run(QStringLiteral("insert into empresa (numero, empresa, rfc, logotipo) "
                                    "values (1, ?, 'FES990101AB1', ?)"),
-                    {QStringLiteral("FERRETERÍA LA ESTRELLA"), png}));
+                    {u"FERRETERÍA LA ESTRELLA"_s, png}));
     }
     Session session = Sesion(company);
     {
-      ventarix::MDIInicioPresentacion presentacion(session);
+      MDIInicioPresentacion presentacion(session);
       presentacion.show();
-      QCOMPARE(presentacion.windowTitle(), QStringLiteral("Versión 1.0.0"));
-      QCOMPARE(presentacion.findChild<QLabel*>(QStringLiteral("Empresa"))->text(),
-               QStringLiteral("FERRETERÍA LA ESTRELLA"));
-      QVERIFY(!presentacion.findChild<QLabel*>(QStringLiteral("Image1"))->pixmap().isNull());
-      ventarix::testing::SaveShot(&presentacion, QStringLiteral("presentacion_") + engine);
+      QCOMPARE(presentacion.windowTitle(), u"Versión 1.0.0"_s);
+      QCOMPARE(presentacion.findChild<QLabel*>(u"Empresa"_s)->text(), u"FERRETERÍA LA ESTRELLA"_s);
+      QVERIFY(!presentacion.findChild<QLabel*>(u"Image1"_s)->pixmap().isNull());
+      testing::SaveShot(&presentacion, u"presentacion_"_s + engine);
     }
-    ventarix::FormRegistry registry;
-    MDIInicio ventana(session, registry);
-    ventana.Cargar();
-    QCOMPARE(ventana.windowTitle(), QStringLiteral("Ventarix - FERRETERÍA LA ESTRELLA"));
+    Principal principal(session, {}, false);
+    MDIInicio& ventana = principal.ventana;
+    QCOMPARE(ventana.windowTitle(), u"Ventarix - FERRETERÍA LA ESTRELLA"_s);
     {
-      ventarix::Connection c(company.cadena());
-      QVERIFY(c.Run(QStringLiteral("update empresa set empresa = 'ABARROTES EL SOL'")));
+      Connection c(company.cadena());
+      QVERIFY(c.Run(u"update empresa set empresa = 'ABARROTES EL SOL'"_s));
     }
     Elegir(ventana, "mnuPresenta");
-    QCOMPARE(ventana.windowTitle(), QStringLiteral("Ventarix - ABARROTES EL SOL"));
+    QCOMPARE(ventana.windowTitle(), u"Ventarix - ABARROTES EL SOL"_s);
   }
 
   // Panel 1 forgets the stored database on Yes only; the panels keep their shares of the width.
   void BarraDeEstado() {
     VENTARIX_COMPANY(company);
     Session session = Sesion(company);
-    ventarix::startup::GuardarEleccion(session);
-    ventarix::FormRegistry registry;
-    MDIInicio ventana(session, registry);
-    ventana.Cargar();
+    startup::GuardarEleccion(session);
+    Principal principal(session, {}, false);
+    MDIInicio& ventana = principal.ventana;
     ventana.resize(1200, 600);
     ventana.show();
     QVERIFY(QTest::qWaitForWindowExposed(&ventana));
 
     ModalCatcher catcher({{QString(), true, QMessageBox::No}, {QString(), true, QMessageBox::Yes}});
-    QWidget* panel1 = ventana.findChild<QWidget*>(QStringLiteral("Panel1"));
+    QWidget* panel1 = ventana.findChild<QWidget*>(u"Panel1"_s);
     QTest::mouseClick(panel1, Qt::LeftButton);
-    QCOMPARE(catcher.texts.value(0),
-             QStringLiteral("Abrir una base de datos al iniciar el sistema"));
+    QCOMPARE(catcher.texts.value(0), u"Abrir una base de datos al iniciar el sistema"_s);
     QCOMPARE(ventana.Panel(1), session.BaseDatos);
-    QCOMPARE(ventarix::startup::LeerEleccion().base_datos, session.BaseDatos);
+    QCOMPARE(startup::LeerEleccion().base_datos, session.BaseDatos);
     QTest::mouseClick(panel1, Qt::LeftButton);
-    QCOMPARE(ventana.Panel(1), QStringLiteral("Listo"));
-    QVERIFY(ventarix::startup::LeerEleccion().base_datos.isEmpty());
+    QCOMPARE(ventana.Panel(1), u"Listo"_s);
+    QVERIFY(startup::LeerEleccion().base_datos.isEmpty());
 
     const std::array<double, 6> partes = {0.58, 0.06, 0.09, 0.1, 0.05, 0.12};
     for (int ancho : {1200, 700}) {
@@ -379,23 +377,22 @@ class TestMdiInicio : public QObject {
       int total = 0;
       std::array<int, 6> anchos{};
       for (int i = 0; i < 6; ++i) {
-        anchos[i] = ventana.findChild<QWidget*>(QStringLiteral("Panel%1").arg(i + 1))->width();
+        anchos[i] = ventana.findChild<QWidget*>(u"Panel%1"_s.arg(i + 1))->width();
         total += anchos[i];
       }
       for (int i = 0; i < 6; ++i) {
-        QVERIFY2(
-            qAbs(anchos[i] - partes[i] * total) <= 2,
-            qPrintable(QStringLiteral("panel %1: %2 of %3").arg(i + 1).arg(anchos[i]).arg(total)));
+        QVERIFY2(qAbs(anchos[i] - partes[i] * total) <= 2,
+                 qPrintable(u"panel %1: %2 of %3"_s.arg(i + 1).arg(anchos[i]).arg(total)));
       }
     }
   }
 
  private:
   // A company without users: the session enters as ADMINISTRADOR.
-  static Session Sesion(const ventarix::testing::TestCompany& company) {
+  static Session Sesion(const testing::TestCompany& company) {
     Session session = company.MakeSession();
-    ventarix::inicio::PrepararSesion(session);
-    ventarix::startup::EntrarSinAcceso(session);
+    inicio::PrepararSesion(session);
+    startup::EntrarSinAcceso(session);
     return session;
   }
 
