@@ -1,10 +1,6 @@
 // The document XML of CFDi 3.2 and CFD 2.2 as built from the comprobante block: the SAT's own
 // schemas accept it (xmllint as the independent judge), each "only when" rule holds at its
 // edge, the seal is filled in place, and whole documents are pinned against golden files.
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
-#include <QProcess>
 #include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QTest>
@@ -12,12 +8,10 @@
 
 #include "edocs/cfdi_xml.h"
 #include "edocs/comprobante_prueba.h"
-#include "edocs/dorado.h"
+#include "edocs/herramientas.h"
 
 using namespace ventarix::edocs;
-using ventarix::testing::CompararConDorado;
-using ventarix::testing::Factura;
-using ventarix::testing::Timbrada;
+using namespace ventarix::testing;
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -41,15 +35,10 @@ struct Elemento {
     }
     return false;
   }
-  QStringList Nombres() const {
-    QStringList nombres;
-    for (const auto& a : atributos) nombres << a.first;
-    return nombres;
-  }
 };
 
 // The document read back by Qt's own parser; an empty list when it is not well formed.
-QList<Elemento> Leer(const QByteArray& xml) {
+QList<Elemento> Analizar(const QByteArray& xml) {
   QList<Elemento> elementos;
   QXmlStreamReader lector(xml);
   lector.setNamespaceProcessing(false);
@@ -102,23 +91,6 @@ Comprobante Cfd() {
   return c;
 }
 
-struct Salida {
-  int codigo = -1;
-  QString texto;
-};
-
-Salida Ejecutar(const QString& programa, const QStringList& argumentos) {
-  QProcess p;
-  p.start(programa, argumentos);
-  if (!p.waitForFinished(60000)) return {-1, p.errorString()};
-  return {p.exitCode(), QString::fromUtf8(p.readAllStandardOutput() + p.readAllStandardError())};
-}
-
-bool Escribir(const QString& path, const QByteArray& bytes) {
-  QFile f(path);
-  return f.open(QIODevice::WriteOnly) && f.write(bytes) == bytes.size();
-}
-
 }  // namespace
 
 Q_DECLARE_METATYPE(ventarix::edocs::Comprobante)
@@ -154,20 +126,6 @@ class TestCfdiXml : public QObject {
     QCOMPARE(ventarix::edocs::TextoNumero(valor), texto);
   }
 
-  void NombreArchivo_data() {
-    QTest::addColumn<QString>("serie");
-    QTest::addColumn<QString>("folio");
-    QTest::addColumn<QString>("archivo");
-    QTest::newRow("con serie") << u"A"_s << u"15"_s << u"A-15.xml"_s;
-    QTest::newRow("sin serie, sin guion") << QString() << u"15"_s << u"15.xml"_s;
-  }
-  void NombreArchivo() {
-    QFETCH(QString, serie);
-    QFETCH(QString, folio);
-    QFETCH(QString, archivo);
-    QCOMPARE(NombreArchivoXml(serie, folio), archivo);
-  }
-
   // xmllint with the SAT's schema is the judge; the stamp is checked against the
   // TimbreFiscalDigital schema through a schema that imports both.
   void ValidaConElEsquemaDelSat_data() {
@@ -175,22 +133,18 @@ class TestCfdiXml : public QObject {
     QTest::addColumn<Impuestos>("impuestos");
     QTest::addColumn<QString>("esquema");
     const QString sat = QStringLiteral(VENTARIX_SHARED_DIR "/sat/");
-    Comprobante con_retenciones = Factura();
-    con_retenciones.Descuento = u"100"_s;
-    con_retenciones.MotivoDescuento = u"PRONTO PAGO"_s;
-    con_retenciones.RetencionIsr = 10;
-    con_retenciones.RetencionIva = 21.33;
-    con_retenciones.RetencionCed = 2;
-    Comprobante nota = Factura();
-    nota.TipoDeComprobante = u"egreso"_s;
-    QTest::newRow("factura CFDi") << Factura() << Impuestos::kCompletos
-                                  << sat + u"cfdi32/cfdv32.xsd"_s;
-    QTest::newRow("CFDi con retenciones y descuento")
-        << con_retenciones << Impuestos::kCompletos << sat + u"cfdi32/cfdv32.xsd"_s;
-    QTest::newRow("nota de credito solo traslados")
-        << nota << Impuestos::kSoloTraslados << sat + u"cfdi32/cfdv32.xsd"_s;
-    QTest::newRow("CFDi timbrado") << Timbrada() << Impuestos::kCompletos << u"timbre"_s;
-    QTest::newRow("CFD 2.2") << Cfd() << Impuestos::kCompletos << sat + u"cfd22/cfdv22.xsd"_s;
+    // The invoice, credit-note and plain CFD files are judged where they are sealed; here the
+    // stamp, the discount and every withholding, which the sealing fixture never carries.
+    Comprobante timbrada = Timbrada();
+    timbrada.Descuento = u"100"_s;
+    timbrada.MotivoDescuento = u"PRONTO PAGO"_s;
+    timbrada.RetencionIsr = 10;
+    timbrada.RetencionIva = 21.33;
+    timbrada.RetencionCed = 2;
+    QTest::newRow("CFDi timbrado con retenciones y descuento")
+        << timbrada << Impuestos::kCompletos << u"timbre"_s;
+    QTest::newRow("CFD 2.2 con retenciones y descuento")
+        << Cfd() << Impuestos::kCompletos << sat + u"cfd22/cfdv22.xsd"_s;
   }
   void ValidaConElEsquemaDelSat() {
     QFETCH(Comprobante, comprobante);
@@ -210,7 +164,7 @@ class TestCfdiXml : public QObject {
     const QString archivo = dir.filePath(u"documento.xml"_s);
     QVERIFY(Escribir(archivo, ConstruirXml(comprobante, impuestos)));
     const Salida s = Ejecutar(u"xmllint"_s, {u"--noout"_s, u"--schema"_s, esquema, archivo});
-    QVERIFY2(s.codigo == 0, qPrintable(s.texto));
+    QVERIFY2(s.codigo == 0, s.Todo().constData());
   }
 
   void ExpedidoEnSoloConCalleYNumero_data() {
@@ -229,7 +183,7 @@ class TestCfdiXml : public QObject {
     Comprobante c = Factura();
     c.emisor.expedido_en = {calle,         numero,        {},          u"CENTRO"_s, {}, {},
                             u"SALTILLO"_s, u"COAHUILA"_s, u"MEXICO"_s, u"25000"_s};
-    const QList<Elemento> xml = Leer(ConstruirXml(c));
+    const QList<Elemento> xml = Analizar(ConstruirXml(c));
     const QList<Elemento> expedido = Todos(xml, u"cfdi:ExpedidoEn"_s);
     QCOMPARE(expedido.size(), presente ? 1 : 0);
     if (presente) QCOMPARE(expedido[0].Valor(u"municipio"_s), u"SALTILLO"_s);
@@ -257,20 +211,12 @@ class TestCfdiXml : public QObject {
     Comprobante c = Factura();
     c.Descuento = descuento;
     c.MotivoDescuento = motivo;
-    const Elemento raiz = Leer(ConstruirXml(c)).value(0);
+    const Elemento raiz = Analizar(ConstruirXml(c)).value(0);
     QStringList hallados;
     for (const auto& [nombre, valor] : raiz.atributos) {
       if (nombre.contains(u"escuento"_s)) hallados << nombre + u'=' + valor;
     }
     QCOMPARE(hallados.join(u','), atributos);
-  }
-
-  void SinSerieNoHayAtributo() {
-    Comprobante c = Factura();
-    c.Serie.clear();
-    const Elemento raiz = Leer(ConstruirXml(c)).value(0);
-    QVERIFY(!raiz.Tiene(u"serie"_s));
-    QCOMPARE(raiz.Valor(u"folio"_s), u"15"_s);
   }
 
   void Retenciones_data() {
@@ -279,12 +225,19 @@ class TestCfdiXml : public QObject {
     QTest::addColumn<double>("ced");
     QTest::addColumn<QString>("total");
     QTest::addColumn<QString>("retenciones");
-    QTest::newRow("ninguna") << 0.0 << 0.0 << 0.0 << QString() << QString();
-    QTest::newRow("solo ISR") << 10.0 << 0.0 << 0.0 << u"10"_s << u"ISR 10"_s;
-    QTest::newRow("solo IVA") << 0.0 << 21.33 << 0.0 << u"21.33"_s << u"IVA 21.33"_s;
-    QTest::newRow("la tercera sale como ISR") << 0.0 << 0.0 << 2.0 << u"2"_s << u"ISR 2"_s;
-    QTest::newRow("las tres") << 10.0 << 21.33 << 2.5 << u"33.83"_s
-                              << u"ISR 10,IVA 21.33,ISR 2.5"_s;
+    QTest::addColumn<double>("tasa");  // the VAT of the grid, on a subtotal of 2000
+    QTest::addColumn<QString>("traslado");
+    QTest::newRow("ninguna") << 0.0 << 0.0 << 0.0 << QString() << QString() << 16.0 << u"16 320"_s;
+    QTest::newRow("solo ISR") << 10.0 << 0.0 << 0.0 << u"10"_s << u"ISR 10"_s << 16.0
+                              << u"16 320"_s;
+    QTest::newRow("solo IVA") << 0.0 << 21.33 << 0.0 << u"21.33"_s << u"IVA 21.33"_s << 16.0
+                              << u"16 320"_s;
+    QTest::newRow("la tercera sale como ISR")
+        << 0.0 << 0.0 << 2.0 << u"2"_s << u"ISR 2"_s << 16.0 << u"16 320"_s;
+    QTest::newRow("las tres") << 10.0 << 21.33 << 2.5 << u"33.83"_s << u"ISR 10,IVA 21.33,ISR 2.5"_s
+                              << 16.0 << u"16 320"_s;
+    QTest::newRow("sin IVA, el traslado en cero")
+        << 0.0 << 0.0 << 0.0 << QString() << QString() << 0.0 << u"0 0"_s;
   }
   void Retenciones() {
     QFETCH(double, isr);
@@ -292,15 +245,19 @@ class TestCfdiXml : public QObject {
     QFETCH(double, ced);
     QFETCH(QString, total);
     QFETCH(QString, retenciones);
+    QFETCH(double, tasa);
+    QFETCH(QString, traslado);
     Comprobante c = Factura();
+    c.TasaIva = tasa;
+    c.TotalIva = tasa * 20;
     c.RetencionIsr = isr;
     c.RetencionIva = iva;
     c.RetencionCed = ced;
-    const QList<Elemento> xml = Leer(ConstruirXml(c));
+    const QList<Elemento> xml = Analizar(ConstruirXml(c));
     const Elemento impuestos = Todos(xml, u"cfdi:Impuestos"_s).value(0);
     QCOMPARE(impuestos.Valor(u"totalImpuestosRetenidos"_s), total);
     QCOMPARE(impuestos.Tiene(u"totalImpuestosRetenidos"_s), !total.isEmpty());
-    QCOMPARE(impuestos.Valor(u"totalImpuestosTrasladados"_s), u"320"_s);
+    QCOMPARE(impuestos.Valor(u"totalImpuestosTrasladados"_s), traslado.section(u' ', 1));
     QCOMPARE(Todos(xml, u"cfdi:Retenciones"_s).size(), retenciones.isEmpty() ? 0 : 1);
     QStringList halladas;
     for (const Elemento& r : Todos(xml, u"cfdi:Retencion"_s)) {
@@ -310,30 +267,7 @@ class TestCfdiXml : public QObject {
     // One Traslado always, with the rate as the grid holds it.
     const QList<Elemento> traslados = Todos(xml, u"cfdi:Traslado"_s);
     QCOMPARE(traslados.size(), 1);
-    QCOMPARE(traslados[0].Nombres().join(u','), u"impuesto,tasa,importe"_s);
-    QCOMPARE(traslados[0].Valor(u"tasa"_s), u"16"_s);
-  }
-
-  void TrasladoSinImpuesto() {
-    Comprobante c = Factura();
-    c.TasaIva = 0;
-    c.TotalIva = 0;
-    const QList<Elemento> traslados = Todos(Leer(ConstruirXml(c)), u"cfdi:Traslado"_s);
-    QCOMPARE(traslados.size(), 1);
-    QCOMPARE(traslados[0].Valor(u"tasa"_s), u"0"_s);
-    QCOMPARE(traslados[0].Valor(u"importe"_s), u"0"_s);
-  }
-
-  void NotaSoloConTraslados() {
-    Comprobante c = Factura();
-    c.TipoDeComprobante = u"egreso"_s;
-    c.RetencionIsr = 10;  // a note keeps none, even if the block held some
-    const QList<Elemento> xml = Leer(ConstruirXml(c, Impuestos::kSoloTraslados));
-    const Elemento impuestos = Todos(xml, u"cfdi:Impuestos"_s).value(0);
-    QVERIFY(impuestos.atributos.isEmpty());
-    QCOMPARE(Todos(xml, u"cfdi:Retenciones"_s).size(), 0);
-    QCOMPARE(Todos(xml, u"cfdi:Traslado"_s).size(), 1);
-    QCOMPARE(xml.value(0).Valor(u"tipoDeComprobante"_s), u"egreso"_s);
+    QCOMPARE(traslados[0].Valor(u"tasa"_s) + u' ' + traslados[0].Valor(u"importe"_s), traslado);
   }
 
   void DescripcionDelConcepto_data() {
@@ -357,37 +291,19 @@ class TestCfdiXml : public QObject {
     QFETCH(QString, enXml);
     Comprobante c = Factura();
     c.conceptos[1].descripcion = descripcion;
-    const QList<Elemento> conceptos = Todos(Leer(ConstruirXml(c)), u"cfdi:Concepto"_s);
+    const QList<Elemento> conceptos = Todos(Analizar(ConstruirXml(c)), u"cfdi:Concepto"_s);
     QCOMPARE(conceptos.size(), 2);
     QCOMPARE(conceptos[1].Valor(u"descripcion"_s), enXml);
-    QCOMPARE(conceptos[1].Nombres().join(u','),
-             u"noIdentificacion,descripcion,unidad,cantidad,valorUnitario,importe"_s);
     QCOMPARE(conceptos[0].Valor(u"valorUnitario"_s), u"12.5"_s);
   }
 
-  // Read from the text itself, not from a parser that might reorder.
-  void OrdenDeAtributosDeLaRaiz_data() {
-    QTest::addColumn<Comprobante>("comprobante");
-    QTest::addColumn<QString>("orden");
-    Comprobante cfdi = Factura();
-    cfdi.Descuento = u"100"_s;
-    cfdi.MotivoDescuento = u"PRONTO PAGO"_s;
-    QTest::newRow("CFDi 3.2")
-        << cfdi
-        << u"xmlns:cfdi xmlns:xsi xsi:schemaLocation version serie folio fecha condicionesDePago "
-           "formaDePago subTotal LugarExpedicion NumCtaPago metodoDePago Moneda TipoCambio "
-           "descuento motivoDescuento total tipoDeComprobante noCertificado certificado sello"_s;
-    QTest::newRow("CFD 2.2")
-        << Cfd()
-        << u"xmlns xmlns:xsi xsi:schemaLocation version serie folio fecha noAprobacion "
-           "anoAprobacion condicionesDePago formaDePago subTotal LugarExpedicion NumCtaPago "
-           "metodoDePago Moneda TipoCambio descuento motivoDescuento total tipoDeComprobante "
-           "noCertificado certificado sello"_s;
-  }
+  // Read from the text itself, not from a parser that might reorder; the CFD root and the
+  // CFDi root without discount are pinned whole by the golden files.
   void OrdenDeAtributosDeLaRaiz() {
-    QFETCH(Comprobante, comprobante);
-    QFETCH(QString, orden);
-    const QString texto = QString::fromUtf8(ConstruirXml(comprobante));
+    Comprobante c = Factura();
+    c.Descuento = u"100"_s;
+    c.MotivoDescuento = u"PRONTO PAGO"_s;
+    const QString texto = QString::fromUtf8(ConstruirXml(c));
     const qsizetype inicio = texto.indexOf(u"Comprobante "_s);
     const QString etiqueta = texto.mid(inicio, texto.indexOf(u'>', inicio) - inicio);
     QStringList nombres;
@@ -395,7 +311,11 @@ class TestCfdiXml : public QObject {
     for (const QRegularExpressionMatch& m : kAtributo.globalMatch(etiqueta)) {
       nombres << m.captured(1);
     }
-    QCOMPARE(nombres.join(u' '), orden);
+    QCOMPARE(nombres.join(u' '),
+             u"xmlns:cfdi xmlns:xsi xsi:schemaLocation version serie folio fecha "
+             "condicionesDePago formaDePago subTotal LugarExpedicion NumCtaPago metodoDePago "
+             "Moneda TipoCambio descuento motivoDescuento total tipoDeComprobante noCertificado "
+             "certificado sello"_s);
   }
 
   // The seal is set where the empty attribute stood: nothing else of the file moves.
@@ -409,34 +329,14 @@ class TestCfdiXml : public QObject {
     QVERIFY(esperado != vacio);
   }
 
-  void TimbreEnElComplemento() {
-    const QList<Elemento> xml = Leer(ConstruirXml(Timbrada()));
-    QCOMPARE(Hijos(xml).join(u','),
-             u"cfdi:Emisor,cfdi:Receptor,cfdi:Conceptos,cfdi:Impuestos,cfdi:Complemento"_s);
-    const Elemento timbre = Todos(xml, u"tfd:TimbreFiscalDigital"_s).value(0);
-    QCOMPARE(timbre.Nombres().join(u','),
-             u"xmlns:tfd,xsi:schemaLocation,selloCFD,FechaTimbrado,UUID,noCertificadoSAT,"
-             "version,selloSAT"_s);
-    QCOMPARE(timbre.Valor(u"selloCFD"_s), Timbrada().Sello);
-    QCOMPARE(timbre.Valor(u"UUID"_s), Timbrada().timbre.uuid);
-    // Without a UUID there is no stamp to show.
-    QCOMPARE(Hijos(Leer(ConstruirXml(Factura()))).size(), 4);
-  }
-
   void CfdSinPrefijoConAddendaAlFinal() {
     Comprobante c = Timbrada();  // a CFD never carries a Complemento, stamp or not
     c.Version = u"2.2"_s;
     const QByteArray addenda =
         "<if:FacturaInterfactura xmlns:if=\"https://www.interfactura.com/Schemas/Documentos\" "
         "id=\"003773\"><if:EmisorRI RI=\"123\"/></if:FacturaInterfactura>";
-    const QByteArray texto = ConstruirXml(c, Impuestos::kCompletos, addenda);
-    const QList<Elemento> xml = Leer(texto);
+    const QList<Elemento> xml = Analizar(ConstruirXml(c, Impuestos::kCompletos, addenda));
     QCOMPARE(Hijos(xml).join(u','), u"Emisor,Receptor,Conceptos,Impuestos,Addenda"_s);
-    QCOMPARE(xml.value(0).Valor(u"xmlns"_s), u"http://www.sat.gob.mx/cfd/2"_s);
-    QCOMPARE(
-        xml.value(0).Valor(u"xsi:schemaLocation"_s),
-        u"http://www.sat.gob.mx/cfd/2 http://www.sat.gob.mx/sitio_internet/cfd/2/cfdv22.xsd"_s);
-    QVERIFY(!texto.contains("cfdi:"));
     const Elemento emisor_ri = Todos(xml, u"if:EmisorRI"_s).value(0);
     QCOMPARE(emisor_ri.nivel, 3);
     QCOMPARE(emisor_ri.Valor(u"RI"_s), u"123"_s);
@@ -446,10 +346,7 @@ class TestCfdiXml : public QObject {
 
   // Whole files, layout text nodes included, pinned byte for byte.
   void DocumentosCompletos() {
-    const QByteArray cfdi = ConstruirXml(Timbrada());
-    QVERIFY(cfdi.startsWith("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\r\n<cfdi:Comprobante "));
-    QVERIFY(cfdi.endsWith("</cfdi:Complemento>\r\n</cfdi:Comprobante>\r\n"));
-    CompararConDorado(u"construido_cfdi32_timbrado.xml"_s, cfdi);
+    CompararConDorado(u"construido_cfdi32_timbrado.xml"_s, ConstruirXml(Timbrada()));
     Comprobante cfd = Cfd();
     cfd.emisor.expedido_en = {u"MORELOS"_s,  u"7"_s,        {},          {},        {}, {},
                               u"SALTILLO"_s, u"COAHUILA"_s, u"MEXICO"_s, u"25000"_s};
