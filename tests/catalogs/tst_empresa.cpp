@@ -88,39 +88,30 @@ class TestEmpresa : public QObject {
     QTest::addColumn<QString>("mensaje");
     QTest::addColumn<QString>("campo");
     QTest::addColumn<QString>("aviso");
+    const auto fila = [](const char* nombre, QStringList cambios, QString mensaje = {},
+                         QString campo = {}, QString aviso = {}) {
+      QTest::newRow(nombre) << cambios << mensaje << campo << aviso;
+    };
     const QString rfc = u"El RFC de éste cliente no es válido"_s;
-    QTest::newRow("rfc corto") << QStringList{u"rfc=EKU900317"_s} << rfc << u"Rfc"_s << QString();
-    QTest::newRow("rfc con mes 13") << QStringList{u"rfc=EKU9013173C9"_s} << rfc << u"Rfc"_s
-                                    << u"El mes no corresponde al RFC"_s;
-    QTest::newRow("rfc con día 32") << QStringList{u"rfc=GOMA8002325K1"_s} << rfc << u"Rfc"_s
-                                    << u"El día no corresponde al RFC"_s;
-    QTest::newRow("rfc antes que la calle")
-        << QStringList{u"calle="_s, u"rfc=X"_s} << rfc << u"Rfc"_s << QString();
-    QTest::newRow("calle antes que colonia")
-        << QStringList{u"colonia="_s, u"calle="_s}
-        << u"Se requiere la entrada de una nombre de Calle"_s << u"Calle"_s << QString();
-    QTest::newRow("no exterior") << QStringList{u"noexterior="_s}
-                                 << u"Se requiere la entrada de un No. Exterior"_s
-                                 << u"NoExterior"_s << QString();
-    QTest::newRow("colonia") << QStringList{u"colonia="_s}
-                             << u"Se requiere la entrada de una Colonia"_s << u"Colonia"_s
-                             << QString();
-    QTest::newRow("localidad") << QStringList{u"localidad="_s}
-                               << u"Se requiere la entrada de una Localidad"_s << u"Localidad"_s
-                               << QString();
-    QTest::newRow("municipio") << QStringList{u"municipio="_s}
-                               << u"Se requiere la entrada de un Municipio"_s << u"Municipio"_s
-                               << QString();
-    QTest::newRow("estado") << QStringList{u"estado="_s} << u"Se requiere la entrada de un Estado"_s
-                            << u"Estado"_s << QString();
-    QTest::newRow("país") << QStringList{u"pais="_s} << u"Se requiere la entrada de un País"_s
-                          << u"Pais"_s << QString();
-    QTest::newRow("código postal de 4")
-        << QStringList{u"codigopostal=1040"_s} << u"Se requiere la entrada de un Código Postal"_s
-        << u"CodigoPostal"_s << QString();
-    QTest::newRow("todo en orden") << QStringList{} << QString() << QString() << QString();
-    QTest::newRow("rfc con guiones y minúsculas")
-        << QStringList{u"rfc=eku-900317-3c9"_s} << QString() << QString() << QString();
+    const QString falta = u"Se requiere la entrada de "_s;
+    fila("rfc corto", {u"rfc=EKU900317"_s}, rfc, u"Rfc"_s);
+    fila("rfc con mes 13", {u"rfc=EKU9013173C9"_s}, rfc, u"Rfc"_s,
+         u"El mes no corresponde al RFC"_s);
+    fila("rfc con día 32", {u"rfc=GOMA8002325K1"_s}, rfc, u"Rfc"_s,
+         u"El día no corresponde al RFC"_s);
+    fila("rfc antes que la calle", {u"calle="_s, u"rfc=X"_s}, rfc, u"Rfc"_s);
+    fila("calle antes que colonia", {u"colonia="_s, u"calle="_s}, falta + u"una nombre de Calle"_s,
+         u"Calle"_s);
+    fila("no exterior", {u"noexterior="_s}, falta + u"un No. Exterior"_s, u"NoExterior"_s);
+    fila("colonia", {u"colonia="_s}, falta + u"una Colonia"_s, u"Colonia"_s);
+    fila("localidad", {u"localidad="_s}, falta + u"una Localidad"_s, u"Localidad"_s);
+    fila("municipio", {u"municipio="_s}, falta + u"un Municipio"_s, u"Municipio"_s);
+    fila("estado", {u"estado="_s}, falta + u"un Estado"_s, u"Estado"_s);
+    fila("país", {u"pais="_s}, falta + u"un País"_s, u"Pais"_s);
+    fila("código postal de 4", {u"codigopostal=1040"_s}, falta + u"un Código Postal"_s,
+         u"CodigoPostal"_s);
+    fila("todo en orden", {});
+    fila("rfc con guiones y minúsculas", {u"rfc=eku-900317-3c9"_s});
   }
   void RevisionEnOrden() {
     QFETCH(QStringList, cambios);
@@ -151,7 +142,9 @@ class TestEmpresa : public QObject {
 
   // A new company opens on the session's defaults with its RFC to be typed; the first save
   // adds row 1, the next updates it, and the next session load runs on the new values: the
-  // company folder follows the RFC, upper case follows its flag.
+  // company folder follows the RFC, upper case follows its flag. A product code change under
+  // way belongs to its own screen: saving the company keeps it. A number too big for its
+  // column is refused before anything is written.
   void GuardarYRecargar() {
     VENTARIX_COMPANY(company);
     Session s = Cargada(company);
@@ -188,41 +181,29 @@ class TestEmpresa : public QObject {
     QCOMPARE(s.empresa.Text(u"password"_s), u" clave'con comilla"_s);
     QVERIFY(s.CarpetaEmpresa.endsWith(u"/EKU9003173C9"_s));
 
-    datos = empresa::LeerEmpresa(s);
-    datos.Set(u"empresa"_s, u"KEMPER MATRIZ"_s);
-    datos.Set(u"impuesto"_s, 16);
-    QVERIFY(empresa::GuardarEmpresa(s, datos));
-    QCOMPARE(Valor(s, u"select count(*) from empresa"_s).toInt(), 1);
-    QCOMPARE(Valor(s, u"select numero from empresa"_s).toInt(), 1);
-    CargarEmpresa(s);
-    QCOMPARE(s.empresa.Text(u"empresa"_s), u"KEMPER MATRIZ"_s);
-    QCOMPARE(s.empresa.Number(u"impuesto"_s), 16.0);
-  }
-
-  // A product code change under way belongs to its own screen: saving the company keeps it,
-  // and a number too big for its column is refused before anything is written.
-  void GuardarRespetaLoAjeno() {
-    VENTARIX_COMPANY(company);
-    Session s = Cargada(company);
-    RowValues datos = EmpresaCompleta();
-    QVERIFY(empresa::GuardarEmpresa(s, datos));
     {
       Connection c(s.Cadena);
       QVERIFY(c.Run(u"update empresa set \"codigo actual\" = 'A1', \"codigo nuevo\" = 'B1'"_s));
     }
     datos = empresa::LeerEmpresa(s);
     datos.Set(u"codigo actual"_s, QString());
-    datos.Set(u"empresa"_s, u"OTRA"_s);
+    datos.Set(u"empresa"_s, u"KEMPER MATRIZ"_s);
+    datos.Set(u"impuesto"_s, 16);
     QVERIFY(empresa::GuardarEmpresa(s, datos));
-    QCOMPARE(Valor(s, u"select \"codigo nuevo\" from empresa"_s).toString(), u"B1"_s);
-    QCOMPARE(Valor(s, u"select \"codigo actual\" from empresa"_s).toString(), u"A1"_s);
+    QCOMPARE(Valor(s, u"select count(*) from empresa"_s).toInt(), 1);
+    QCOMPARE(Valor(s, u"select numero from empresa"_s).toInt(), 1);
+    QCOMPARE(Valor(s, u"select \"codigo actual\" || \"codigo nuevo\" from empresa"_s).toString(),
+             u"A1B1"_s);
+    CargarEmpresa(s);
+    QCOMPARE(s.empresa.Text(u"empresa"_s), u"KEMPER MATRIZ"_s);
+    QCOMPARE(s.empresa.Number(u"impuesto"_s), 16.0);
 
     datos.Set(u"respaldar"_s, u"40000"_s);
     datos.Set(u"empresa"_s, u"NO SE GUARDA"_s);
     const Outcome fuera = empresa::GuardarEmpresa(s, datos);
     QCOMPARE(fuera.message, u"Se requiere un número entre 0 y 32767"_s);
     QCOMPARE(fuera.field, u"respaldar"_s);
-    QCOMPARE(Valor(s, u"select empresa from empresa"_s).toString(), u"OTRA"_s);
+    QCOMPARE(Valor(s, u"select empresa from empresa"_s).toString(), u"KEMPER MATRIZ"_s);
   }
 
   // ---- Logo ----
@@ -340,22 +321,6 @@ class TestEmpresa : public QObject {
 
   // ---- Terminal settings ----
 
-  // A user without a row works on the defaults with all three forms under serie "A".
-  void ConfiguracionSinFila() {
-    VENTARIX_COMPANY(company);
-    Session s = Cargada(company);
-    QCOMPARE(s.DocumentosTpv, u"T,N,C"_s);
-    QCOMPARE(s.SerieTpv, u"A"_s);
-    QCOMPARE(s.configurar.Integer(u"PantallaPorDefaultEnTpv"_s), 2);
-    QCOMPARE(s.configurar.Integer(u"ClientePorDefaultEnTpv"_s), 1);
-    QCOMPARE(s.configurar.Text(u"EntrarDirectamenteATpv"_s), u"N"_s);
-    const RowValues fila = configurar::LeerConfiguracion(s, s.Usuario);
-    QCOMPARE(fila.Integer(u"PantallaDeCobroEnTpv"_s), 1);
-    QVERIFY(fila.Flag(u"PermitirModificarPrecioEnTpv"_s));
-    // The screen shows the series as stored: nothing yet.
-    QCOMPARE(fila.Text(u"TicketSerie"_s), QString());
-  }
-
   // The forms in use follow the series saved; with none, all three under "A".
   void DocumentosTpv_data() {
     QTest::addColumn<QStringList>("series");
@@ -390,11 +355,22 @@ class TestEmpresa : public QObject {
              series[0].trimmed().toUpper());
   }
 
-  // An administrator sets up a cashier's terminal, printed lines included; the cashier's
-  // next session runs on it and the administrator's own settings stay as they were.
+  // A user without a row works on the defaults with all three forms under serie "A". An
+  // administrator sets up a cashier's terminal, printed lines included; the cashier's next
+  // session runs on it and the administrator's own settings stay as they were. The cashier,
+  // no administrator, sees and saves only his own row.
   void AdministradorConfiguraOtroUsuario() {
     VENTARIX_COMPANY(company);
     Session admin = Cargada(company);
+    QCOMPARE(admin.DocumentosTpv, u"T,N,C"_s);
+    QCOMPARE(admin.SerieTpv, u"A"_s);
+    QCOMPARE(admin.configurar.Integer(u"PantallaPorDefaultEnTpv"_s), 2);
+    QCOMPARE(admin.configurar.Integer(u"ClientePorDefaultEnTpv"_s), 1);
+    QCOMPARE(admin.configurar.Text(u"EntrarDirectamenteATpv"_s), u"N"_s);
+    const RowValues propia = configurar::LeerConfiguracion(admin, admin.Usuario);
+    QCOMPARE(propia.Integer(u"PantallaDeCobroEnTpv"_s), 1);
+    QVERIFY(propia.Flag(u"PermitirModificarPrecioEnTpv"_s));
+    QCOMPARE(propia.Text(u"TicketSerie"_s), QString());  // shown as stored: nothing yet
     QVERIFY(usuarios::AltaUsuario(admin, {u"ANA"_s, u"UNO"_s, u"1"_s, true, false}));
     QVERIFY(usuarios::AltaUsuario(admin, {u"LUIS"_s, u"DOS"_s, u"2"_s, false, false}));
     QCOMPARE(configurar::UsuariosConfigurables(admin),
@@ -428,20 +404,13 @@ class TestEmpresa : public QObject {
         1);
     QCOMPARE(configurar::LeerConfiguracion(admin, u"LUIS"_s).Text(u"notapie9"_s),
              u"VUELVA PRONTO"_s);
-  }
 
-  // Someone who is no administrator sees and saves only their own row.
-  void UsuarioSoloLoSuyo() {
-    VENTARIX_COMPANY(company);
-    Session admin = Cargada(company);
-    QVERIFY(usuarios::AltaUsuario(admin, {u"ANA"_s, u"UNO"_s, u"1"_s, true, false}));
-    QVERIFY(usuarios::AltaUsuario(admin, {u"LUIS"_s, u"DOS"_s, u"2"_s, false, false}));
-    Session luis = Cargada(company, u"LUIS"_s, false);
     QCOMPARE(configurar::UsuariosConfigurables(luis), QStringList{u"LUIS"_s});
-    RowValues fila = configurar::LeerConfiguracion(luis, u"ANA"_s);
-    const Outcome ajeno = configurar::GuardarConfiguracion(luis, u"ANA"_s, fila);
+    RowValues ajena = configurar::LeerConfiguracion(luis, u"ANA"_s);
+    const Outcome ajeno = configurar::GuardarConfiguracion(luis, u"ANA"_s, ajena);
     QCOMPARE(ajeno.message, u"Este usuario no tiene permisos para cambios de registros"_s);
-    QCOMPARE(Valor(luis, u"select count(*) from configurar"_s).toInt(), 0);
+    QCOMPARE(Valor(luis, u"select count(*) from configurar where usuario = 'ANA'"_s).toInt(), 0);
+    fila = configurar::LeerConfiguracion(luis, u"LUIS"_s);
     fila.Set(u"TicketSerie"_s, u"L"_s);
     QVERIFY(configurar::GuardarConfiguracion(luis, u"LUIS"_s, fila));
     QCOMPARE(luis.SerieTpv, u"L"_s);

@@ -49,6 +49,11 @@ double Columna(Connection& c, const QString& codigo, const QString& columna) {
       .toDouble();
 }
 
+// The formulas touch no database: their rows run once, on the first engine.
+#define SOLO_UNA_VEZ()            \
+  QFETCH_GLOBAL(QString, engine); \
+  if (engine != u"sqlite"_s) QSKIP("no database involved")
+
 }  // namespace
 
 class TestPrecios : public QObject {
@@ -73,8 +78,7 @@ class TestPrecios : public QObject {
   }
 
   void FormulaDeLaEmpresa() {
-    QFETCH_GLOBAL(QString, engine);
-    if (engine != u"sqlite"_s) QSKIP("no database involved");
+    SOLO_UNA_VEZ();
     QFETCH(QStringList, banderas);
     QFETCH(Formula, esperada);
     QCOMPARE(FormulaDeEmpresa(Empresa(banderas)), esperada);
@@ -97,8 +101,7 @@ class TestPrecios : public QObject {
   }
 
   void Formulas() {
-    QFETCH_GLOBAL(QString, engine);
-    if (engine != u"sqlite"_s) QSKIP("no database involved");
+    SOLO_UNA_VEZ();
     QFETCH(Formula, formula);
     QFETCH(double, costo);
     QFETCH(double, utilidad);
@@ -127,8 +130,7 @@ class TestPrecios : public QObject {
   }
 
   void Desglose() {
-    QFETCH_GLOBAL(QString, engine);
-    if (engine != u"sqlite"_s) QSKIP("no database involved");
+    SOLO_UNA_VEZ();
     QFETCH(double, precio);
     QFETCH(double, impuesto);
     QFETCH(double, costo);
@@ -141,7 +143,8 @@ class TestPrecios : public QObject {
     QCOMPARE(d.impuesto + 1, impuesto_en_dinero + 1);
   }
 
-  // The levels of the screen's grid: cost 100 at 16 % with margins 10 to 50.
+  // The levels of the screen's grid, cost 100 at 16 % (-1: the level has no price). A
+  // financial margin of 100 leaves that level alone; the others are priced.
   void Niveles_data() {
     QTest::addColumn<Formula>("formula");
     QTest::addColumn<Utilidades>("utilidades");
@@ -153,11 +156,16 @@ class TestPrecios : public QObject {
     QTest::newRow("financiera") << Formula::kFinanciera << Utilidades{10, 20, 30, 40, 50}
                                 << Utilidades{111.1111, 125, 142.8571, 166.6667, 200}
                                 << Utilidades{128.8889, 145, 165.7142, 193.3334, 232};
+    QTest::newRow("financiera con 100") << Formula::kFinanciera << Utilidades{20, 100, 30, 40, 50}
+                                        << Utilidades{125, -1, 142.8571, 166.6667, 200}
+                                        << Utilidades{145, -1, 165.7142, 193.3334, 232};
+    QTest::newRow("sin formula") << Formula::kNinguna << Utilidades{20, 25, 30, 40, 50}
+                                 << Utilidades{-1, -1, -1, -1, -1}
+                                 << Utilidades{-1, -1, -1, -1, -1};
   }
 
   void Niveles() {
-    QFETCH_GLOBAL(QString, engine);
-    if (engine != u"sqlite"_s) QSKIP("no database involved");
+    SOLO_UNA_VEZ();
     QFETCH(Formula, formula);
     QFETCH(Utilidades, utilidades);
     QFETCH(Utilidades, sin_impuesto);
@@ -168,21 +176,6 @@ class TestPrecios : public QObject {
       QCOMPARE(niveles[k].precio.value_or(-1), sin_impuesto[k]);
       QCOMPARE(niveles[k].precio_con_impuesto.value_or(-1), con_impuesto[k]);
     }
-  }
-
-  // A financial margin of 100 leaves that level alone; the others are priced.
-  void NivelConUtilidadCien() {
-    QFETCH_GLOBAL(QString, engine);
-    if (engine != u"sqlite"_s) QSKIP("no database involved");
-    const catalogs::Niveles niveles =
-        CalcularNiveles(Formula::kFinanciera, 100, 16, {20, 100, 30, 40, 50});
-    QVERIFY(!niveles[1].precio.has_value());
-    QVERIFY(!niveles[1].precio_con_impuesto.has_value());
-    QCOMPARE(niveles[0].precio.value_or(-1), 125.0);
-    QCOMPARE(niveles[4].precio.value_or(-1), 200.0);
-    const catalogs::Niveles sin_formula =
-        CalcularNiveles(Formula::kNinguna, 100, 16, {20, 25, 30, 40, 50});
-    for (const Nivel& nivel : sin_formula) QVERIFY(!nivel.precio.has_value());
   }
 
   // ---- Price look-ups of a document row ----
@@ -332,20 +325,11 @@ class TestPrecios : public QObject {
     for (int k = 0; k < kNiveles; ++k) {
       QCOMPARE(Columna(c, u"C"_s, u"precio"_s + QString::number(k + 1)), niveles[k]);
     }
-    // Another product is never touched.
+    // Another product is never touched; one that does not exist is no error.
     QCOMPARE(Columna(c, u"OTRO"_s, u"costo"_s), 100.0);
     QCOMPARE(Columna(c, u"OTRO"_s, u"precio1"_s), 1.0);
-  }
-
-  // A product that does not exist is no error: the purchase goes on.
-  void CostoDeProductoInexistente() {
-    VENTARIX_COMPANY(company);
-    Connection c(company.cadena());
-    const RowValues empresa =
-        Empresa({u"EnCompras_Modificar_Costos_y_Precios"_s,
-                 u"EnCompras_Modificar_Al_Ultimo_Costo"_s, u"Aplicar_Utilidad_Aritmetica"_s});
-    bool escrito = true;
-    QVERIFY(mFunciones::ActualizarCostoDesdeCompra(c, empresa, u"NADA"_s, 50, &escrito).ok);
+    escrito = true;
+    QVERIFY(mFunciones::ActualizarCostoDesdeCompra(c, Empresa(banderas), u"NADA"_s, 50, &escrito));
     QVERIFY(!escrito);
   }
 
