@@ -17,6 +17,7 @@
 #include "catalogs/empresa_datos.h"
 #include "catalogs/ui/mdi_inicio_configurar.h"
 #include "catalogs/ui/mdi_inicio_empresa.h"
+#include "catalogs/ui/pantallas_prueba.h"
 #include "core/database.h"
 #include "core/session_load.h"
 #include "core/usuarios.h"
@@ -25,7 +26,9 @@
 
 using namespace ventarix;
 using namespace Qt::StringLiterals;
+using ventarix::testing::Guardar;
 using ventarix::testing::ModalCatcher;
+using ventarix::testing::Mostrar;
 
 namespace {
 
@@ -65,12 +68,6 @@ QByteArray Logotipo() {
   return datos;
 }
 
-bool Mostrar(QWidget& forma) {
-  forma.show();
-  forma.activateWindow();
-  return QTest::qWaitForWindowActive(&forma);
-}
-
 template <typename T = QLineEdit>
 T* Campo(QWidget& forma, const QString& nombre) {
   return forma.findChild<T*>(nombre);
@@ -89,12 +86,6 @@ void Teclear(QLineEdit* campo, const QString& texto) {
   QTRY_VERIFY(campo->hasFocus());
   campo->selectAll();
   QTest::keyClicks(campo, texto);
-}
-
-void Guardar(QWidget& forma) {
-  auto* guardar = Campo<QPushButton>(forma, u"Guardar"_s);
-  guardar->setFocus();
-  QTest::keyClick(guardar, Qt::Key_Return);
 }
 
 }  // namespace
