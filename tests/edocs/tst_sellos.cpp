@@ -1,42 +1,29 @@
 #include <cstdlib>
 #include <ctime>
 
-#include <QDir>
-#include <QFile>
 #include <QLocale>
-#include <QProcess>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimeZone>
 
 #include "edocs/certificado.h"
+#include "edocs/herramientas.h"
 #include "edocs/llave_privada.h"
 
 using namespace ventarix::edocs;
+using namespace ventarix::testing;
 
 namespace {
 
 const QString kCsd = QStringLiteral(VENTARIX_SHARED_DIR "/sat/csd/");
 
-QByteArray Leer(const QString& path) {
-  QFile file(path);
-  return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-bool Escribir(const QString& path, const QByteArray& bytes) {
-  QFile file(path);
-  return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
-}
-
 // The openssl command line as an independent witness: its exit code and what it printed. The
 // options are words of `comando`; paths, which may hold blanks, come apart in `archivos`.
 int Openssl(const char* comando, const QStringList& archivos, QByteArray* salida = nullptr) {
-  QProcess proceso;
-  proceso.start(QStringLiteral("openssl"),
-                QString::fromLatin1(comando).split(QLatin1Char(' ')) + archivos);
-  proceso.waitForFinished(60000);
-  if (salida) *salida = proceso.readAllStandardOutput();
-  return proceso.exitStatus() == QProcess::NormalExit ? proceso.exitCode() : -1;
+  const Salida s = Ejecutar(QStringLiteral("openssl"),
+                            QString::fromLatin1(comando).split(QLatin1Char(' ')) + archivos);
+  if (salida) *salida = s.out;
+  return s.codigo;
 }
 
 // "Jul 27 17:02:00 2012 GMT", as the index and openssl write a validity bound.
@@ -99,7 +86,7 @@ class TstSellos : public QObject {
     tzset();
   }
 
-  void certificadoYLlave_data() { FilasDePares(); }
+  void certificadoYLlave_data() { FilasDePares(); }  // and the seal made with them
   void certificadoYLlave() {
     QFETCH(QString, base);
     QFETCH(QString, serie);
@@ -107,10 +94,10 @@ class TstSellos : public QObject {
     QFETCH(QDateTime, desde);
     QFETCH(QDateTime, hasta);
     QVERIFY(desde.isValid() && hasta.isValid() && serie.size() == 20);
-    const QByteArray cer = Leer(kCsd + base + QStringLiteral(".cer"));
-    const QByteArray key = Leer(kCsd + base + QStringLiteral(".key"));
-
-    const Certificado certificado = LeerCertificadoDeArchivo(kCsd + base + QStringLiteral(".cer"));
+    const QString archivo = kCsd + base;
+    const QByteArray cer = Leer(archivo + QStringLiteral(".cer"));
+    const QByteArray key = Leer(archivo + QStringLiteral(".key"));
+    const Certificado certificado = LeerCertificadoDeArchivo(archivo + QStringLiteral(".cer"));
     QVERIFY2(certificado.ok, qPrintable(certificado.error));
     QCOMPARE(certificado.NoCertificado, serie);
     QCOMPARE(certificado.valido_desde.timeSpec(), Qt::LocalTime);
@@ -128,10 +115,47 @@ class TstSellos : public QObject {
              LlavePrivada::Estado::kContrasenaIncorrecta);
     QCOMPARE(LlavePrivada::Abrir(cer, password).estado(), LlavePrivada::Estado::kSinReferencia);
     QVERIFY(!LeerCertificado(key).ok);
+
+    // The seal verifies under the certificate's public key and is the very signature openssl
+    // makes with the same key (PKCS#1 v1.5 is deterministic), over the cadena's UTF-8 bytes.
+    QTemporaryDir dir;
+    const QByteArray cadena =
+        QStringLiteral(
+            "||3.2|2016-05-02T10:11:12|ingreso|Pago en una sola exhibición|1500.00|"
+            "AAA010101AAA|Ferretería Ñandú, S.A. de C.V.|Av. Juárez|100||")
+            .toUtf8();
+    const QString sello = llave.FirmarSha1(cadena);
+    QVERIFY(!sello.isEmpty() && !sello.contains(QLatin1Char('\n')));
+
+    auto ruta = [&dir](const char* nombre) { return dir.filePath(QLatin1String(nombre)); };
+    QVERIFY(Escribir(ruta("cadena.txt"), cadena));
+    QVERIFY(Escribir(ruta("otra.txt"), cadena + ' '));
+    QVERIFY(Escribir(ruta("sello.bin"), QByteArray::fromBase64(sello.toLatin1())));
+    QByteArray publica;
+    QCOMPARE(Openssl("x509 -inform DER -noout -pubkey -in", {archivo + QStringLiteral(".cer")},
+                     &publica),
+             0);
+    QVERIFY(Escribir(ruta("publica.pem"), publica));
+    const char* verificar = "dgst -sha1 -verify";
+    QCOMPARE(Openssl(verificar, {ruta("publica.pem"), QStringLiteral("-signature"),
+                                 ruta("sello.bin"), ruta("cadena.txt")}),
+             0);
+    QCOMPARE(Openssl(verificar, {ruta("publica.pem"), QStringLiteral("-signature"),
+                                 ruta("sello.bin"), ruta("otra.txt")}),
+             1);
+
+    QCOMPARE(Openssl("pkcs8 -inform DER -passin",
+                     {QStringLiteral("pass:") + password, QStringLiteral("-in"),
+                      archivo + QStringLiteral(".key"), QStringLiteral("-out"), ruta("llave.pem")}),
+             0);
+    QByteArray firma;
+    QCOMPARE(Openssl("dgst -sha1 -sign", {ruta("llave.pem"), ruta("cadena.txt")}, &firma), 0);
+    QCOMPARE(sello, QString::fromLatin1(firma.toBase64()));
   }
 
-  // A key never claims another pair's certificate, even one of the same RFC.
-  void llaveAjena() {
+  // Files that are no key material are refused, and a key never claims another pair's
+  // certificate, even one of the same RFC.
+  void materialAjenoORoto() {
     const LlavePrivada llave =
         LlavePrivada::AbrirArchivo(kCsd + QStringLiteral("AAA010101AAA_20001000000100005867.key"),
                                    QStringLiteral("12345678a"));
@@ -139,9 +163,6 @@ class TstSellos : public QObject {
     QVERIFY(
         !llave.CorrespondeA(Leer(kCsd + QStringLiteral("AAA010101AAA_20001000000100005868.cer"))));
     QVERIFY(!llave.CorrespondeA(QByteArray("no es un certificado")));
-  }
-
-  void archivosQueNoSonMaterial() {
     QTemporaryDir dir;
     const QString basura = dir.filePath(QStringLiteral("basura.cer"));
     QVERIFY(Escribir(basura, QByteArray(300, '\x30')));
@@ -158,48 +179,6 @@ class TstSellos : public QObject {
     QCOMPARE(sin_archivo.estado(), LlavePrivada::Estado::kSinReferencia);
     QVERIFY(sin_archivo.FirmarSha1("||x||").isEmpty());
     QVERIFY(!sin_archivo.CorrespondeA(Leer(kCsd + QStringLiteral("AAA010101AAA_emisor2021.cer"))));
-  }
-
-  // The seal verifies under the certificate's public key and is the very signature openssl
-  // makes with the same key (PKCS#1 v1.5 is deterministic), over the cadena's UTF-8 bytes.
-  void firmaComoOpenssl_data() { FilasDePares(); }
-  void firmaComoOpenssl() {
-    QFETCH(QString, base);
-    QFETCH(QString, password);
-    QTemporaryDir dir;
-    const QString cer = kCsd + base + QStringLiteral(".cer"),
-                  key = kCsd + base + QStringLiteral(".key");
-    const QByteArray cadena =
-        QStringLiteral(
-            "||3.2|2016-05-02T10:11:12|ingreso|Pago en una sola exhibición|1500.00|"
-            "AAA010101AAA|Ferretería Ñandú, S.A. de C.V.|Av. Juárez|100||")
-            .toUtf8();
-    const LlavePrivada llave = LlavePrivada::AbrirArchivo(key, password);
-    const QString sello = llave.FirmarSha1(cadena);
-    QVERIFY(!sello.isEmpty() && !sello.contains(QLatin1Char('\n')));
-
-    auto ruta = [&dir](const char* nombre) { return dir.filePath(QLatin1String(nombre)); };
-    QVERIFY(Escribir(ruta("cadena.txt"), cadena));
-    QVERIFY(Escribir(ruta("otra.txt"), cadena + ' '));
-    QVERIFY(Escribir(ruta("sello.bin"), QByteArray::fromBase64(sello.toLatin1())));
-    QByteArray publica;
-    QCOMPARE(Openssl("x509 -inform DER -noout -pubkey -in", {cer}, &publica), 0);
-    QVERIFY(Escribir(ruta("publica.pem"), publica));
-    const char* verificar = "dgst -sha1 -verify";
-    QCOMPARE(Openssl(verificar, {ruta("publica.pem"), QStringLiteral("-signature"),
-                                 ruta("sello.bin"), ruta("cadena.txt")}),
-             0);
-    QCOMPARE(Openssl(verificar, {ruta("publica.pem"), QStringLiteral("-signature"),
-                                 ruta("sello.bin"), ruta("otra.txt")}),
-             1);
-
-    QCOMPARE(Openssl("pkcs8 -inform DER -passin",
-                     {QStringLiteral("pass:") + password, QStringLiteral("-in"), key,
-                      QStringLiteral("-out"), ruta("llave.pem")}),
-             0);
-    QByteArray firma;
-    QCOMPARE(Openssl("dgst -sha1 -sign", {ruta("llave.pem"), ruta("cadena.txt")}, &firma), 0);
-    QCOMPARE(sello, QString::fromLatin1(firma.toBase64()));
   }
 
   void numeroDeSerie_data() {
