@@ -5,6 +5,7 @@
 
 #include "core/database.h"
 #include "core/mFunciones.h"
+#include "edocs/herramientas.h"
 #include "edocs/informe_filas.h"
 #include "edocs/informe_sat.h"
 #include "support/test_company.h"
@@ -12,6 +13,7 @@
 using namespace ventarix;
 using namespace ventarix::edocs;
 using namespace Qt::StringLiterals;
+using testing::Leer;
 using testing::PrepararMes;
 
 namespace {
@@ -32,11 +34,6 @@ QList<RenglonInforme> Listar(const Session& session, const QString& esquema, con
   return listado.renglones;
 }
 
-QByteArray Leer(const QString& path) {
-  QFile file(path);
-  return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("<missing>");
-}
-
 }  // namespace
 
 class TestInformeSat : public QObject {
@@ -45,65 +42,38 @@ class TestInformeSat : public QObject {
  private slots:
   void initTestCase_data() { testing::AddEngineRows(); }
 
-  // The month's CFD documents in the order they were saved, each as the SAT reads it.
-  void ListadoDelMes() {
-    VENTARIX_COMPANY(company);
-    QString error;
-    QVERIFY2(PrepararMes(company.cadena(), &error), qPrintable(error));
-    const QList<RenglonInforme> r = Listar(Sesion(company), u"CFD"_s, QDate(2024, 3, 17));
-    QCOMPARE(r.size(), 4);
-
-    // A cancelled invoice keeps its amounts with status 0; series "0" is listed empty.
-    QCOMPARE(r[0].folio, 7);
-    QCOMPARE(r[0].serie, QString());
-    QCOMPARE(r[0].status, 0);
-    QCOMPARE(r[0].total, 580.0);
-    QCOMPARE(r[0].iva, 80.0);
-    QCOMPARE(r[0].rfc, u"MOPR7503125H1"_s);
-    QCOMPARE(r[0].aprobacion, u"202412345"_s);
-    QCOMPARE(FechaInforme(r[0].fecha), u"02/03/2024 09:00:00"_s);
-
-    QCOMPARE(r[1].serie, u"A"_s);
-    QCOMPARE(r[1].comprobante, u"I"_s);
-    QCOMPARE(r[1].moneda, u"USD"_s);
-    QCOMPARE(r[1].tipo_cambio, 17.25);
-    QCOMPARE(r[1].status, 1);
-
-    // A note in dollars is reported in pesos at rate 1: only invoices carry a currency.
-    QCOMPARE(r[2].comprobante, u"E"_s);
-    QCOMPARE(r[2].rfc, u"GAHE6908107T2"_s);
-    QCOMPARE(r[2].moneda, u"MXN"_s);
-    QCOMPARE(r[2].tipo_cambio, 1.0);
-    QCOMPARE(r[2].aprobacion, u"202454321"_s);
-
-    QCOMPARE(r[3].folio, 9);
-    QCOMPARE(FechaInforme(r[3].fecha), u"31/03/2024 23:59:59"_s);
-
-    // The other scheme has its own report.
-    const QList<RenglonInforme> cfdi = Listar(Sesion(company), u"CFDI"_s, kMarzo);
-    QCOMPARE(cfdi.size(), 1);
-    QCOMPARE(cfdi[0].total, 999.0);
-    // The note dated in February belongs to February's report.
-    const QList<RenglonInforme> febrero = Listar(Sesion(company), u"CFD"_s, QDate(2024, 2, 1));
-    QCOMPARE(febrero.size(), 1);
-    QCOMPARE(febrero[0].folio, 4);
-  }
-
-  // The file for March, byte for byte: CR LF between lines, none after the last.
-  void ArchivoDelMes() {
+  // The month's CFD documents in the order they were saved, each as the SAT reads it, and
+  // its file byte for byte: CR LF between lines, none after the last. A cancelled invoice
+  // keeps its amounts with status 0; a note in dollars is reported in pesos at rate 1, since
+  // only invoices carry a currency.
+  void MesDeMarzo() {
     VENTARIX_COMPANY(company);
     QString error;
     QVERIFY2(PrepararMes(company.cadena(), &error), qPrintable(error));
     const Session session = Sesion(company);
+    const QList<RenglonInforme> r = Listar(session, u"CFD"_s, QDate(2024, 3, 17));
+    QCOMPARE(r.size(), 4);
+    QCOMPARE(r[0].serie, QString());  // series "0" is listed empty
+    QCOMPARE(r[0].rfc, u"MOPR7503125H1"_s);
+    QCOMPARE(r[1].serie, u"A"_s);
+    QCOMPARE(r[2].rfc, u"GAHE6908107T2"_s);
     const QString path = ArchivoInforme(session, kMarzo);
     QCOMPARE(path, session.CarpetaBak + u"/1EKU9003173C9032024.txt"_s);
-    QVERIFY(EscribirInforme(session, path, Listar(session, u"CFD"_s, kMarzo)).ok);
+    QVERIFY(EscribirInforme(session, path, r).ok);
     const QByteArray esperado =
         "|7|202412345|02/03/2024 09:00:00|580.00|80.00|0|I|MXN|1|||||\r\n"
         "|1|202412345|05/03/2024 10:15:30|1160.50|160.07|1|I|USD|17.25|||||\r\n"
         "|3|202454321|20/03/2024 17:45:00|232.00|32.00|1|E|MXN|1|||||\r\n"
         "|9|202412345|31/03/2024 23:59:59|100.00|16.00|1|I|MXN|1|||||";
     QCOMPARE(Leer(path), esperado);
+
+    // The other scheme has its own report; the note dated in February belongs to February's.
+    const QList<RenglonInforme> cfdi = Listar(session, u"CFDI"_s, kMarzo);
+    QCOMPARE(cfdi.size(), 1);
+    QCOMPARE(cfdi[0].total, 999.0);
+    const QList<RenglonInforme> febrero = Listar(session, u"CFD"_s, QDate(2024, 2, 1));
+    QCOMPARE(febrero.size(), 1);
+    QCOMPARE(febrero[0].folio, 4);
   }
 
   // A month without documents still gets its file, empty, and replaces an older one.
@@ -114,14 +84,11 @@ class TestInformeSat : public QObject {
     const Session session = Sesion(company);
     const QDate enero(2024, 1, 1);
     const QString path = ArchivoInforme(session, enero);
-    QFile viejo(path);
-    QVERIFY(viejo.open(QIODevice::WriteOnly));
-    viejo.write("|viejo||||");
-    viejo.close();
+    QVERIFY(testing::Escribir(path, "|viejo||||"));
     const QList<RenglonInforme> nada = Listar(session, u"CFD"_s, enero);
     QVERIFY(nada.isEmpty());
     QVERIFY(EscribirInforme(session, path, nada).ok);
-    QVERIFY(QFile::exists(path));
+    QVERIFY(QFile::exists(path));  // empty, not missing
     QCOMPARE(Leer(path), QByteArray());
   }
 
