@@ -12,9 +12,11 @@
 #include "core/mFunciones.h"
 #include "core/session.h"
 #include "edocs/codigo_qr.h"
+#include "edocs/herramientas.h"
 
 using namespace ventarix;
 using namespace Qt::StringLiterals;
+using testing::Leer;
 
 namespace {
 
@@ -62,9 +64,7 @@ class TestCodigoQR : public QObject {
     const QString path = edocs::CrearCodigoQR(session, texto);
     QCOMPARE(path, session.CarpetaTmp + u"/cbb.tmp"_s);
 
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::ReadOnly));
-    QCOMPARE(file.read(2), QByteArray("BM"));
+    QCOMPARE(Leer(path).left(2), QByteArray("BM"));
     const QImage image(path, "BMP");
     QVERIFY(!image.isNull());
     QCOMPARE(image.size(), QSize(129, 129));
@@ -99,14 +99,9 @@ class TestCodigoQR : public QObject {
     QTemporaryDir dir;
     const Session session = Sesion(dir);
     const QString primero = edocs::CrearCodigoQR(session, u"PRIMERO"_s);
-    QFile a(primero);
-    QVERIFY(a.open(QIODevice::ReadOnly));
-    const QByteArray bytes_a = a.readAll();
-    a.close();
+    const QByteArray bytes = Leer(primero);
     QCOMPARE(edocs::CrearCodigoQR(session, u"SEGUNDO TEXTO MAS LARGO"_s), primero);
-    QFile b(primero);
-    QVERIFY(b.open(QIODevice::ReadOnly));
-    QVERIFY(b.readAll() != bytes_a);
+    QVERIFY(Leer(primero) != bytes);
   }
 
   // Nothing to encode, a text whose symbol has more modules than the picture has points, one
@@ -130,9 +125,8 @@ class TestCodigoQR : public QObject {
     if (sin_carpeta) session.CarpetaTmp = dir.path() + u"/no/existe"_s;
     QCOMPARE(edocs::CrearCodigoQR(session, texto), QString());
     QVERIFY(!QFile::exists(session.CarpetaTmp + u"/cbb.tmp"_s));
-    QFile log(mFunciones::ArchivoDeErrores(session, QDate::currentDate()));
-    QVERIFY(log.open(QIODevice::ReadOnly));
-    QVERIFY2(QString::fromUtf8(log.readAll()).contains(en_bitacora), qPrintable(en_bitacora));
+    const QByteArray log = Leer(mFunciones::ArchivoDeErrores(session, QDate::currentDate()));
+    QVERIFY2(QString::fromUtf8(log).contains(en_bitacora), qPrintable(en_bitacora));
   }
 };
 
