@@ -7,6 +7,7 @@
 #include "catalogs/cambio_codigo.h"
 #include "catalogs/costos_masivos.h"
 #include "catalogs/precios_producto.h"
+#include "catalogs/producto_filas.h"
 #include "catalogs/productos_cambio_codigo.h"
 #include "support/document_rows.h"
 #include "support/test_company.h"
@@ -15,28 +16,11 @@ using namespace ventarix;
 using namespace Qt::StringLiterals;
 using costos_masivos::Fila;
 using costos_masivos::Modo;
+using testing::ColumnaDeProducto;
 using testing::InsertarFila;
+using testing::ProductoConMargenes;
 
 namespace {
-
-// A product with the margins 30, 25, 20, 15, 10 and 16 % tax.
-bool Producto(Connection& c, const QString& codigo, double costo = 5) {
-  return InsertarFila(c, u"productos"_s,
-                      {{u"codigo"_s, codigo},
-                       {u"producto"_s, u"PRODUCTO "_s + codigo},
-                       {u"costo"_s, costo},
-                       {u"impuesto"_s, 16.0},
-                       {u"utilidad1"_s, 30.0},
-                       {u"utilidad2"_s, 25.0},
-                       {u"utilidad3"_s, 20.0},
-                       {u"utilidad4"_s, 15.0},
-                       {u"utilidad5"_s, 10.0}});
-}
-
-double Columna(Connection& c, const QString& columna, const QString& codigo) {
-  return c.Scalar(u"select "_s + columna + u" from productos where codigo = ?"_s, {codigo})
-      .toDouble();
-}
 
 int Contar(Connection& c, const QString& tabla, const QString& condicion,
            const QVariantList& valores) {
@@ -80,29 +64,35 @@ class TestPreciosMasivos : public QObject {
     QCOMPARE(costos_masivos::LeerTextoPegado(texto), filas);
   }
 
-  // A sheet with its heading, two costs, an empty row and one more cost: the run stops at the
-  // empty row and says so; the product below it keeps its cost.
+  // A sheet with its heading, two costs, cells that are no cost (a 0, a negative figure, a
+  // word), an empty row and one more cost: the run stops at the empty row and says so; the
+  // cells without a cost and the product below the gap leave their products alone.
   void huecoTerminaEnEsaFila() {
     VENTARIX_COMPANY(company);
     Connection c(company.cadena());
-    for (const QString& codigo : {u"A1"_s, u"B2"_s, u"C3"_s}) QVERIFY(Producto(c, codigo));
+    for (const QString& codigo : {u"A1"_s, u"B2"_s, u"C3"_s}) {
+      QVERIFY(ProductoConMargenes(c, codigo));
+    }
+    QVERIFY(ProductoConMargenes(c, u"D4"_s, 7.5));
     Session session = SesionCon(company, u"aplicar_utilidad_aritmetica"_s);
-    const QList<Fila> filas = {{u"Código"_s, u"Costo"_s},
-                               {u"a1"_s, u"10"_s},
-                               {u"B2"_s, u"20"_s},
-                               {QString(), u"99"_s},
-                               {u"C3"_s, u"30"_s}};
-    const auto resultado = costos_masivos::GuardarCostos(session, filas, Modo::kActualizar, false);
+    const QList<Fila> filas = {{u"Código"_s, u"Costo"_s}, {u"a1"_s, u"10"_s},
+                               {u"B2"_s, u"20"_s},        {u"D4"_s, u"0"_s},
+                               {u"D4"_s, u"-4"_s},        {u"D4"_s, u"sin costo"_s},
+                               {QString(), u"99"_s},      {u"C3"_s, u"30"_s}};
+    const auto resultado = costos_masivos::GuardarCostos(session, filas, Modo::kActualizar, true);
     QVERIFY(resultado.outcome.ok);
-    QCOMPARE(resultado.outcome.message, u"Los costos se han actualizado hasta la fila 4"_s);
+    QCOMPARE(resultado.outcome.message, u"Los costos se han actualizado hasta la fila 7"_s);
     QCOMPARE(resultado.outcome.icon, MessageIcon::kInformation);
-    QCOMPARE(resultado.fila, 4);
+    QCOMPARE(resultado.fila, 7);
     QCOMPARE(resultado.productos, 2);
-    QCOMPARE(Columna(c, u"costo"_s, u"A1"_s), 10.0);
-    QCOMPARE(Columna(c, u"precio1"_s, u"A1"_s), 13.0);
-    QCOMPARE(Columna(c, u"costo"_s, u"B2"_s), 20.0);
-    QCOMPARE(Columna(c, u"costo"_s, u"C3"_s), 5.0);
-    QCOMPARE(Columna(c, u"precio1"_s, u"C3"_s), 0.0);
+    QCOMPARE(ColumnaDeProducto(c, u"costo"_s, u"A1"_s), 10.0);
+    QCOMPARE(ColumnaDeProducto(c, u"precio1"_s, u"A1"_s), 13.0);
+    QCOMPARE(ColumnaDeProducto(c, u"costo"_s, u"B2"_s), 20.0);
+    QCOMPARE(ColumnaDeProducto(c, u"costo"_s, u"C3"_s), 5.0);
+    QCOMPARE(ColumnaDeProducto(c, u"precio1"_s, u"C3"_s), 0.0);
+    QCOMPARE(ColumnaDeProducto(c, u"costo"_s, u"D4"_s), 7.5);
+    QCOMPARE(ColumnaDeProducto(c, u"precio1"_s, u"D4"_s), 0.0);
+    QCOMPARE(ColumnaDeProducto(c, u"venta"_s, u"D4"_s), 0.0);
   }
 
   // A new cost moves the five levels by the company's formula, unrounded; Venta and Precio
@@ -130,7 +120,7 @@ class TestPreciosMasivos : public QObject {
     QFETCH(bool, venta_y_precio);
     QFETCH(QList<double>, esperado);
     Connection c(company.cadena());
-    QVERIFY(Producto(c, u"T-10"_s));
+    QVERIFY(ProductoConMargenes(c, u"T-10"_s));
     Session session = SesionCon(company, formula);
     const auto resultado = costos_masivos::GuardarCostos(session, {{u"T-10"_s, u"$10.00"_s}},
                                                          Modo::kActualizar, venta_y_precio);
@@ -138,25 +128,10 @@ class TestPreciosMasivos : public QObject {
     const QStringList columnas = {u"costo"_s,   u"precio1"_s, u"precio2"_s, u"precio3"_s,
                                   u"precio4"_s, u"precio5"_s, u"venta"_s,   u"precio"_s};
     for (int i = 0; i < columnas.size(); ++i) {
-      const double leido = Columna(c, columnas[i], u"T-10"_s);
+      const double leido = ColumnaDeProducto(c, columnas[i], u"T-10"_s);
       QVERIFY2(qFuzzyCompare(1 + leido, 1 + esperado[i]),
                qPrintable(columnas[i] + u" = "_s + QString::number(leido, 'g', 17)));
     }
-  }
-
-  // Cells that are no cost: a 0, a negative figure, a word. None of them touches the product.
-  void costoSinValorNoCambiaNada() {
-    VENTARIX_COMPANY(company);
-    Connection c(company.cadena());
-    QVERIFY(Producto(c, u"A1"_s, 7.5));
-    Session session = SesionCon(company, u"aplicar_utilidad_financiera"_s);
-    const QList<Fila> filas = {{u"A1"_s, u"0"_s}, {u"A1"_s, u"-4"_s}, {u"A1"_s, u"sin costo"_s}};
-    const auto resultado = costos_masivos::GuardarCostos(session, filas, Modo::kActualizar, true);
-    QCOMPARE(resultado.outcome.message, u"Los costos se han actualizado hasta la fila 4"_s);
-    QCOMPARE(resultado.productos, 0);
-    QCOMPARE(Columna(c, u"costo"_s, u"A1"_s), 7.5);
-    QCOMPARE(Columna(c, u"precio1"_s, u"A1"_s), 0.0);
-    QCOMPARE(Columna(c, u"venta"_s, u"A1"_s), 0.0);
   }
 
   // The same sheet in both modes: adding creates only the codes the catalogue lacks, with the
@@ -164,7 +139,7 @@ class TestPreciosMasivos : public QObject {
   void agregarContraActualizar() {
     VENTARIX_COMPANY(company);
     Connection c(company.cadena());
-    QVERIFY(Producto(c, u"VIEJO"_s, 5));
+    QVERIFY(ProductoConMargenes(c, u"VIEJO"_s, 5));
     Session session = SesionCon(company, u"aplicar_utilidad_aritmetica"_s);
     const QList<Fila> filas = {
         {u"viejo"_s, u"8"_s, u"otro nombre"_s, u"KG"_s, u"2"_s, u"3"_s, u"16"_s},
@@ -173,7 +148,7 @@ class TestPreciosMasivos : public QObject {
     const auto agregados = costos_masivos::GuardarCostos(session, filas, Modo::kAgregar, false);
     QCOMPARE(agregados.outcome.message, u"Los productos se han agregado hasta la fila 3"_s);
     QCOMPARE(agregados.productos, 1);
-    QCOMPARE(Columna(c, u"costo"_s, u"VIEJO"_s), 5.0);
+    QCOMPARE(ColumnaDeProducto(c, u"costo"_s, u"VIEJO"_s), 5.0);
     QCOMPARE(c.Scalar(u"select producto from productos where codigo = 'VIEJO'"_s).toString(),
              u"PRODUCTO VIEJO"_s);
     QSqlQuery nuevo = c.Exec(
@@ -194,8 +169,8 @@ class TestPreciosMasivos : public QObject {
     const auto actualizados =
         costos_masivos::GuardarCostos(session, filas, Modo::kActualizar, false);
     QCOMPARE(actualizados.productos, 1);
-    QCOMPARE(Columna(c, u"costo"_s, u"VIEJO"_s), 8.0);
-    QCOMPARE(Columna(c, u"precio1"_s, u"VIEJO"_s), 10.4);
+    QCOMPARE(ColumnaDeProducto(c, u"costo"_s, u"VIEJO"_s), 8.0);
+    QCOMPARE(ColumnaDeProducto(c, u"precio1"_s, u"VIEJO"_s), 10.4);
     QCOMPARE(Contar(c, u"productos"_s, u"codigo = ?"_s, {u"NUEVO-1"_s}), 0);
   }
 
@@ -236,8 +211,8 @@ class TestPreciosMasivos : public QObject {
   void utilidadDeCienSinPrecio() {
     VENTARIX_COMPANY(company);
     Connection c(company.cadena());
-    QVERIFY(Producto(c, u"A1"_s));
-    QVERIFY(Producto(c, u"B2"_s));
+    QVERIFY(ProductoConMargenes(c, u"A1"_s));
+    QVERIFY(ProductoConMargenes(c, u"B2"_s));
     QVERIFY(c.Run(u"update productos set utilidad3 = 100 where codigo = 'B2'"_s));
     Session session = SesionCon(company, u"aplicar_utilidad_financiera"_s);
     const auto resultado = costos_masivos::GuardarCostos(
@@ -245,7 +220,7 @@ class TestPreciosMasivos : public QObject {
     QVERIFY(!resultado.outcome.ok);
     QVERIFY2(resultado.outcome.message.contains(u"B2"_s), qPrintable(resultado.outcome.message));
     QCOMPARE(resultado.fila, 2);
-    QCOMPARE(Columna(c, u"costo"_s, u"A1"_s), 5.0);
+    QCOMPARE(ColumnaDeProducto(c, u"costo"_s, u"A1"_s), 5.0);
   }
 
   // Final prices: 116 with the product's 16 % tax leaves a sale price of 100; an empty price
@@ -253,8 +228,8 @@ class TestPreciosMasivos : public QObject {
   void netos() {
     VENTARIX_COMPANY(company);
     Connection c(company.cadena());
-    QVERIFY(Producto(c, u"A1"_s));
-    QVERIFY(Producto(c, u"B2"_s));
+    QVERIFY(ProductoConMargenes(c, u"A1"_s));
+    QVERIFY(ProductoConMargenes(c, u"B2"_s));
     QVERIFY(c.Run(u"update productos set precio = 50, venta = 40 where codigo = 'B2'"_s));
     Session session = company.MakeSession();
     const Fila a1 = {u"A1"_s, u"1"_s, QString(), QString(), u"1"_s, u"1"_s, u"0"_s, u"116"_s};
@@ -264,17 +239,17 @@ class TestPreciosMasivos : public QObject {
     auto resultado = costos_masivos::GuardarNetos(session, {a1, b2, c3}, Modo::kActualizar);
     QCOMPARE(resultado.outcome.message, u"Los precios se han actualizado hasta la fila 4"_s);
     QCOMPARE(resultado.productos, 1);
-    QCOMPARE(Columna(c, u"precio"_s, u"A1"_s), 116.0);
-    QCOMPARE(Columna(c, u"venta"_s, u"A1"_s), 100.0);
-    QCOMPARE(Columna(c, u"precio"_s, u"B2"_s), 50.0);
-    QCOMPARE(Columna(c, u"venta"_s, u"B2"_s), 40.0);
+    QCOMPARE(ColumnaDeProducto(c, u"precio"_s, u"A1"_s), 116.0);
+    QCOMPARE(ColumnaDeProducto(c, u"venta"_s, u"A1"_s), 100.0);
+    QCOMPARE(ColumnaDeProducto(c, u"precio"_s, u"B2"_s), 50.0);
+    QCOMPARE(ColumnaDeProducto(c, u"venta"_s, u"B2"_s), 40.0);
 
     resultado = costos_masivos::GuardarNetos(session, {a1, b2, c3}, Modo::kAgregar);
     QCOMPARE(resultado.outcome.message, u"Los productos se han agregado hasta la fila 4"_s);
     QCOMPARE(resultado.productos, 1);
-    QCOMPARE(Columna(c, u"precio"_s, u"C3"_s), 11.6);
-    QCOMPARE(Columna(c, u"venta"_s, u"C3"_s), 10.0);
-    QCOMPARE(Columna(c, u"costo"_s, u"C3"_s), 2.0);
+    QCOMPARE(ColumnaDeProducto(c, u"precio"_s, u"C3"_s), 11.6);
+    QCOMPARE(ColumnaDeProducto(c, u"venta"_s, u"C3"_s), 10.0);
+    QCOMPARE(ColumnaDeProducto(c, u"costo"_s, u"C3"_s), 2.0);
   }
 
   // A code change reaches a delivery note's row, the materials on both sides, and the
@@ -283,7 +258,7 @@ class TestPreciosMasivos : public QObject {
     VENTARIX_COMPANY(company);
     Connection c(company.cadena());
     QVERIFY(InsertarFila(c, u"empresa"_s, {{u"numero"_s, 1}}));
-    QVERIFY(Producto(c, u"VIEJO"_s));
+    QVERIFY(ProductoConMargenes(c, u"VIEJO"_s));
     QVERIFY(InsertarFila(c, u"remisiones detalles"_s,
                          {{u"remision"_s, u"A-7"_s}, {u"codigo"_s, u"VIEJO"_s}}));
     QVERIFY(InsertarFila(c, u"productos consumos"_s,
@@ -337,7 +312,7 @@ class TestPreciosMasivos : public QObject {
     QFETCH(int, hechas);
     Connection c(company.cadena());
     QVERIFY(InsertarFila(c, u"empresa"_s, {{u"numero"_s, 1}}));
-    QVERIFY(Producto(c, u"VIEJO"_s));
+    QVERIFY(ProductoConMargenes(c, u"VIEJO"_s));
     const QStringList& tablas = cambio_codigo::Tablas();
     for (const QString& tabla : tablas.mid(0, 11)) {
       QVERIFY2(InsertarFila(c, tabla, {{u"codigo"_s, u"VIEJO"_s}}), qPrintable(tabla));
@@ -376,7 +351,7 @@ class TestPreciosMasivos : public QObject {
     VENTARIX_COMPANY(company);
     Connection c(company.cadena());
     QVERIFY(InsertarFila(c, u"empresa"_s, {{u"numero"_s, 1}, {u"codigo actual"_s, u"A"_s}}));
-    QVERIFY(Producto(c, u"A"_s));
+    QVERIFY(ProductoConMargenes(c, u"A"_s));
     Session session = company.MakeSession();
     session.CambioDeCodigoPendiente = true;
     int tablas = 0;
@@ -411,19 +386,11 @@ class TestPreciosMasivos : public QObject {
     QFETCH(double, venta);
     QFETCH(QList<double>, esperado);
     Connection c(company.cadena());
-    QVERIFY(InsertarFila(c, u"productos"_s,
-                         {{u"codigo"_s, u"P1"_s},
-                          {u"costo"_s, costo},
-                          {u"precio"_s, precio},
-                          {u"venta"_s, venta},
-                          {u"impuesto"_s, 16.0},
-                          {u"utilidad1"_s, utilidad1},
-                          {u"utilidad2"_s, 20.0},
-                          {u"precio1"_s, 10.0},
-                          {u"precio2"_s, 20.0},
-                          {u"precio3"_s, 30.0},
-                          {u"precio4"_s, 40.0},
-                          {u"precio5"_s, 50.0}}));
+    QVERIFY(ProductoConMargenes(c, u"P1"_s, costo));
+    QVERIFY(
+        c.Run(u"update productos set precio = ?, venta = ?, utilidad1 = ?, utilidad2 = 20, "
+              "precio1 = 10, precio2 = 20, precio3 = 30, precio4 = 40, precio5 = 50"_s,
+              {precio, venta, utilidad1}));
     Session session = company.MakeSession();
     precios_producto::Niveles niveles;
     QVERIFY(precios_producto::Leer(session, u"P1"_s, niveles).ok);

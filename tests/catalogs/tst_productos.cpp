@@ -77,42 +77,32 @@ class TestProductos : public QObject {
     QTest::addColumn<bool>("alta");
     QTest::addColumn<QString>("mensaje");
     QTest::addColumn<QString>("campo");
-    const QString sss = u"SSS"_s;
+    const auto fila = [](const char* nombre, QVariantMap cambios, bool alta, QString mensaje = {},
+                         QString campo = {}, QString derechos = u"SSS"_s) {
+      QTest::newRow(nombre) << cambios << derechos << alta << mensaje << campo;
+    };
     const QString alterno = u"Este código alterno ya existe en el código: \nOTRO\nARTICULO OTRO"_s;
-    QTest::newRow("sin derecho de alta")
-        << QVariantMap{{u"codigo"_s, u"DPPP"_s}} << u"NSS"_s << true
-        << u"Este usuario no tiene permisos para el registro de altas"_s << QString();
-    QTest::newRow("sin derecho de cambio")
-        << QVariantMap{} << u"SSN"_s << false
-        << u"Este usuario no tiene permisos para cambios de registros"_s << QString();
-    QTest::newRow("código reservado antes que la marca")
-        << QVariantMap{{u"codigo"_s, u"DPPP"_s}, {u"marca"_s, 0}} << sss << true
-        << u"Este código se utiliza para notas de crédito"_s << u"Codigo"_s;
-    QTest::newRow("reservado en minúsculas")
-        << QVariantMap{{u"codigo"_s, u"dppp"_s}} << sss << true
-        << u"Este código se utiliza para notas de crédito"_s << u"Codigo"_s;
-    QTest::newRow("marca antes que línea")
-        << QVariantMap{{u"marca"_s, 0}, {u"linea"_s, 0}} << sss << true
-        << u"Se requiere la entrada de una marca"_s << u"Marca"_s;
-    QTest::newRow("línea") << QVariantMap{{u"linea"_s, 0}} << sss << false
-                           << u"Se requiere la entrada de una línea"_s << u"Linea"_s;
-    QTest::newRow("alterno 1 es el 2 de otro")
-        << QVariantMap{{u"codigo1"_s, u"X2"_s}} << sss << true << alterno << u"Codigo1"_s;
-    QTest::newRow("alterno 3 es el 1 de otro")
-        << QVariantMap{{u"codigo3"_s, u"X1"_s}} << sss << false << alterno << u"Codigo3"_s;
-    QTest::newRow("alterno antes que código tomado")
-        << QVariantMap{{u"codigo"_s, u"OTRO"_s}, {u"codigo2"_s, u"M1"_s}} << sss << true
-        << u"Este código alterno ya existe en el código: \nMIO\nARTICULO MIO"_s << u"Codigo2"_s;
-    QTest::newRow("el alterno propio al cambiar")
-        << QVariantMap{{u"codigo1"_s, u"M1"_s}} << sss << false << QString() << QString();
-    QTest::newRow("código tomado al agregar")
-        << QVariantMap{{u"codigo"_s, u"OTRO"_s}} << sss << true
-        << u"Este código ya existe en el catálogo de productos"_s << u"Codigo"_s;
-    QTest::newRow("código vacío al agregar")
-        << QVariantMap{{u"codigo"_s, u"  "_s}} << sss << true
-        << u"Se requiere la entrada de un código"_s << u"Codigo"_s;
-    QTest::newRow("todo en orden")
-        << QVariantMap{{u"codigo1"_s, u"NUEVO1"_s}} << sss << true << QString() << QString();
+    const QString reservado = u"Este código se utiliza para notas de crédito"_s;
+    fila("sin derecho de alta", {{u"codigo"_s, u"DPPP"_s}}, true,
+         u"Este usuario no tiene permisos para el registro de altas"_s, {}, u"NSS"_s);
+    fila("sin derecho de cambio", {}, false,
+         u"Este usuario no tiene permisos para cambios de registros"_s, {}, u"SSN"_s);
+    fila("código reservado antes que la marca", {{u"codigo"_s, u"DPPP"_s}, {u"marca"_s, 0}}, true,
+         reservado, u"Codigo"_s);
+    fila("reservado en minúsculas", {{u"codigo"_s, u"dppp"_s}}, true, reservado, u"Codigo"_s);
+    fila("marca antes que línea", {{u"marca"_s, 0}, {u"linea"_s, 0}}, true,
+         u"Se requiere la entrada de una marca"_s, u"Marca"_s);
+    fila("línea", {{u"linea"_s, 0}}, false, u"Se requiere la entrada de una línea"_s, u"Linea"_s);
+    fila("alterno 1 es el 2 de otro", {{u"codigo1"_s, u"X2"_s}}, true, alterno, u"Codigo1"_s);
+    fila("alterno 3 es el 1 de otro", {{u"codigo3"_s, u"X1"_s}}, false, alterno, u"Codigo3"_s);
+    fila("alterno antes que código tomado", {{u"codigo"_s, u"OTRO"_s}, {u"codigo2"_s, u"M1"_s}},
+         true, u"Este código alterno ya existe en el código: \nMIO\nARTICULO MIO"_s, u"Codigo2"_s);
+    fila("el alterno propio al cambiar", {{u"codigo1"_s, u"M1"_s}}, false);
+    fila("código tomado al agregar", {{u"codigo"_s, u"OTRO"_s}}, true,
+         u"Este código ya existe en el catálogo de productos"_s, u"Codigo"_s);
+    fila("código vacío al agregar", {{u"codigo"_s, u"  "_s}}, true,
+         u"Se requiere la entrada de un código"_s, u"Codigo"_s);
+    fila("todo en orden", {{u"codigo1"_s, u"NUEVO1"_s}}, true);
   }
 
   void Revisar() {
@@ -257,30 +247,12 @@ class TestProductos : public QObject {
     QCOMPARE(c.Scalar(u"select count(*) from \"productos consumos\""_s).toInt(), 0);
   }
 
-  // A clerk without the cost right changes a product: the stored cost stays, and the levels
-  // follow it rather than the figure that came in.
-  void CostoBloqueado() {
+  // Quick prices are read back as saved, refused on an unknown code or without the right. A
+  // clerk without the cost right changes a product: the stored cost stays, and the levels
+  // follow it rather than the figure that came in, on both screens.
+  void PreciosRapidosYCostoBloqueado() {
     VENTARIX_COMPANY(company);
     Session s = Sesion(company, {kAritmetica});
-    s.Administrador = false;
-    s.usuario.Set(u"modificarcosto"_s, u"N"_s);
-    Connection c(s.Cadena);
-    QVERIFY(Guardado(c, u"K"_s, {{u"costo"_s, 50.0}, {u"utilidad1"_s, 10.0}}));
-    Leido leido;
-    QVERIFY(LeerProducto(s, u"K"_s, &leido).ok);
-    leido.producto.costo = 1;
-    QVERIFY(CambioProducto(s, leido.producto).ok);
-    QCOMPARE(Valor(c, u"costo"_s, u"K"_s).toDouble(), 50.0);
-    QCOMPARE(Valor(c, u"precio1"_s, u"K"_s).toDouble(), 55.0);
-    QVERIFY(GuardarPreciosRapidos(s, u"K"_s, {232, 16, 2, 200}).ok);
-    QCOMPARE(Valor(c, u"costo"_s, u"K"_s).toDouble(), 50.0);
-    QCOMPARE(Valor(c, u"precio"_s, u"K"_s).toDouble(), 232.0);
-    QCOMPARE(Valor(c, u"venta"_s, u"K"_s).toDouble(), 200.0);
-  }
-
-  void PreciosRapidos() {
-    VENTARIX_COMPANY(company);
-    Session s = Sesion(company);
     Connection c(s.Cadena);
     QVERIFY(Guardado(c, u"R"_s, {{u"costo"_s, 50.0}}));
     QVERIFY(GuardarPreciosRapidos(s, u"R"_s, {58, 16, 40, 50}).ok);
@@ -295,6 +267,21 @@ class TestProductos : public QObject {
     s.usuario.Set(u"productos"_s, u"SSN"_s);
     QVERIFY(!GuardarPreciosRapidos(s, u"R"_s, {1, 1, 1, 1}).ok);
     QCOMPARE(Valor(c, u"precio"_s, u"R"_s).toDouble(), 58.0);
+
+    s.usuario.Set(u"productos"_s, u"SSS"_s);
+    s.Administrador = false;
+    s.usuario.Set(u"modificarcosto"_s, u"N"_s);
+    QVERIFY(Guardado(c, u"K"_s, {{u"costo"_s, 50.0}, {u"utilidad1"_s, 10.0}}));
+    Leido leido;
+    QVERIFY(LeerProducto(s, u"K"_s, &leido).ok);
+    leido.producto.costo = 1;
+    QVERIFY(CambioProducto(s, leido.producto).ok);
+    QCOMPARE(Valor(c, u"costo"_s, u"K"_s).toDouble(), 50.0);
+    QCOMPARE(Valor(c, u"precio1"_s, u"K"_s).toDouble(), 55.0);
+    QVERIFY(GuardarPreciosRapidos(s, u"K"_s, {232, 16, 2, 200}).ok);
+    QCOMPARE(Valor(c, u"costo"_s, u"K"_s).toDouble(), 50.0);
+    QCOMPARE(Valor(c, u"precio"_s, u"K"_s).toDouble(), 232.0);
+    QCOMPARE(Valor(c, u"venta"_s, u"K"_s).toDouble(), 200.0);
   }
 
   // ---- Code change ----

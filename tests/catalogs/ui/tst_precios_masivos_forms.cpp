@@ -10,9 +10,11 @@
 #include <QTableWidget>
 #include <QTest>
 
+#include "catalogs/producto_filas.h"
 #include "catalogs/ui/mdi_inicio_cambiar.h"
 #include "catalogs/ui/mdi_inicio_costos.h"
 #include "catalogs/ui/mdi_inicio_precios.h"
+#include "catalogs/ui/pantallas_prueba.h"
 #include "catalogs/ui/precios_masivos_registro.h"
 #include "catalogs/ui/rejilla_pegado.h"
 #include "core/mFunciones.h"
@@ -23,8 +25,11 @@
 
 using namespace ventarix;
 using namespace Qt::StringLiterals;
+using testing::ColumnaDeProducto;
 using testing::InsertarFila;
 using testing::ModalCatcher;
+using testing::Mostrar;
+using testing::ProductoConMargenes;
 
 namespace {
 
@@ -32,30 +37,6 @@ Session Sesion(const testing::TestCompany& company) {
   Session session = company.MakeSession();
   mFunciones::CrearCarpetas(session);
   return session;
-}
-
-bool Mostrar(QWidget& forma) {
-  forma.show();
-  forma.activateWindow();
-  return QTest::qWaitForWindowActive(&forma);
-}
-
-bool Producto(Connection& c, const QString& codigo) {
-  return InsertarFila(c, u"productos"_s,
-                      {{u"codigo"_s, codigo},
-                       {u"producto"_s, u"PRODUCTO "_s + codigo},
-                       {u"costo"_s, 5.0},
-                       {u"impuesto"_s, 16.0},
-                       {u"utilidad1"_s, 30.0},
-                       {u"utilidad2"_s, 25.0},
-                       {u"utilidad3"_s, 20.0},
-                       {u"utilidad4"_s, 15.0},
-                       {u"utilidad5"_s, 10.0}});
-}
-
-double Columna(Connection& c, const QString& columna, const QString& codigo) {
-  return c.Scalar(u"select "_s + columna + u" from productos where codigo = ?"_s, {codigo})
-      .toDouble();
 }
 
 }  // namespace
@@ -72,7 +53,8 @@ class TestPreciosMasivosForms : public QObject {
   void pegarCostosYGuardar() {
     VENTARIX_COMPANY(company);
     Connection c(company.cadena());
-    for (const QString& codigo : {u"A1"_s, u"B2"_s, u"C3"_s}) QVERIFY(Producto(c, codigo));
+    for (const QString& codigo : {u"A1"_s, u"B2"_s, u"C3"_s})
+      QVERIFY(ProductoConMargenes(c, codigo));
     Session session = Sesion(company);
     session.empresa.Set(u"aplicar_utilidad_aritmetica"_s, u"S"_s);
     FormRegistry registry;
@@ -99,10 +81,10 @@ class TestPreciosMasivosForms : public QObject {
     QCOMPARE(catcher.titles, QStringList{u"Ventarix"_s});
     QCOMPARE(catcher.icons, QList<QMessageBox::Icon>{QMessageBox::Information});
     QCOMPARE(rejilla->currentRow(), 4);
-    QCOMPARE(Columna(c, u"costo"_s, u"A1"_s), 10.0);
-    QCOMPARE(Columna(c, u"precio1"_s, u"A1"_s), 13.0);
-    QCOMPARE(Columna(c, u"costo"_s, u"B2"_s), 1020.5);
-    QCOMPARE(Columna(c, u"costo"_s, u"C3"_s), 5.0);
+    QCOMPARE(ColumnaDeProducto(c, u"costo"_s, u"A1"_s), 10.0);
+    QCOMPARE(ColumnaDeProducto(c, u"precio1"_s, u"A1"_s), 13.0);
+    QCOMPARE(ColumnaDeProducto(c, u"costo"_s, u"B2"_s), 1020.5);
+    QCOMPARE(ColumnaDeProducto(c, u"costo"_s, u"C3"_s), 5.0);
   }
 
   // New products from a prices sheet, the second without a brand: the warning, the grid on
@@ -138,8 +120,8 @@ class TestPreciosMasivosForms : public QObject {
     QTest::keyClick(&netos, Qt::Key_G, Qt::AltModifier);
     QTRY_COMPARE(catcher.texts.size(), 2);
     QCOMPARE(catcher.texts.last(), u"Los productos se han agregado hasta la fila 3"_s);
-    QCOMPARE(Columna(c, u"marca"_s, u"N2"_s), 3.0);
-    QCOMPARE(Columna(c, u"precio"_s, u"N2"_s), 5.8);
+    QCOMPARE(ColumnaDeProducto(c, u"marca"_s, u"N2"_s), 3.0);
+    QCOMPARE(ColumnaDeProducto(c, u"precio"_s, u"N2"_s), 5.8);
   }
 
   // The change waiting in the company row runs as the window shows: the bar counts the
@@ -150,7 +132,7 @@ class TestPreciosMasivosForms : public QObject {
     QVERIFY(InsertarFila(
         c, u"empresa"_s,
         {{u"numero"_s, 1}, {u"codigo actual"_s, u"VIEJO"_s}, {u"codigo nuevo"_s, u"NUEVO"_s}}));
-    QVERIFY(Producto(c, u"VIEJO"_s));
+    QVERIFY(ProductoConMargenes(c, u"VIEJO"_s));
     QVERIFY(InsertarFila(c, u"facturas detalles"_s,
                          {{u"factura"_s, u"A-1"_s}, {u"codigo"_s, u"VIEJO"_s}}));
     Session session = Sesion(company);
@@ -220,7 +202,7 @@ class TestPreciosMasivosForms : public QObject {
   void preciosElegirNivel() {
     VENTARIX_COMPANY(company);
     Connection c(company.cadena());
-    QVERIFY(Producto(c, u"A1"_s));
+    QVERIFY(ProductoConMargenes(c, u"A1"_s));
     QVERIFY(
         c.Run(u"update productos set costo = 10, precio1 = 13, precio2 = 12.5, precio3 = 12, "
               "precio4 = 11.5, precio5 = 11 where codigo = 'A1'"_s));
