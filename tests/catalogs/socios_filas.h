@@ -41,6 +41,14 @@ inline bool PrepararSocios(const QString& cadena) {
   return true;
 }
 
+// The company of the current engine, prepared with the partner rows, and a session with every
+// right on them.
+#define VENTARIX_SOCIOS(company, session)                       \
+  VENTARIX_COMPANY(company);                                    \
+  QVERIFY(ventarix::testing::PrepararSocios(company.cadena())); \
+  ventarix::Session session = company.MakeSession();            \
+  ventarix::testing::DerechosDeSocios(session, QStringLiteral("SSS"))
+
 // Every rights text of the partner catalogues.
 inline void DerechosDeSocios(Session& session, const QString& derechos) {
   for (const char* columna : {"Clientes", "Proveedores", "Agentes", "Bancos"}) {

@@ -14,6 +14,7 @@
 #include "catalogs/socios_filas.h"
 #include "catalogs/socios_guardar.h"
 #include "catalogs/ui/frm_socios.h"
+#include "catalogs/ui/pantallas_prueba.h"
 #include "catalogs/ui/socios_registro.h"
 #include "core/database.h"
 #include "core/ui/campo_captura.h"
@@ -24,21 +25,11 @@
 
 using namespace ventarix;
 using namespace Qt::StringLiterals;
+using ventarix::testing::Guardar;
 using ventarix::testing::ModalCatcher;
+using ventarix::testing::Mostrar;
 
 namespace {
-
-#define VENTARIX_SOCIOS(company, session)             \
-  VENTARIX_COMPANY(company);                          \
-  QVERIFY(testing::PrepararSocios(company.cadena())); \
-  Session session = company.MakeSession();            \
-  testing::DerechosDeSocios(session, u"SSS"_s)
-
-bool Mostrar(QWidget& forma) {
-  forma.show();
-  forma.activateWindow();
-  return QTest::qWaitForWindowActive(&forma);
-}
 
 QWidget* Foco() { return QApplication::focusWidget(); }
 
@@ -70,12 +61,6 @@ void EnCelda(QTableWidget* grid, const QString& texto) {
   QTest::keyClicks(Foco(), texto.mid(1));
   QTest::keyClick(Foco(), Qt::Key_Return);
   QCoreApplication::processEvents();  // the cell is written back once the key is handled
-}
-
-void Guardar(QWidget& forma) {
-  auto* guardar = forma.findChild<QPushButton*>(u"Guardar"_s);
-  guardar->setFocus();
-  QTest::keyClick(guardar, Qt::Key_Return);
 }
 
 QVariant Valor(const Session& s, const QString& sentencia, const QVariantList& valores = {}) {
