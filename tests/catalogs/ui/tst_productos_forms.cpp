@@ -15,6 +15,7 @@
 #include "catalogs/ui/frm_productos_p.h"
 #include "catalogs/ui/grid_niveles.h"
 #include "catalogs/ui/mdi_inicio_cambiar.h"
+#include "catalogs/ui/pantallas_prueba.h"
 #include "core/database.h"
 #include "core/ui/form_registry.h"
 #include "support/document_rows.h"
@@ -24,6 +25,7 @@
 using namespace ventarix;
 using namespace Qt::StringLiterals;
 using ventarix::testing::ModalCatcher;
+using ventarix::testing::Mostrar;
 
 namespace {
 
@@ -59,12 +61,6 @@ Session Tienda(const testing::TestCompany& company) {
                              {u"marca"_s, 5}});
   if (!ok) qWarning("the shop's rows could not be written");
   return s;
-}
-
-bool Mostrar(QWidget& forma) {
-  forma.show();
-  forma.activateWindow();
-  return QTest::qWaitForWindowActive(&forma);
 }
 
 void Enter(QWidget* campo = QApplication::focusWidget()) { QTest::keyClick(campo, Qt::Key_Return); }
@@ -174,9 +170,7 @@ class TestProductosForms : public QObject {
     QCOMPARE(fg1->PrecioConImpuesto(1), 125.28);
     testing::SaveShot(&alta, u"frm_productos_a"_s);
 
-    auto* guardar = alta.findChild<QPushButton*>(u"Guardar"_s);
-    guardar->setFocus();
-    Enter(guardar);
+    testing::Guardar(alta);
     QCOMPARE(alta.result(), int(QDialog::Accepted));
     QCOMPARE(s.RegistroActual, u"12-00001"_s);
     QCOMPARE(Columna(s, u"producto"_s, u"12-00001"_s).toString(), u"DESARMADOR PLANO"_s);
@@ -230,9 +224,7 @@ class TestProductosForms : public QObject {
     auto* fg1 = cambio.findChild<GridNiveles*>(u"Fg1"_s);
     QCOMPARE(fg1->Utilidades()[0], 77.0);
     QCOMPARE(fg1->PrecioSinImpuesto(0), 88.5);  // 50 * 1.77, rounded to 4
-    auto* guardar = cambio.findChild<QPushButton*>(u"Guardar"_s);
-    guardar->setFocus();
-    Enter(guardar);
+    testing::Guardar(cambio);
     QCOMPARE(cambio.result(), int(QDialog::Accepted));
     QCOMPARE(Columna(s, u"utilidad1"_s, u"12-00009"_s).toDouble(), 77.0);
     QCOMPARE(Columna(s, u"utilidad2"_s, u"12-00009"_s).toDouble(), 0.0);
@@ -337,9 +329,7 @@ class TestProductosForms : public QObject {
     Teclear(u"25"_s);
     QCOMPARE(QApplication::focusWidget(), cambio.findChild<QLineEdit*>(u"Utilidad2"_s));
     testing::SaveShot(&cambio, u"frm_marcas_c"_s);
-    auto* guardar = cambio.findChild<QPushButton*>(u"Guardar"_s);
-    guardar->setFocus();
-    Enter(guardar);
+    testing::Guardar(cambio);
     QCOMPARE(cambio.result(), int(QDialog::Accepted));
     QCOMPARE(s.RegistroActual, u"12"_s);
     QCOMPARE(Columna(s, u"utilidad1"_s, u"12-00001"_s).toDouble(), 25.0);
