@@ -4,12 +4,13 @@
 #include <QDir>
 #include <QFile>
 #include <QTest>
-#include <QTimeZone>
 
 #include "core/database.h"
 #include "core/dialect.h"
 #include "core/mFunciones.h"
+#include "edocs/certificado.h"
 #include "edocs/folios_rangos.h"
+#include "edocs/herramientas.h"
 #include "support/document_rows.h"
 #include "support/test_company.h"
 
@@ -17,39 +18,13 @@ using namespace ventarix;
 using namespace Qt::StringLiterals;
 using edocs::Esquema;
 using edocs::FamiliaFolios;
+using testing::Leer;
 
 namespace {
 
 const QString kCsd = QStringLiteral(VENTARIX_SHARED_DIR "/sat/csd/");
 
 QString Csd(const QString& base, const QString& extension) { return kCsd + base + extension; }
-
-QByteArray Bytes(const QString& ruta) {
-  QFile archivo(ruta);
-  return archivo.open(QIODevice::ReadOnly) ? archivo.readAll() : QByteArray();
-}
-
-// The serial and validity the SAT's index of test certificates gives for a pair.
-struct Indice {
-  QString serie;
-  QDateTime desde, hasta;
-};
-
-Indice DelIndice(const QString& base) {
-  QFile archivo(kCsd + u"index.tsv"_s);
-  if (!archivo.open(QIODevice::ReadOnly)) return {};
-  auto fecha = [](const QString& texto) {
-    QDateTime d = QLocale::c().toDateTime(texto.simplified().chopped(4), u"MMM d HH:mm:ss yyyy"_s);
-    d.setTimeZone(QTimeZone::utc());
-    return d;
-  };
-  while (!archivo.atEnd()) {
-    const QStringList campos = QString::fromUtf8(archivo.readLine()).split(u'\t');
-    if (campos.size() > 4 && campos[0] == base)
-      return {campos[2], fecha(campos[3]), fecha(campos[4])};
-  }
-  return {};
-}
 
 Session SesionDe(const testing::TestCompany& company) {
   Session s = company.MakeSession();
@@ -244,7 +219,7 @@ class TestFolios : public QObject {
     r.imprimir_logotipo = true;
     r.alinear_logotipo = 7;
     edocs::MaterialNuevo nuevo = ParDePrueba(u"AAA010101AAA_20001000000100005867"_s);
-    nuevo.cbb = Bytes(kCsd + u"index.tsv"_s);
+    nuevo.cbb = Leer(kCsd + u"index.tsv"_s);
     const qint32 numero = Alta(s, FamiliaFolios::kFacturas, r, nuevo);
     QCOMPARE(numero, 1);
     Connection c(s.Cadena);
@@ -276,7 +251,7 @@ class TestFolios : public QObject {
   // A CFDI range stores the chosen pair byte for byte with the password; a change without
   // choosing files keeps them (and a password typed then is not stored), a change with a new
   // pair replaces them in the same row. The certificate's number and validity are the ones
-  // the SAT's index gives.
+  // read from the file (checked against the SAT's index by the key tests).
   void CertificadoSeConservaSinArchivos() {
     VENTARIX_COMPANY(company);
     const Session s = SesionDe(company);
@@ -290,15 +265,16 @@ class TestFolios : public QObject {
       Connection c(s.Cadena);
       return edocs::LeerMaterial(c, FamiliaFolios::kNotas, r.numero);
     };
-    QCOMPARE(material().certificado, Bytes(Csd(par1, u".cer"_s)));
-    QCOMPARE(material().llave, Bytes(Csd(par1, u".key"_s)));
+    QCOMPARE(material().certificado, Leer(Csd(par1, u".cer"_s)));
+    QCOMPARE(material().llave, Leer(Csd(par1, u".key"_s)));
     QCOMPARE(material().password, u"12345678a"_s);
-    const Indice indice = DelIndice(par1);
-    QCOMPARE(Valor(s, u"select nocertificado from \"folios notas\""_s).toString(), indice.serie);
+    const edocs::Certificado cer1 = edocs::LeerCertificadoDeArchivo(Csd(par1, u".cer"_s));
+    QCOMPARE(Valor(s, u"select nocertificado from \"folios notas\""_s).toString(),
+             cer1.NoCertificado);
     QCOMPARE(dialect::ReadDate(Valor(s, u"select validodesde from \"folios notas\""_s)),
-             indice.desde);
+             cer1.valido_desde);
     QCOMPARE(dialect::ReadDate(Valor(s, u"select validohasta from \"folios notas\""_s)),
-             indice.hasta);
+             cer1.valido_hasta);
     QCOMPARE(Valor(s, u"select version from \"folios notas\""_s).toString(), u"3.2"_s);
     QCOMPARE(Valor(s, u"select algoritmosellodigital from \"folios notas\""_s).toString(),
              u"sha-1"_s);
@@ -307,18 +283,18 @@ class TestFolios : public QObject {
     r.password = u"otra"_s;
     QVERIFY(edocs::GuardarRango(s, FamiliaFolios::kNotas, false, &r, {}));
     QCOMPARE(Valor(s, u"select leyenda1 from \"folios notas\""_s).toString(), u"Segunda vuelta"_s);
-    QCOMPARE(material().certificado, Bytes(Csd(par1, u".cer"_s)));
+    QCOMPARE(material().certificado, Leer(Csd(par1, u".cer"_s)));
     QCOMPARE(material().password, u"12345678a"_s);
 
     edocs::LeerInforme(Csd(par2, u".cer"_s), &r);
     r.password = u"12345678a"_s;
     QVERIFY(edocs::GuardarRango(s, FamiliaFolios::kNotas, false, &r, ParDePrueba(par2)));
-    QCOMPARE(material().certificado, Bytes(Csd(par2, u".cer"_s)));
-    QCOMPARE(material().llave, Bytes(Csd(par2, u".key"_s)));
+    QCOMPARE(material().certificado, Leer(Csd(par2, u".cer"_s)));
+    QCOMPARE(material().llave, Leer(Csd(par2, u".key"_s)));
     QCOMPARE(Valor(s, u"select count(*) from certificados"_s).toInt(), 1);
     QCOMPARE(Valor(s, u"select documento from certificados"_s).toInt(), 1);
     QCOMPARE(Valor(s, u"select nocertificado from \"folios notas\""_s).toString(),
-             DelIndice(par2).serie);
+             edocs::LeerCertificadoDeArchivo(Csd(par2, u".cer"_s)).NoCertificado);
   }
 
   // The CBB image is stored with the range, replaced, and its row deleted when the image is
@@ -327,7 +303,7 @@ class TestFolios : public QObject {
     VENTARIX_COMPANY(company);
     const Session s = SesionDe(company);
     edocs::RangoFolios r = Completo(Esquema::kCbb);
-    const QByteArray imagen = Bytes(Csd(u"AAA010101AAA_20001000000100005867"_s, u".cer"_s));
+    const QByteArray imagen = Leer(Csd(u"AAA010101AAA_20001000000100005867"_s, u".cer"_s));
     r.numero = Alta(s, FamiliaFolios::kFacturas, r, {{}, {}, imagen});
     edocs::RangoFolios leido;
     QByteArray cbb;
@@ -367,8 +343,8 @@ class TestFolios : public QObject {
     QVERIFY(leido.password.isEmpty());
     QVERIFY(edocs::RestaurarMaterial(s, FamiliaFolios::kFacturas, &leido).empty());
     QCOMPARE(leido.password, u"12345678a"_s);
-    QCOMPARE(Bytes(cer), Bytes(Csd(u"AAA010101AAA_20001000000100005867"_s, u".cer"_s)));
-    QCOMPARE(Bytes(key), QByteArray("la del usuario"));
+    QCOMPARE(Leer(cer), Leer(Csd(u"AAA010101AAA_20001000000100005867"_s, u".cer"_s)));
+    QCOMPARE(Leer(key), QByteArray("la del usuario"));
 
     {
       Connection c(s.Cadena);

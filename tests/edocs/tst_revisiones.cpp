@@ -19,6 +19,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+using Sellador = ResultadoSellado (*)(const Session&, DocumentoCaptura&, const QString&);
+
 // The faults of an invoice in the order the chain looks at them.
 enum Falta {
   kBaja,
@@ -123,6 +125,7 @@ class TestRevisiones : public QObject {
     for (int f = primera; f < kFaltas; ++f) Aplicar(Falta(f), session, forma, vacia.path());
     const ResultadoSellado r = SellarIngresoCFDi(session, forma, {});
     QCOMPARE(r.Msg1, mensaje.contains(u"%1"_s) ? mensaje.arg(vacia.path()) : mensaje);
+    if (primera == kSinCliente) QCOMPARE(forma.Dato(1), u"0"_s);  // the unknown client is cleared
     QVERIFY(r.archivo.isEmpty());
     QVERIFY(QDir(session.CarpetaXml).isEmpty());
   }
@@ -152,30 +155,71 @@ class TestRevisiones : public QObject {
     }
   }
 
-  void Material_data() {
+  // One change to the fixture's rows, then the document sealed: the key material, the
+  // client's address, and, kept as the chain always behaved, a range without regime and a CFD
+  // for a client whose addenda is built by its own screen, which end without a message and
+  // without a file. An empty statement removes the certificates' folder instead.
+  void UnCambio_data() {
+    QTest::addColumn<int>("driver");  // 0 factura CFDi, 1 factura CFD, 2 nota CFDi
     QTest::addColumn<QString>("sentencia");
-    QTest::addColumn<bool>("sin_carpeta");
+    QTest::addColumn<QString>("valor");  // bound to the statement's mark, if it has one
     QTest::addColumn<QString>("mensaje");
-    QTest::newRow("certificado nulo")
-        << u"update certificados set certificado = null where documento = 1"_s << false
-        << u"Se requiere un archivo certificado"_s;
-    QTest::newRow("llave nula") << u"update certificados set llave = null where documento = 1"_s
-                                << false << u"Se requiere un archivo llave"_s;
-    QTest::newRow("sin carpeta de certificados")
-        << QString() << true << u"Se requiere un archivo certificado en: Folios Facturas"_s;
-    QTest::newRow("rango sin archivo llave")
-        << u"update \"folios notas\" set archivollave = ''"_s << false
-        << u"Se requiere un archivo llave en: Folios Facturas"_s;
+    QTest::addColumn<bool>("archivo");
+    auto fila = [](const char* nombre, int driver, const QString& sentencia, const QString& valor,
+                   const QString& mensaje, bool archivo = false) {
+      QTest::newRow(nombre) << driver << sentencia << valor << mensaje << archivo;
+    };
+    fila("certificado nulo", 2, u"update certificados set certificado = null where documento = 1"_s,
+         {}, u"Se requiere un archivo certificado"_s);
+    fila("llave nula", 2, u"update certificados set llave = null where documento = 1"_s, {},
+         u"Se requiere un archivo llave"_s);
+    fila("sin carpeta de certificados", 2, {}, {},
+         u"Se requiere un archivo certificado en: Folios Facturas"_s);
+    fila("rango sin archivo llave", 2, u"update \"folios notas\" set archivollave = ''"_s, {},
+         u"Se requiere un archivo llave en: Folios Facturas"_s);
+    const QString rfc = u"El RFC de este cliente no es válido: "_s;
+    const QString cliente = u"update clientes set %1 = ?"_s;
+    const QString cp = u"Se requiere la entrada de un Código Postal"_s;
+    fila("sin rfc", 0, cliente.arg(u"rfc"_s), {}, rfc + u"Sin RFC"_s);
+    fila("rfc mes 13", 0, cliente.arg(u"rfc"_s), u"FCL851323QA7"_s, rfc + u"FCL851323QA7"_s);
+    fila("calle", 0, cliente.arg(u"calle"_s), {},
+         u"Se requiere la entrada de una nombre de Calle"_s);
+    fila("exterior", 0, cliente.arg(u"noexterior"_s), {},
+         u"Se requiere la entrada de un No. Exterior"_s);
+    fila("interior no hace falta", 0, cliente.arg(u"nointerior"_s), {}, {}, true);
+    fila("colonia", 0, cliente.arg(u"colonia"_s), {}, u"Se requiere la entrada de una Colonia"_s);
+    fila("municipio", 0, cliente.arg(u"municipio"_s), {},
+         u"Se requiere la entrada de un Municipio"_s);
+    fila("estado", 0, cliente.arg(u"estado"_s), {}, u"Se requiere la entrada de un Estado"_s);
+    fila("país", 0, cliente.arg(u"pais"_s), {}, u"Se requiere la entrada de un País"_s);
+    fila("cp de 4", 0, cliente.arg(u"codigopostal"_s), u"6400"_s, cp);
+    fila("cp de 6", 0, cliente.arg(u"codigopostal"_s), u"640001"_s, cp);
+    fila("CFDi sin régimen", 0, u"update \"folios facturas\" set regimenfiscal = ''"_s, {}, {});
+    fila("CFD de QUALITAS", 1, cliente.arg(u"addenda"_s), u"QUALITAS"_s, {});
+    fila("CFD de INBURSA", 1, cliente.arg(u"addenda"_s), u"INBURSA"_s, {});
+    fila("CFDi de QUALITAS se sella", 0, cliente.arg(u"addenda"_s), u"QUALITAS"_s, {}, true);
   }
-  void Material() {
+  void UnCambio() {
+    QFETCH(int, driver);
     QFETCH(QString, sentencia);
-    QFETCH(bool, sin_carpeta);
+    QFETCH(QString, valor);
     QFETCH(QString, mensaje);
+    QFETCH(bool, archivo);
     VENTARIX_SELLADO(company, session);
-    if (!sentencia.isEmpty()) QVERIFY(EjecutarSql(session, sentencia, {}));
-    if (sin_carpeta) QVERIFY(QDir(session.CarpetaCer).removeRecursively());
-    DocumentoCaptura forma = Documento(kNotaCFDi, u"NC"_s, true);
-    QCOMPARE(SellarEgresoCFDi(session, forma, {}).Msg1, mensaje);
+    if (sentencia.isEmpty()) {
+      QVERIFY(QDir(session.CarpetaCer).removeRecursively());
+    } else {
+      QVERIFY(EjecutarSql(session, sentencia,
+                          sentencia.contains(u'?') ? QVariantList{valor} : QVariantList{}));
+    }
+    static const Sellador kDrivers[] = {SellarIngresoCFDi, SellarIngresoCFD, SellarEgresoCFDi};
+    DocumentoCaptura forma = driver == 2   ? Documento(kNotaCFDi, u"NC"_s, true)
+                             : driver == 1 ? Documento(kFacturaCFD, u"B"_s, false)
+                                           : Documento(kFacturaCFDi, u"A"_s, false);
+    const ResultadoSellado r = kDrivers[driver](session, forma, {});
+    QCOMPARE(r.Msg1, mensaje);
+    QCOMPARE(!r.archivo.isEmpty(), archivo);
+    QCOMPARE(QDir(session.CarpetaXml).isEmpty(), !archivo);
   }
 
   // The .cer and .key come back from the database when the folder lost them.
@@ -194,50 +238,6 @@ class TestRevisiones : public QObject {
     QVERIFY2(r.ok(), qPrintable(r.Msg1));
     QVERIFY(QFile::exists(key));
     QVERIFY(QFile::exists(r.archivo));
-  }
-
-  void Cliente_data() {
-    QTest::addColumn<QString>("columna");
-    QTest::addColumn<QString>("valor");
-    QTest::addColumn<QString>("mensaje");
-    const QString rfc = u"El RFC de este cliente no es válido: "_s;
-    QTest::newRow("sin rfc") << u"rfc"_s << QString() << rfc + u"Sin RFC"_s;
-    QTest::newRow("rfc mes 13") << u"rfc"_s << u"FCL851323QA7"_s << rfc + u"FCL851323QA7"_s;
-    QTest::newRow("calle") << u"calle"_s << QString()
-                           << u"Se requiere la entrada de una nombre de Calle"_s;
-    QTest::newRow("exterior") << u"noexterior"_s << QString()
-                              << u"Se requiere la entrada de un No. Exterior"_s;
-    QTest::newRow("interior no hace falta") << u"nointerior"_s << QString() << QString();
-    QTest::newRow("colonia") << u"colonia"_s << QString()
-                             << u"Se requiere la entrada de una Colonia"_s;
-    QTest::newRow("municipio") << u"municipio"_s << QString()
-                               << u"Se requiere la entrada de un Municipio"_s;
-    QTest::newRow("estado") << u"estado"_s << QString() << u"Se requiere la entrada de un Estado"_s;
-    QTest::newRow("país") << u"pais"_s << QString() << u"Se requiere la entrada de un País"_s;
-    QTest::newRow("cp de 4") << u"codigopostal"_s << u"6400"_s
-                             << u"Se requiere la entrada de un Código Postal"_s;
-    QTest::newRow("cp de 6") << u"codigopostal"_s << u"640001"_s
-                             << u"Se requiere la entrada de un Código Postal"_s;
-  }
-  void Cliente() {
-    QFETCH(QString, columna);
-    QFETCH(QString, valor);
-    QFETCH(QString, mensaje);
-    VENTARIX_SELLADO(company, session);
-    QVERIFY(EjecutarSql(session, u"update clientes set %1 = ? where numero = ?"_s.arg(columna),
-                        {valor, kCliente}));
-    DocumentoCaptura forma = Documento(kFacturaCFDi, u"A"_s, false);
-    const ResultadoSellado r = SellarIngresoCFDi(session, forma, {});
-    QCOMPARE(r.Msg1, mensaje);
-    QCOMPARE(r.archivo.isEmpty(), !mensaje.isEmpty());
-  }
-
-  void ClienteInexistente() {
-    VENTARIX_SELLADO(company, session);
-    DocumentoCaptura forma = Documento(kFacturaCFDi, u"A"_s, false);
-    forma.Datos.insert(1, u"4321"_s);
-    QCOMPARE(SellarIngresoCFDi(session, forma, {}).Msg1, u"Se requiere la entrada de un cliente"_s);
-    QCOMPARE(forma.Dato(1), u"0"_s);
   }
 
   // The first file of the scheme's list missing from its folder is named with the folder.
@@ -263,35 +263,6 @@ class TestRevisiones : public QObject {
         cfd ? Documento(kFacturaCFD, u"B"_s, false) : Documento(kFacturaCFDi, u"A"_s, false);
     const ResultadoSellado r = (cfd ? SellarIngresoCFD : SellarIngresoCFDi)(session, forma, {});
     QCOMPARE(r.Msg1, u"Se requiere el archivo: "_s + falta + u" en: "_s + copia.path());
-  }
-
-  // Kept as the chain always behaved: a range without regime, and a CFD for a client whose
-  // addenda is built by its own screen, end without a message and without a file.
-  void SinArchivoNiMensaje_data() {
-    QTest::addColumn<QString>("sentencia");
-    QTest::addColumn<bool>("cfd");
-    QTest::addColumn<bool>("archivo");
-    QTest::newRow("CFDi sin régimen")
-        << u"update \"folios facturas\" set regimenfiscal = ''"_s << false << false;
-    QTest::newRow("CFD de QUALITAS")
-        << u"update clientes set addenda = 'QUALITAS'"_s << true << false;
-    QTest::newRow("CFD de INBURSA")
-        << u"update clientes set addenda = 'INBURSA'"_s << true << false;
-    QTest::newRow("CFDi de QUALITAS se sella")
-        << u"update clientes set addenda = 'QUALITAS'"_s << false << true;
-  }
-  void SinArchivoNiMensaje() {
-    QFETCH(QString, sentencia);
-    QFETCH(bool, cfd);
-    QFETCH(bool, archivo);
-    VENTARIX_SELLADO(company, session);
-    QVERIFY(EjecutarSql(session, sentencia, {}));
-    DocumentoCaptura forma =
-        cfd ? Documento(kFacturaCFD, u"B"_s, false) : Documento(kFacturaCFDi, u"A"_s, false);
-    const ResultadoSellado r = (cfd ? SellarIngresoCFD : SellarIngresoCFDi)(session, forma, {});
-    QCOMPARE(r.Msg1, QString());
-    QCOMPARE(!r.archivo.isEmpty(), archivo);
-    QCOMPARE(QDir(session.CarpetaXml).isEmpty(), !archivo);
   }
 };
 
