@@ -1,15 +1,27 @@
 #pragma once
 
-// What the document tests read back: one column of one row by its key, and a row's columns
-// against the figures and texts expected, reported together so one run shows every mismatch.
+// What the document tests write and read back: rows of a table given as one list of columns and
+// one line of values each, one column of one row by its key, and a row's columns against the
+// figures and texts expected, reported together so one run shows every mismatch.
 #include <QSqlQuery>
 
 #include "core/database.h"
 #include "core/dialect.h"
+#include "support/document_rows.h"
 
 namespace ventarix::testing {
 
 using namespace Qt::StringLiterals;
+
+inline bool InsertarFilas(Connection& c, const QString& tabla, const QStringList& columnas,
+                          const QList<QVariantList>& filas) {
+  for (const QVariantList& valores : filas) {
+    QVariantMap fila;
+    for (int i = 0; i < columnas.size(); ++i) fila.insert(columnas[i], valores.value(i));
+    if (!InsertarFila(c, tabla, fila)) return false;
+  }
+  return true;
+}
 
 inline QVariant Leer(Connection& c, const QString& tabla, const QString& columna_clave,
                      const QVariant& clave, const QString& columna) {

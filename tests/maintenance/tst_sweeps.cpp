@@ -7,6 +7,7 @@
 #include "core/column_rules.h"
 #include "core/mFunciones.h"
 #include "documents/stock_rows.h"
+#include "documents/stored_figures.h"
 #include "maintenance/sweeps.h"
 #include "support/document_rows.h"
 #include "support/test_company.h"
@@ -15,6 +16,7 @@ using namespace ventarix;
 using namespace Qt::StringLiterals;
 using testing::Existencias;
 using testing::InsertarFila;
+using testing::InsertarFilas;
 using Stock = std::array<double, 5>;
 
 namespace {
@@ -118,12 +120,7 @@ QSet<int> Periodos(Connection& c) {
 }
 
 QString Leer(Connection& c, const QString& tabla, const QString& clave, const QString& columna) {
-  return c
-      .Scalar(
-          u"select %1 from %2 where %3 = ?"_s.arg(dialect::Name(columna), dialect::Name(tabla),
-                                                  dialect::Name(column_rules::HeaderKey(tabla))),
-          {clave})
-      .toString();
+  return testing::Leer(c, tabla, column_rules::HeaderKey(tabla), clave, columna).toString();
 }
 
 // The sweep's steps as it reported them: label of each begun step, and how many ended.
@@ -195,54 +192,36 @@ class TestSweeps : public QObject {
     Session session = company.MakeSession();
     session.FechaFija = u"20240315"_s;  // the delivery notes are of the current year
     Connection c(company.cadena());
-    QVERIFY(InsertarFila(c, u"clientes"_s, {{u"numero"_s, 1}, {u"saldo"_s, 999}}));
-    QVERIFY(InsertarFila(c, u"proveedores"_s, {{u"numero"_s, 1}, {u"saldo"_s, 55}}));
+    const QStringList pago{u"pago"_s, u"item"_s, u"factura"_s, u"abono"_s};
+    const QStringList cabecera{u"total"_s, u"saldo"_s, u"status"_s};
+    QVERIFY(InsertarFilas(c, u"clientes"_s, {u"numero"_s, u"saldo"_s}, {{1, 999}}) &&
+            InsertarFilas(c, u"proveedores"_s, {u"numero"_s, u"saldo"_s}, {{1, 55}}));
     // Payments and notes as they were saved; the headers' figures as a crossing save left them.
-    QVERIFY(InsertarFila(c, u"facturas"_s,
-                         {{u"factura"_s, u"A-1"_s},
-                          {u"total"_s, 100},
-                          {u"saldo"_s, 100},
-                          {u"status"_s, u"POR COBRAR"_s}}));
-    QVERIFY(InsertarFila(c, u"facturas"_s,
-                         {{u"factura"_s, u"A-2"_s},
-                          {u"total"_s, 250},
-                          {u"saldo"_s, 0},
-                          {u"status"_s, u"LIQUIDADO"_s}}));
-    QVERIFY(InsertarFila(
-        c, u"cxc detalles"_s,
-        {{u"pago"_s, u"P-1"_s}, {u"item"_s, 1}, {u"factura"_s, u"A-1"_s}, {u"abono"_s, 60}}));
-    QVERIFY(InsertarFila(
-        c, u"cxc detalles"_s,
-        {{u"pago"_s, u"P-1"_s}, {u"item"_s, 2}, {u"factura"_s, u"A-2"_s}, {u"abono"_s, 50}}));
-    QVERIFY(InsertarFila(
-        c, u"notas cliente detalles"_s,
-        {{u"nota"_s, u"N-1"_s}, {u"item"_s, 1}, {u"factura"_s, u"A-1"_s}, {u"total"_s, 40}}));
-    QVERIFY(InsertarFila(c, u"compras"_s,
-                         {{u"compra"_s, u"C-1"_s},
-                          {u"total"_s, 80},
-                          {u"saldo"_s, 80},
-                          {u"status"_s, u"POR PAGAR"_s}}));
-    QVERIFY(InsertarFila(
-        c, u"cxp detalles"_s,
-        {{u"pago"_s, u"E-1"_s}, {u"item"_s, 1}, {u"compra"_s, u"C-1"_s}, {u"abono"_s, 80}}));
+    QVERIFY(
+        InsertarFilas(c, u"facturas"_s, QStringList{u"factura"_s} + cabecera,
+                      {{u"A-1"_s, 100, 100, u"POR COBRAR"_s}, {u"A-2"_s, 250, 0, u"LIQUIDADO"_s}}));
+    QVERIFY(InsertarFilas(c, u"cxc detalles"_s, pago,
+                          {{u"P-1"_s, 1, u"A-1"_s, 60}, {u"P-1"_s, 2, u"A-2"_s, 50}}));
+    QVERIFY(InsertarFilas(c, u"notas cliente detalles"_s,
+                          {u"nota"_s, u"item"_s, u"factura"_s, u"total"_s},
+                          {{u"N-1"_s, 1, u"A-1"_s, 40}}));
+    QVERIFY(InsertarFilas(c, u"compras"_s, QStringList{u"compra"_s} + cabecera,
+                          {{u"C-1"_s, 80, 80, u"POR PAGAR"_s}}));
+    QVERIFY(InsertarFilas(c, u"cxp detalles"_s, {u"pago"_s, u"item"_s, u"compra"_s, u"abono"_s},
+                          {{u"E-1"_s, 1, u"C-1"_s, 80}}));
     // A delivery note invoiced by A-2 that says it is not; an order half delivered that says it
     // is done.
-    QVERIFY(InsertarFila(c, u"remisiones"_s, {{u"remision"_s, u"R-1"_s}}));
-    QVERIFY(InsertarFila(c, u"facturas detalles"_s,
-                         {{u"factura"_s, u"A-2"_s}, {u"item"_s, 1}, {u"remision"_s, u"R-1"_s}}));
-    QVERIFY(InsertarFila(c, u"pedidos"_s, {{u"pedido"_s, u"PE-1"_s}, {u"status"_s, u"SURTIDO"_s}}));
-    QVERIFY(InsertarFila(c, u"pedidos detalles"_s,
-                         {{u"pedido"_s, u"PE-1"_s},
-                          {u"item"_s, 1},
-                          {u"codigo"_s, u"TORNILLO"_s},
-                          {u"cantidad"_s, 10},
-                          {u"surtir"_s, 0}}));
-    QVERIFY(InsertarFila(c, u"remisiones detalles"_s,
-                         {{u"remision"_s, u"R-1"_s},
-                          {u"item"_s, 1},
-                          {u"pedido"_s, u"PE-1"_s},
-                          {u"codigo"_s, u"TORNILLO"_s},
-                          {u"cantidad"_s, 4}}));
+    QVERIFY(InsertarFilas(c, u"remisiones"_s, {u"remision"_s}, {{u"R-1"_s}}));
+    QVERIFY(InsertarFilas(c, u"facturas detalles"_s, {u"factura"_s, u"item"_s, u"remision"_s},
+                          {{u"A-2"_s, 1, u"R-1"_s}}));
+    QVERIFY(
+        InsertarFilas(c, u"pedidos"_s, {u"pedido"_s, u"status"_s}, {{u"PE-1"_s, u"SURTIDO"_s}}));
+    QVERIFY(InsertarFilas(c, u"pedidos detalles"_s,
+                          {u"pedido"_s, u"item"_s, u"codigo"_s, u"cantidad"_s, u"surtir"_s},
+                          {{u"PE-1"_s, 1, u"TORNILLO"_s, 10, 0}}));
+    QVERIFY(InsertarFilas(c, u"remisiones detalles"_s,
+                          {u"remision"_s, u"item"_s, u"pedido"_s, u"codigo"_s, u"cantidad"_s},
+                          {{u"R-1"_s, 1, u"PE-1"_s, u"TORNILLO"_s, 4}}));
 
     Pasos pasos;
     const Outcome hecho = mantenimiento::Manto2(session, pasos.avance());
