@@ -9,6 +9,7 @@
 #include "core/dialect.h"
 #include "core/mFunciones.h"
 #include "edocs/certificado.h"
+#include "edocs/folios_prueba.h"
 #include "edocs/folios_rangos.h"
 #include "edocs/herramientas.h"
 #include "support/document_rows.h"
@@ -19,20 +20,14 @@ using namespace Qt::StringLiterals;
 using edocs::Esquema;
 using edocs::FamiliaFolios;
 using testing::Leer;
+using testing::SesionFolios;
+using testing::Valor;
 
 namespace {
 
 const QString kCsd = QStringLiteral(VENTARIX_SHARED_DIR "/sat/csd/");
 
 QString Csd(const QString& base, const QString& extension) { return kCsd + base + extension; }
-
-Session SesionDe(const testing::TestCompany& company) {
-  Session s = company.MakeSession();
-  mFunciones::CrearCarpetas(s);
-  s.usuario.Set(u"FoliosFacturas"_s, u"SSS"_s);
-  s.usuario.Set(u"FoliosNotas"_s, u"SSS"_s);
-  return s;
-}
 
 // A range every check of its scheme accepts; the sealed ones carry the 5867 test pair.
 edocs::RangoFolios Completo(Esquema esquema) {
@@ -52,11 +47,6 @@ edocs::RangoFolios Completo(Esquema esquema) {
 
 edocs::MaterialNuevo ParDePrueba(const QString& base) {
   return {Csd(base, u".cer"_s), Csd(base, u".key"_s), {}};
-}
-
-QVariant Valor(const Session& s, const QString& sentencia, const QVariantList& valores = {}) {
-  Connection c(s.Cadena);
-  return c.Scalar(sentencia, valores);
 }
 
 // Saves a new range and hands back its number (0 when refused, with the message in `error`).
@@ -158,7 +148,7 @@ class TestFolios : public QObject {
     VENTARIX_COMPANY(company);
     QFETCH(QString, serie);
     QFETCH(bool, aceptada);
-    const Session s = SesionDe(company);
+    const Session s = SesionFolios(company);
     edocs::RangoFolios r = Completo(Esquema::kNota);
     r.serie = serie;
     QString error;
@@ -177,7 +167,7 @@ class TestFolios : public QObject {
   // credit-note ranges are a table of their own.
   void SerieDeUnSoloEsquema() {
     VENTARIX_COMPANY(company);
-    const Session s = SesionDe(company);
+    const Session s = SesionFolios(company);
     edocs::RangoFolios cfdi = Completo(Esquema::kCfdi);
     cfdi.serie = u"F"_s;
     QVERIFY(Alta(s, FamiliaFolios::kFacturas, cfdi,
@@ -208,7 +198,7 @@ class TestFolios : public QObject {
   // counts 1.
   void NotaGuardaSoloNumerosYComunes() {
     VENTARIX_COMPANY(company);
-    const Session s = SesionDe(company);
+    const Session s = SesionFolios(company);
     edocs::RangoFolios r = Completo(Esquema::kNota);
     r.serie = u"N"_s;
     r.folio_inicial = u"7"_s;
@@ -254,7 +244,7 @@ class TestFolios : public QObject {
   // read from the file (checked against the SAT's index by the key tests).
   void CertificadoSeConservaSinArchivos() {
     VENTARIX_COMPANY(company);
-    const Session s = SesionDe(company);
+    const Session s = SesionFolios(company);
     const QString par1 = u"AAA010101AAA_20001000000100005867"_s;
     const QString par2 = u"AAA010101AAA_20001000000100005868"_s;
     edocs::RangoFolios r = Completo(Esquema::kCfdi);
@@ -301,7 +291,7 @@ class TestFolios : public QObject {
   // taken away; the change screen reads it back.
   void ImagenCbb() {
     VENTARIX_COMPANY(company);
-    const Session s = SesionDe(company);
+    const Session s = SesionFolios(company);
     edocs::RangoFolios r = Completo(Esquema::kCbb);
     const QByteArray imagen = Leer(Csd(u"AAA010101AAA_20001000000100005867"_s, u".cer"_s));
     r.numero = Alta(s, FamiliaFolios::kFacturas, r, {{}, {}, imagen});
@@ -323,7 +313,7 @@ class TestFolios : public QObject {
   // stored pair says what is missing.
   void MaterialRestaurado() {
     VENTARIX_COMPANY(company);
-    const Session s = SesionDe(company);
+    const Session s = SesionFolios(company);
     QVERIFY(QDir(s.CarpetaCer).exists());
     edocs::RangoFolios r = Completo(Esquema::kCfd);
     r.numero =
@@ -366,7 +356,7 @@ class TestFolios : public QObject {
   // row holds changes nothing.
   void Predeterminar() {
     VENTARIX_COMPANY(company);
-    Session s = SesionDe(company);
+    Session s = SesionFolios(company);
     {
       Connection c(s.Cadena);
       const std::array<std::pair<int, const char*>, 3> rangos = {
@@ -403,7 +393,7 @@ class TestFolios : public QObject {
   // Without the right to add, nothing is drawn nor written.
   void SinDerechoDeAlta() {
     VENTARIX_COMPANY(company);
-    Session s = SesionDe(company);
+    Session s = SesionFolios(company);
     s.usuario.Set(u"FoliosNotas"_s, u"NSS"_s);
     QString error;
     QCOMPARE(Alta(s, FamiliaFolios::kNotas, Completo(Esquema::kNota), {}, &error), 0);

@@ -21,6 +21,7 @@
 #include "core/ui/campo_captura.h"
 #include "core/ui/form_registry.h"
 #include "core/ui/navegador.h"
+#include "edocs/folios_prueba.h"
 #include "edocs/ui/frm_folios.h"
 #include "support/modal_catcher.h"
 #include "support/test_company.h"
@@ -28,6 +29,8 @@
 using namespace ventarix;
 using namespace Qt::StringLiterals;
 using ventarix::testing::ModalCatcher;
+using ventarix::testing::SesionFolios;
+using ventarix::testing::Valor;
 
 namespace {
 
@@ -75,19 +78,6 @@ struct Dialogos {
   }
 };
 
-Session SesionDe(const testing::TestCompany& company) {
-  Session s = company.MakeSession();
-  mFunciones::CrearCarpetas(s);
-  s.usuario.Set(u"FoliosFacturas"_s, u"SSS"_s);
-  s.usuario.Set(u"FoliosNotas"_s, u"SSS"_s);
-  return s;
-}
-
-QVariant Valor(const Session& s, const QString& sentencia) {
-  Connection c(s.Cadena);
-  return c.Scalar(sentencia);
-}
-
 QString Etiqueta(const QWidget& forma, const QString& nombre) {
   return forma.findChild<QLabel*>(nombre)->text();
 }
@@ -105,7 +95,7 @@ class TestFoliosForms : public QObject {
   // whose certificates folder lost the files.
   void RangoCfdiPorTeclado() {
     VENTARIX_COMPANY(company);
-    Session session = SesionDe(company);
+    Session session = SesionFolios(company);
     FrmFoliosFacturasA alta(session);
     Dialogos dialogos{{kPar + u".cer"_s, kPar + u".key"_s}, {}};
     dialogos.Conectar(alta);
@@ -265,7 +255,7 @@ class TestFoliosForms : public QObject {
   // Cancel on the question keeps the image, Yes takes it away and the save deletes its row.
   void RangoCbbDeNotas() {
     VENTARIX_COMPANY(company);
-    Session session = SesionDe(company);
+    Session session = SesionFolios(company);
     const QString bmp = company.folder() + u"/cbb.bmp"_s;
     QImage imagen(200, 200, QImage::Format_RGB32);
     imagen.fill(Qt::white);
