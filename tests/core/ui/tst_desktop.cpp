@@ -18,6 +18,7 @@
 #include "support/modal_catcher.h"
 #include "support/test_company.h"
 
+using namespace Qt::StringLiterals;
 using ventarix::Session;
 using ventarix::testing::ModalCatcher;
 
@@ -52,20 +53,17 @@ class TestDesktop : public QObject {
     ventana.Cargar();
     ventana.show();
     QVERIFY(QTest::qWaitForWindowExposed(&ventana));
-    QCOMPARE(ventana.Panel(6), QStringLiteral("ADMINISTRADOR"));
-    QVERIFY(ventana.findChild<QWidget*>(QStringLiteral("Panel6"))
-                ->findChild<QLabel*>(QStringLiteral("Icono"))
-                ->isVisible());
+    QCOMPARE(ventana.Panel(6), u"ADMINISTRADOR"_s);
+    QVERIFY(ventana.findChild<QWidget*>(u"Panel6"_s)->findChild<QLabel*>(u"Icono"_s)->isVisible());
     QCOMPARE(ventana.Panel(1), QFileInfo(company.path()).absoluteFilePath());
-    QCOMPARE(ventana.Panel(2), QStringLiteral("Tienda 1"));
-    QCOMPARE(ventana.Panel(3),
-             company.sql() ? QStringLiteral("PostgreSQL") : QStringLiteral("SQLite"));
+    QCOMPARE(ventana.Panel(2), u"Tienda 1"_s);
+    QCOMPARE(ventana.Panel(3), company.sql() ? u"PostgreSQL"_s : u"SQLite"_s);
     QCOMPARE(ventana.Panel(5), QString::number(QDate::currentDate().year()));
     for (const char* entrada : {"mnuReg_8", "mnuReg_24", "mnuCat_17", "mnuRte_8", "mnuUtil_11"}) {
       QVERIFY2(ventana.findChild<QAction*>(QString::fromLatin1(entrada))->isEnabled(), entrada);
     }
-    QCOMPARE(ventana.findChild<QAction*>(QStringLiteral("mnuUtil_1"))->isEnabled(), !company.sql());
-    ventarix::testing::SaveShot(&ventana, QStringLiteral("mdi_inicio_") + engine);
+    QCOMPARE(ventana.findChild<QAction*>(u"mnuUtil_1"_s)->isEnabled(), !company.sql());
+    ventarix::testing::SaveShot(&ventana, u"mdi_inicio_"_s + engine);
   }
 
   // A PostgreSQL company behind an address that does not answer: the address prompt, a wrong
@@ -76,7 +74,7 @@ class TestDesktop : public QObject {
     if (engine != QLatin1String("postgres"))
       QSKIP("remote addresses belong to PostgreSQL companies");
     QTemporaryDir dir;
-    const QString path = dir.filePath(QStringLiteral("remota.txt"));
+    const QString path = dir.filePath(u"remota.txt"_s);
     {
       QFile file(path);
       QVERIFY(file.open(QIODevice::WriteOnly | QIODevice::Text));
@@ -84,16 +82,14 @@ class TestDesktop : public QObject {
                          << "postgresql://sa:x@127.0.0.1:1433/empresa\n";
     }
     Session session;
-    ModalCatcher catcher(
-        {{QStringLiteral("1.2.3")}, {}, {QStringLiteral(" 127.0.0. 2 ")}, {QString()}, {}},
-        QStringLiteral("direccion_"));
+    ModalCatcher catcher({{u"1.2.3"_s}, {}, {u" 127.0.0. 2 "_s}, {QString()}, {}}, u"direccion_"_s);
     QVERIFY(!ventarix::escritorio::SeleccionarBaseDatos(session, path));
     const QString prompt = QStringLiteral(
         "Cuál es la nueva IP pública para la conexión remota ?\nEjemplo: 187.123.34.231");
-    QCOMPARE(catcher.texts, (QStringList{prompt, QStringLiteral("Esta IP no es válida"), prompt,
-                                         prompt, catcher.texts.value(4)}));
-    QCOMPARE(catcher.titles.value(0), QStringLiteral("IP pública del modem"));
-    QCOMPARE(catcher.titles.value(4), QStringLiteral("Abrir base de datos SqlServer / Access"));
+    QCOMPARE(catcher.texts, (QStringList{prompt, u"Esta IP no es válida"_s, prompt, prompt,
+                                         catcher.texts.value(4)}));
+    QCOMPARE(catcher.titles.value(0), u"IP pública del modem"_s);
+    QCOMPARE(catcher.titles.value(4), u"Abrir base de datos SqlServer / Access"_s);
     QFile file(path);
     QVERIFY(file.open(QIODevice::ReadOnly | QIODevice::Text));
     const QStringList lineas = QString::fromUtf8(file.readAll()).split(u'\n', Qt::SkipEmptyParts);

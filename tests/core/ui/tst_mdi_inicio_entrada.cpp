@@ -16,6 +16,7 @@
 #include "support/modal_catcher.h"
 #include "support/test_company.h"
 
+using namespace Qt::StringLiterals;
 using ventarix::MDIInicioEntrada;
 using ventarix::Session;
 using ventarix::testing::ModalCatcher;
@@ -28,7 +29,7 @@ bool AgregarUsuario(const QString& cadena, const QString& usuario, const QString
   return c.Run(QStringLiteral("insert into usuarios (usuario, \"contraseña\", tienda, "
                               "administrador, gerente, permisos) values (?, ?, ?, ?, 'N', ?)"),
                {usuario, ventarix::passwords::Hash(contrasena), tienda,
-                administrador ? QStringLiteral("S") : QStringLiteral("N"), QString(200, u'1')});
+                administrador ? u"S"_s : u"N"_s, QString(200, u'1')});
 }
 
 }  // namespace
@@ -48,8 +49,7 @@ class TestMdiInicioEntrada : public QObject {
   // then the right pair enters with the user's store and role.
   void UsuarioYContrasena() {
     VENTARIX_COMPANY(company);
-    QVERIFY(AgregarUsuario(company.cadena(), QStringLiteral("SUPERVISOR"), QStringLiteral("CLAVE9"),
-                           2, true));
+    QVERIFY(AgregarUsuario(company.cadena(), u"SUPERVISOR"_s, u"CLAVE9"_s, 2, true));
     Session session = company.MakeSession();
     ventarix::inicio::PrepararSesion(session);
     QVERIFY(!ventarix::startup::EntrarSinAcceso(session));
@@ -58,16 +58,16 @@ class TestMdiInicioEntrada : public QObject {
     entrada.show();
     entrada.activateWindow();
     QVERIFY(QTest::qWaitForWindowActive(&entrada));
-    auto* usuario = entrada.findChild<QLineEdit*>(QStringLiteral("usuario"));
-    auto* contrasena = entrada.findChild<QLineEdit*>(QStringLiteral("contrasena"));
-    auto* aceptar = entrada.findChild<QPushButton*>(QStringLiteral("Aceptar"));
+    auto* usuario = entrada.findChild<QLineEdit*>(u"usuario"_s);
+    auto* contrasena = entrada.findChild<QLineEdit*>(u"contrasena"_s);
+    auto* aceptar = entrada.findChild<QPushButton*>(u"Aceptar"_s);
     QVERIFY(usuario && contrasena && aceptar);
     QCOMPARE(contrasena->echoMode(), QLineEdit::Password);
-    QCOMPARE(entrada.findChild<QLabel*>(QStringLiteral("Path"))->text(), session.BaseDatos);
+    QCOMPARE(entrada.findChild<QLabel*>(u"Path"_s)->text(), session.BaseDatos);
 
     usuario->setFocus();
-    QTest::keyClicks(usuario, QStringLiteral("nadie"));
-    QCOMPARE(usuario->text(), QStringLiteral("NADIE"));
+    QTest::keyClicks(usuario, u"nadie"_s);
+    QCOMPARE(usuario->text(), u"NADIE"_s);
     QVERIFY(!aceptar->isEnabled());
     // Enter cannot accept yet, so it moves on.
     QTest::keyClick(usuario, Qt::Key_Return);
@@ -76,34 +76,33 @@ class TestMdiInicioEntrada : public QObject {
     QCOMPARE(QApplication::focusWidget(), usuario);
     QTest::keyClick(usuario, Qt::Key_Down);
     QCOMPARE(QApplication::focusWidget(), contrasena);
-    QTest::keyClicks(contrasena, QStringLiteral("clave9"));
-    QCOMPARE(contrasena->text(), QStringLiteral("CLAVE9"));
+    QTest::keyClicks(contrasena, u"clave9"_s);
+    QCOMPARE(contrasena->text(), u"CLAVE9"_s);
     QVERIFY(aceptar->isEnabled());
-    ventarix::testing::SaveShot(&entrada, QStringLiteral("entrada_") + engine);
+    ventarix::testing::SaveShot(&entrada, u"entrada_"_s + engine);
 
-    ModalCatcher catcher({}, QStringLiteral("entrada_mensaje_"));
+    ModalCatcher catcher({}, u"entrada_mensaje_"_s);
     QTest::keyClick(contrasena, Qt::Key_Return);
-    QCOMPARE(catcher.texts,
-             QStringList{QStringLiteral("Usuario no registrado para acceso al sistema")});
-    QCOMPARE(catcher.titles, QStringList{QStringLiteral("Ventarix")});
+    QCOMPARE(catcher.texts, QStringList{u"Usuario no registrado para acceso al sistema"_s});
+    QCOMPARE(catcher.titles, QStringList{u"Ventarix"_s});
     QCOMPARE(catcher.icons.value(0), QMessageBox::Warning);
     QCOMPARE(entrada.focusWidget(), usuario);
-    QCOMPARE(usuario->selectedText(), QStringLiteral("NADIE"));
+    QCOMPARE(usuario->selectedText(), u"NADIE"_s);
 
-    QTest::keyClicks(usuario, QStringLiteral("supervisor"));  // replaces the selection
-    QCOMPARE(usuario->text(), QStringLiteral("SUPERVISOR"));
+    QTest::keyClicks(usuario, u"supervisor"_s);  // replaces the selection
+    QCOMPARE(usuario->text(), u"SUPERVISOR"_s);
     contrasena->clear();
-    QTest::keyClicks(contrasena, QStringLiteral("otra"));
+    QTest::keyClicks(contrasena, u"otra"_s);
     QTest::keyClick(contrasena, Qt::Key_Return);
-    QCOMPARE(catcher.texts.value(1), QStringLiteral("Contraseña no válida para acceso al sistema"));
+    QCOMPARE(catcher.texts.value(1), u"Contraseña no válida para acceso al sistema"_s);
     QCOMPARE(entrada.focusWidget(), contrasena);
     QVERIFY(entrada.isVisible());
 
-    QTest::keyClicks(contrasena, QStringLiteral("clave9"));
+    QTest::keyClicks(contrasena, u"clave9"_s);
     QTest::keyClick(contrasena, Qt::Key_Return);
     QCOMPARE(catcher.texts.size(), 2);
     QCOMPARE(entrada.result(), int(QDialog::Accepted));
-    QCOMPARE(session.Usuario, QStringLiteral("SUPERVISOR"));
+    QCOMPARE(session.Usuario, u"SUPERVISOR"_s);
     QCOMPARE(session.Tienda, 2);
     QVERIFY(session.Administrador);
   }
@@ -111,24 +110,23 @@ class TestMdiInicioEntrada : public QObject {
   // Esc only leads to Salir; Salir leaves without entering.
   void EscapeYSalir() {
     VENTARIX_COMPANY(company);
-    QVERIFY(AgregarUsuario(company.cadena(), QStringLiteral("SUPERVISOR"), QStringLiteral("CLAVE9"),
-                           1, true));
+    QVERIFY(AgregarUsuario(company.cadena(), u"SUPERVISOR"_s, u"CLAVE9"_s, 1, true));
     Session session = company.MakeSession();
     MDIInicioEntrada entrada(session);
     entrada.show();
     entrada.activateWindow();
     QVERIFY(QTest::qWaitForWindowActive(&entrada));
-    auto* usuario = entrada.findChild<QLineEdit*>(QStringLiteral("usuario"));
+    auto* usuario = entrada.findChild<QLineEdit*>(u"usuario"_s);
     usuario->setFocus();
     QTest::keyClick(usuario, Qt::Key_Escape);
     QVERIFY(entrada.isVisible());
-    QCOMPARE(QApplication::focusWidget(), entrada.findChild<QPushButton*>(QStringLiteral("Salir")));
+    QCOMPARE(QApplication::focusWidget(), entrada.findChild<QPushButton*>(u"Salir"_s));
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
     QVERIFY(entrada.isVisible());
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Space);
     QCOMPARE(entrada.result(), int(QDialog::Rejected));
     QVERIFY(!entrada.isVisible());
-    QCOMPARE(session.Usuario, QStringLiteral("ADMINISTRADOR"));
+    QCOMPARE(session.Usuario, u"ADMINISTRADOR"_s);
   }
 
   // A double click on the database path forgets the stored choice.
@@ -140,9 +138,8 @@ class TestMdiInicioEntrada : public QObject {
     MDIInicioEntrada entrada(session);
     entrada.show();
     ModalCatcher catcher;
-    QTest::mouseDClick(entrada.findChild<QLabel*>(QStringLiteral("Path")), Qt::LeftButton);
-    QCOMPARE(catcher.texts,
-             QStringList{QStringLiteral("Se ha quitado el acceso a esta base de datos")});
+    QTest::mouseDClick(entrada.findChild<QLabel*>(u"Path"_s), Qt::LeftButton);
+    QCOMPARE(catcher.texts, QStringList{u"Se ha quitado el acceso a esta base de datos"_s});
     QCOMPARE(entrada.result(), int(QDialog::Rejected));
     QVERIFY(ventarix::startup::LeerEleccion().base_datos.isEmpty());
   }

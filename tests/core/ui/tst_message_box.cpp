@@ -10,6 +10,7 @@
 #include "core/ui/message_box.h"
 #include "support/modal_catcher.h"
 
+using namespace Qt::StringLiterals;
 using ventarix::Outcome;
 using ventarix::testing::ModalCatcher;
 
@@ -20,25 +21,23 @@ class TestMessageBox : public QObject {
   void ShowOutcomeFocusesTheField() {
     QWidget form;
     auto* layout = new QVBoxLayout(&form);
-    auto* rfc = new QLineEdit(QStringLiteral("XAXX"), &form);
-    rfc->setObjectName(QStringLiteral("rfc"));
-    auto* nombre = new QLineEdit(QStringLiteral("JUAN"), &form);
-    nombre->setObjectName(QStringLiteral("nombre"));
+    auto* rfc = new QLineEdit(u"XAXX"_s, &form);
+    rfc->setObjectName(u"rfc"_s);
+    auto* nombre = new QLineEdit(u"JUAN"_s, &form);
+    nombre->setObjectName(u"nombre"_s);
     layout->addWidget(rfc);
     layout->addWidget(nombre);
     form.show();
 
     ModalCatcher catcher;
-    ventarix::ui::ShowOutcome(
-        &form, Outcome::Warning(QStringLiteral("Se requiere el nombre"), QStringLiteral("nombre")));
-    QCOMPARE(catcher.texts, QStringList{QStringLiteral("Se requiere el nombre")});
-    QCOMPARE(catcher.titles, QStringList{QStringLiteral("Ventarix")});
+    ventarix::ui::ShowOutcome(&form, Outcome::Warning(u"Se requiere el nombre"_s, u"nombre"_s));
+    QCOMPARE(catcher.texts, QStringList{u"Se requiere el nombre"_s});
+    QCOMPARE(catcher.titles, QStringList{u"Ventarix"_s});
     QCOMPARE(catcher.icons.value(0), QMessageBox::Warning);
     QCOMPARE(form.focusWidget(), nombre);
-    QCOMPARE(nombre->selectedText(), QStringLiteral("JUAN"));
+    QCOMPARE(nombre->selectedText(), u"JUAN"_s);
 
-    ventarix::ui::ShowOutcome(&form,
-                              Outcome::Stop(QStringLiteral("No se pudo"), QStringLiteral("rfc")));
+    ventarix::ui::ShowOutcome(&form, Outcome::Stop(u"No se pudo"_s, u"rfc"_s));
     QCOMPARE(catcher.icons.value(1), QMessageBox::Critical);
     QCOMPARE(form.focusWidget(), rfc);
 
@@ -49,7 +48,7 @@ class TestMessageBox : public QObject {
 
   void AskReturnsTheButton() {
     ModalCatcher catcher({{QString(), true, QMessageBox::No}});
-    QCOMPARE(ventarix::ui::Ask(nullptr, QStringLiteral("¿Continuar?")), QMessageBox::No);
+    QCOMPARE(ventarix::ui::Ask(nullptr, u"¿Continuar?"_s), QMessageBox::No);
     QCOMPARE(catcher.icons.value(0), QMessageBox::Question);
   }
 
@@ -57,14 +56,14 @@ class TestMessageBox : public QObject {
   void MostrarErrorLogs() {
     QTemporaryDir dir;
     ventarix::Session session;
-    session.Usuario = QStringLiteral("CAJERA");
+    session.Usuario = u"CAJERA"_s;
     session.CarpetaErrores = dir.path();
-    session.CarpetaEmpresa = dir.filePath(QStringLiteral("XAXX010101000"));
+    session.CarpetaEmpresa = dir.filePath(u"XAXX010101000"_s);
     QApplication::setOverrideCursor(Qt::WaitCursor);
     ModalCatcher catcher;
-    ventarix::MostrarError(nullptr, session, QStringLiteral("no such table: facturas"));
+    ventarix::MostrarError(nullptr, session, u"no such table: facturas"_s);
     QVERIFY(QApplication::overrideCursor() == nullptr);
-    QCOMPARE(catcher.texts, QStringList{QStringLiteral("no such table: facturas")});
+    QCOMPARE(catcher.texts, QStringList{u"no such table: facturas"_s});
     QCOMPARE(catcher.icons.value(0), QMessageBox::Critical);
     QFile log(ventarix::mFunciones::ArchivoDeErrores(session, QDate::currentDate()));
     QVERIFY2(log.open(QIODevice::ReadOnly | QIODevice::Text), qPrintable(log.fileName()));

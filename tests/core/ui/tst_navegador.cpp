@@ -20,6 +20,7 @@
 #include "support/modal_catcher.h"
 #include "support/test_company.h"
 
+using namespace Qt::StringLiterals;
 using namespace ventarix;
 using testing::ModalCatcher;
 
@@ -43,7 +44,7 @@ std::unique_ptr<testing::TestCompany> Demo() {
 Session Sesion(const testing::TestCompany& company, const QString& usuario) {
   Session session = company.MakeSession();
   session.Usuario = usuario;
-  session.Contrasena = passwords::Hash(QStringLiteral("CAJA"));
+  session.Contrasena = passwords::Hash(u"CAJA"_s);
   CargarPermisos(session);
   return session;
 }
@@ -53,7 +54,7 @@ void AgregarUsuario(const QString& cadena, const QString& usuario, const QString
   QVERIFY(
       c.Run(QStringLiteral("insert into usuarios (usuario, \"contraseña\", tienda, administrador, "
                            "gerente, permisos, clientes) values (?, ?, 1, 'N', 'N', ?, ?)"),
-            {usuario, passwords::Hash(QStringLiteral("CAJA")), QString(200, u'1'), clientes}));
+            {usuario, passwords::Hash(u"CAJA"_s), QString(200, u'1'), clientes}));
 }
 
 QStringList Columna(const Navegador& navegador, const QString& nombre) {
@@ -79,60 +80,57 @@ class TestNavegador : public QObject {
 
   void BuscarOrdenarSumarYVolver() {
     VENTARIX_DEMO(company);
-    AgregarUsuario(company->cadena(), QStringLiteral("CAJERO"), QStringLiteral("SSS"));
-    Session session = Sesion(*company, QStringLiteral("CAJERO"));
+    AgregarUsuario(company->cadena(), u"CAJERO"_s, u"SSS"_s);
+    Session session = Sesion(*company, u"CAJERO"_s);
     FormRegistry registry;
-    auto navegador = std::make_unique<Navegador>(
-        session, *mBrowse::FamiliaDeForma(QStringLiteral("FrmClientes")), registry);
+    auto navegador =
+        std::make_unique<Navegador>(session, *mBrowse::FamiliaDeForma(u"FrmClientes"_s), registry);
     navegador->show();
     QVERIFY(QTest::qWaitForWindowExposed(navegador.get()));
     QCOMPARE(navegador->modelo()->rowCount(), 60);
-    QCOMPARE(navegador->findChild<QLabel*>(QStringLiteral("Filas"))->text(),
-             QStringLiteral("1/60 filas"));
-    testing::SaveShot(navegador.get(), QStringLiteral("navegador_clientes"));
+    QCOMPARE(navegador->findChild<QLabel*>(u"Filas"_s)->text(), u"1/60 filas"_s);
+    testing::SaveShot(navegador.get(), u"navegador_clientes"_s);
 
     // F4: part of a name, in lower case, finds every client whose name holds it.
     Connection c(company->cadena());
-    const QString nombre =
-        c.Scalar(QStringLiteral("select nombre from clientes where numero = 7")).toString();
+    const QString nombre = c.Scalar(u"select nombre from clientes where numero = 7"_s).toString();
     const QString parte = nombre.mid(1, 4).toLower();
-    const int esperados =
-        c.Scalar(QStringLiteral("select count(*) from clientes where upper(nombre) like ?"),
-                 {u'%' + parte.toUpper() + u'%'})
-            .toInt();
+    const int esperados = c.Scalar(u"select count(*) from clientes where upper(nombre) like ?"_s,
+                                   {u'%' + parte.toUpper() + u'%'})
+                              .toInt();
     {
       ModalCatcher catcher({{parte}});
       QTest::keyClick(navegador->grid(), Qt::Key_F4);
       QTRY_COMPARE(catcher.pending(), 0);
-      QCOMPARE(catcher.texts.value(0), QStringLiteral("Nombre del Cliente a Buscar\n* = TODOS"));
+      QCOMPARE(catcher.texts.value(0), u"Nombre del Cliente a Buscar\n* = TODOS"_s);
     }
     QTRY_COMPARE(navegador->modelo()->rowCount(), esperados);
-    for (const QString& n : Columna(*navegador, QStringLiteral("nombre"))) {
+    for (const QString& n : Columna(*navegador, u"nombre"_s)) {
       QVERIFY2(n.contains(parte, Qt::CaseInsensitive), qPrintable(n));
     }
-    testing::SaveShot(navegador.get(), QStringLiteral("navegador_busqueda"));
+    testing::SaveShot(navegador.get(), u"navegador_busqueda"_s);
 
     // "*" shows everybody again; Ctrl+Space on the name sorts up, and again down.
     {
-      ModalCatcher catcher({{QStringLiteral("*")}});
+      ModalCatcher catcher({{u"*"_s}});
       QTest::keyClick(navegador->grid(), Qt::Key_F4);
       QTRY_COMPARE(catcher.pending(), 0);
     }
     QTRY_COMPARE(navegador->modelo()->rowCount(), 60);
-    const int columna_nombre = navegador->modelo()->ColumnaDe(QStringLiteral("nombre"));
+    const int columna_nombre = navegador->modelo()->ColumnaDe(u"nombre"_s);
     navegador->grid()->setCurrentIndex(navegador->modelo()->index(0, columna_nombre));
     QTest::keyClick(navegador->grid(), Qt::Key_Space, Qt::ControlModifier);
-    QStringList nombres = Columna(*navegador, QStringLiteral("nombre"));
+    QStringList nombres = Columna(*navegador, u"nombre"_s);
     QStringList ordenados = nombres;
     std::sort(ordenados.begin(), ordenados.end());
     QCOMPARE(nombres.first(), ordenados.first());
     QTest::keyClick(navegador->grid(), Qt::Key_Space, Qt::ControlModifier);
-    QCOMPARE(Columna(*navegador, QStringLiteral("nombre")).first(), ordenados.last());
-    QCOMPARE(session.VistaOrden, QStringLiteral("[nombre] Desc"));
+    QCOMPARE(Columna(*navegador, u"nombre"_s).first(), ordenados.last());
+    QCOMPARE(session.VistaOrden, u"[nombre] Desc"_s);
 
     // Three numbers selected with the mouse and Shift+Down: their sum and count go to the
     // status bar.
-    const int numero = navegador->modelo()->ColumnaDe(QStringLiteral("numero"));
+    const int numero = navegador->modelo()->ColumnaDe(u"numero"_s);
     QTableView* grid = navegador->grid();
     QTest::mouseClick(grid->viewport(), Qt::LeftButton, {},
                       grid->visualRect(navegador->modelo()->index(0, numero)).center());
@@ -148,8 +146,8 @@ class TestNavegador : public QObject {
     const QString quinto = navegador->modelo()->Valor(4, columna_nombre).toString();
     navegador->close();
     navegador.reset();
-    Session manana = Sesion(*company, QStringLiteral("CAJERO"));
-    Navegador otra(manana, *mBrowse::FamiliaDeForma(QStringLiteral("FrmClientes")), registry);
+    Session manana = Sesion(*company, u"CAJERO"_s);
+    Navegador otra(manana, *mBrowse::FamiliaDeForma(u"FrmClientes"_s), registry);
     QCOMPARE(otra.modelo()->consulta().orden.size(), size_t(1));
     QVERIFY(otra.modelo()->consulta().orden.front().descendente);
     QCOMPARE(otra.grid()->currentIndex().row(), 4);
@@ -160,29 +158,27 @@ class TestNavegador : public QObject {
   // button asks for the clerk's own password and refuses a wrong one.
   void DerechosYAutorizacion() {
     VENTARIX_DEMO(company);
-    AgregarUsuario(company->cadena(), QStringLiteral("MOSTRADOR"), QStringLiteral("NSS"));
-    AgregarUsuario(company->cadena(), QStringLiteral("ADMIN"), QStringLiteral("SSS"));
+    AgregarUsuario(company->cadena(), u"MOSTRADOR"_s, u"NSS"_s);
+    AgregarUsuario(company->cadena(), u"ADMIN"_s, u"SSS"_s);
     {
       Connection c(company->cadena());
-      QVERIFY(
-          c.Run(QStringLiteral("update usuarios set administrador = 'S' where usuario = 'ADMIN'")));
+      QVERIFY(c.Run(u"update usuarios set administrador = 'S' where usuario = 'ADMIN'"_s));
     }
     FormRegistry registry;
-    Session mostrador = Sesion(*company, QStringLiteral("MOSTRADOR"));
+    Session mostrador = Sesion(*company, u"MOSTRADOR"_s);
     {
-      Navegador navegador(mostrador, *mBrowse::FamiliaDeForma(QStringLiteral("FrmClientes")),
-                          registry);
+      Navegador navegador(mostrador, *mBrowse::FamiliaDeForma(u"FrmClientes"_s), registry);
       navegador.show();
       ModalCatcher catcher;
       QTest::keyClick(navegador.grid(), Qt::Key_Insert);
       QTRY_COMPARE(catcher.texts.size(), 1);
       QCOMPARE(catcher.texts.front(),
-               QStringLiteral("Este usuario no tiene permisos para el registro de altas"));
+               u"Este usuario no tiene permisos para el registro de altas"_s);
     }
 
-    Session cajero = Sesion(*company, QStringLiteral("CAJERO"));
-    cajero.usuario.Set(QStringLiteral("Clientes"), QStringLiteral("SSS"));
-    cajero.ContrasenaAdministrador = passwords::Hash(QStringLiteral("JEFE"));
+    Session cajero = Sesion(*company, u"CAJERO"_s);
+    cajero.usuario.Set(u"Clientes"_s, u"SSS"_s);
+    cajero.ContrasenaAdministrador = passwords::Hash(u"JEFE"_s);
     {
       // The browser above made the template view; the administrator guards its add button.
       Connection c(company->cadena());
@@ -190,15 +186,13 @@ class TestNavegador : public QObject {
           c.Run(QStringLiteral("update tablas set seguridad = '1|Nuevo|0|x|1' where tabla = "
                                "'clientes'")));
     }
-    Navegador navegador(cajero, *mBrowse::FamiliaDeForma(QStringLiteral("FrmClientes")), registry);
+    Navegador navegador(cajero, *mBrowse::FamiliaDeForma(u"FrmClientes"_s), registry);
     navegador.show();
-    ModalCatcher catcher({{QStringLiteral("otra")}, {}, {QString(), false}},
-                         QStringLiteral("autorizacion_"));
+    ModalCatcher catcher({{u"otra"_s}, {}, {QString(), false}}, u"autorizacion_"_s);
     QTest::keyClick(navegador.grid(), Qt::Key_Insert);
     QTRY_COMPARE(catcher.pending(), 0);
-    QCOMPARE(catcher.texts.value(0), QStringLiteral("MDIInicioAutorizacion"));
-    QCOMPARE(catcher.texts.value(1),
-             QStringLiteral("Esta contraseña no corresponde para una autorización"));
+    QCOMPARE(catcher.texts.value(0), u"MDIInicioAutorizacion"_s);
+    QCOMPARE(catcher.texts.value(1), u"Esta contraseña no corresponde para una autorización"_s);
     QVERIFY(!cajero.Autorizado);
   }
 
@@ -206,34 +200,33 @@ class TestNavegador : public QObject {
   // those documents, and the year panel's year applies on top.
   void FiltrarPorRangoYFecha() {
     VENTARIX_DEMO(company);
-    Session session = Sesion(*company, QStringLiteral("ADMINISTRADOR"));
+    Session session = Sesion(*company, u"ADMINISTRADOR"_s);
     const QDate dia(QDate::currentDate().year(), 1, 2);
     session.AnoAMostrar = dia.year();
     FormRegistry registry;
-    Navegador navegador(session, *mBrowse::FamiliaDeForma(QStringLiteral("FrmAjustes")), registry);
+    Navegador navegador(session, *mBrowse::FamiliaDeForma(u"FrmAjustes"_s), registry);
     navegador.show();
     QCOMPARE(navegador.modelo()->rowCount(), 5);
     QTimer::singleShot(0, this, [&] {
       auto* dialogo = qobject_cast<QDialog*>(QApplication::activeModalWidget());
       QVERIFY(dialogo != nullptr);
-      auto* lineas = dialogo->findChild<QTableWidget*>(QStringLiteral("Fg1"));
+      auto* lineas = dialogo->findChild<QTableWidget*>(u"Fg1"_s);
       QLineEdit* ultima = nullptr;
       for (int f = 0; f < lineas->rowCount(); ++f) {
         const QString columna = lineas->item(f, 0)->text();
         auto* texto = qobject_cast<QLineEdit*>(lineas->cellWidget(f, 2));
         if (texto != nullptr) ultima = texto;
-        if (columna == QLatin1String("folio")) QTest::keyClicks(texto, QStringLiteral("2-4"));
+        if (columna == QLatin1String("folio")) QTest::keyClicks(texto, u"2-4"_s);
         if (columna == QLatin1String("fecha")) {
-          QTest::keyClicks(texto, dia.toString(QStringLiteral("d/M/yyyy")));
+          QTest::keyClicks(texto, dia.toString(u"d/M/yyyy"_s));
         }
       }
-      testing::SaveShot(dialogo, QStringLiteral("navegador_filtro"));
+      testing::SaveShot(dialogo, u"navegador_filtro"_s);
       QTest::keyClick(ultima, Qt::Key_F9);
     });
     QTest::keyClick(navegador.grid(), Qt::Key_F9);
     QVERIFY(session.FiltroActivo);
-    QCOMPARE(Columna(navegador, QStringLiteral("folio")),
-             (QStringList{QStringLiteral("2"), QStringLiteral("3"), QStringLiteral("4")}));
+    QCOMPARE(Columna(navegador, u"folio"_s), (QStringList{u"2"_s, u"3"_s, u"4"_s}));
     session.AnoAMostrar = dia.year() - 1;
     QTest::keyClick(navegador.grid(), Qt::Key_F5);
     QCOMPARE(navegador.modelo()->rowCount(), 0);
@@ -242,11 +235,10 @@ class TestNavegador : public QObject {
   // F12 on the products turns price mode on: Enter then opens the quick price screen.
   void ModoPreciosDeProductos() {
     VENTARIX_DEMO(company);
-    Session session = Sesion(*company, QStringLiteral("ADMINISTRADOR"));
+    Session session = Sesion(*company, u"ADMINISTRADOR"_s);
     FormRegistry registry;
     RegistrarFormularios(registry);
-    Navegador navegador(session, *mBrowse::FamiliaDeForma(QStringLiteral("FrmProductos")),
-                        registry);
+    Navegador navegador(session, *mBrowse::FamiliaDeForma(u"FrmProductos"_s), registry);
     navegador.show();
     ModalCatcher catcher({{}, {QString(), false}, {}});
     QTest::keyClick(navegador.grid(), Qt::Key_F12);
@@ -254,9 +246,8 @@ class TestNavegador : public QObject {
     QTest::keyClick(navegador.grid(), Qt::Key_F12);
     QTRY_COMPARE(catcher.pending(), 0);
     QCOMPARE(catcher.texts,
-             (QStringList{QStringLiteral("Pantalla para modo precios ACTIVADA"),
-                          QStringLiteral("FrmProductosP"),
-                          QStringLiteral("Pantalla para modo precios DESACTIVADA")}));
+             (QStringList{u"Pantalla para modo precios ACTIVADA"_s, u"FrmProductosP"_s,
+                          u"Pantalla para modo precios DESACTIVADA"_s}));
     QCOMPARE(session.RegistroActual, navegador.modelo()->Valor(0, 0).toString());
   }
 
@@ -267,19 +258,18 @@ class TestNavegador : public QObject {
     if (company.skipped()) QSKIP("VENTARIX_TEST_PG is not set");
     QVERIFY(company.ok());
     Connection c(company.cadena());
-    QVERIFY(c.Run(QStringLiteral("create table muchas (id integer not null)")));
+    QVERIFY(c.Run(u"create table muchas (id integer not null)"_s));
     QVERIFY(
         c.Run(company.sql()
-                  ? QStringLiteral("insert into muchas select g from generate_series(1, 200000) g")
+                  ? u"insert into muchas select g from generate_series(1, 200000) g"_s
                   : QStringLiteral("insert into muchas with recursive s(g) as (select 1 union all "
                                    "select g + 1 from s where g < 200000) select g from s")));
     Session session = company.MakeSession();
     mBrowse::Consulta consulta;
-    consulta.sentencia = QStringLiteral("select * from muchas");
-    consulta.llave = {QStringLiteral("id")};
+    consulta.sentencia = u"select * from muchas"_s;
+    consulta.llave = {u"id"_s};
     consulta.llave_unica = true;
-    const std::vector<mBrowse::ColumnaVista> columnas = {
-        {QStringLiteral("id"), mBrowse::kTipoEntero32}};
+    const std::vector<mBrowse::ColumnaVista> columnas = {{u"id"_s, mBrowse::kTipoEntero32}};
     // Big pages: the guard, not the paging, is under test here.
     ModeloVista modelo(session, nullptr, 25000);
     QVERIFY(modelo.Cargar(consulta, columnas).ok);
@@ -289,7 +279,7 @@ class TestNavegador : public QObject {
     QCOMPARE(modelo.Valor(199999, 0).toInt(), 200000);
     QVERIFY(!modelo.canFetchMore());
 
-    QVERIFY(c.Run(QStringLiteral("insert into muchas (id) values (200001)")));
+    QVERIFY(c.Run(u"insert into muchas (id) values (200001)"_s));
     QVERIFY(modelo.Recargar().ok);
     QCOMPARE(modelo.filas_totales(), qint64(200001));
     QCOMPARE(modelo.limite(), qint64(200000));
