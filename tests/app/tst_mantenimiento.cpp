@@ -1,47 +1,21 @@
 // The night sweeps as an administrator schedules them: "ventarix mantenimiento", run by the
-// built program without a display, on both engines.
+// built program without a display, on both engines (its misuse is in tst_commands).
 #include <QDir>
-#include <QProcess>
 #include <QRegularExpression>
 #include <QTest>
 
+#include "app/ventarix_run.h"
 #include "support/document_rows.h"
 #include "support/test_company.h"
 
 using namespace ventarix;
 using namespace Qt::StringLiterals;
+using testing::Describe;
 using testing::InsertarFila;
+using testing::Run;
+using testing::Ventarix;
 
 namespace {
-
-struct Run {
-  int code = -1;
-  QString out;
-  QString err;
-};
-
-Run Ventarix(const QStringList& args) {
-  QProcess process;
-  QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
-  for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"}) {
-    env.remove(QString::fromLatin1(name));
-  }
-  process.setProcessEnvironment(env);
-  process.start(QStringLiteral(VENTARIX_BUILD_DIR "/src/ventarix"), args);
-  Run run;
-  if (!process.waitForFinished(300000) || process.exitStatus() != QProcess::NormalExit) {
-    run.err = u"ventarix did not finish: "_s + process.errorString();
-    return run;
-  }
-  run.code = process.exitCode();
-  run.out = QString::fromUtf8(process.readAllStandardOutput());
-  run.err = QString::fromUtf8(process.readAllStandardError());
-  return run;
-}
-
-QString Describe(const Run& run) {
-  return u"exit %1\n%2\n%3"_s.arg(run.code).arg(run.out, run.err);
-}
 
 // "[####....]  3/17 Periodo de COMPRAS    12 ms": the bar, the step and its time.
 const QRegularExpression kPaso(u"^\\[([#.]{20})\\] +(\\d+)/(\\d+) (\\S.*\\S) +(\\d+) ms$"_s);
@@ -113,33 +87,6 @@ class TestMantenimiento : public QObject {
     QCOMPARE(run.code, 1);
     QVERIFY2(run.err.startsWith(u"El mantenimiento no terminó: "_s), qPrintable(Describe(run)));
     QVERIFY2(run.err.contains(u"traspasos detalles"_s), qPrintable(Describe(run)));
-  }
-
-  void misuseExplainsTheCommand_data() {
-    QTest::addColumn<QStringList>("args");
-    QTest::addColumn<int>("code");
-    QTest::addColumn<QString>("says");
-    const QString uso = u"Uso: ventarix mantenimiento manto1|manto2|barrido --empresa RUTA"_s;
-    QTest::newRow("sin acción") << QStringList{u"mantenimiento"_s} << 2 << uso;
-    QTest::newRow("acción desconocida") << QStringList{u"mantenimiento"_s, u"manto3"_s} << 2
-                                        << u"Acción desconocida: mantenimiento manto3"_s;
-    QTest::newRow("sin empresa") << QStringList{u"mantenimiento"_s, u"manto1"_s} << 2 << uso;
-    QTest::newRow("empresa que no existe")
-        << QStringList{u"mantenimiento"_s, u"manto2"_s, u"--empresa"_s, u"/no/existe/e.mdb"_s} << 1
-        << u"No existe la empresa /no/existe/e.mdb"_s;
-    QTest::newRow("archivo de otra clase")
-        << QStringList{u"mantenimiento"_s, u"manto2"_s, u"--empresa"_s, u"/tmp/e.xls"_s} << 1
-        << u"La empresa debe ser un archivo .mdb o un archivo de conexión .txt: /tmp/e.xls"_s;
-  }
-  void misuseExplainsTheCommand() {
-    QFETCH_GLOBAL(QString, engine);
-    if (engine != QLatin1String("sqlite")) QSKIP("no database involved");
-    QFETCH(QStringList, args);
-    QFETCH(int, code);
-    QFETCH(QString, says);
-    const Run run = Ventarix(args);
-    QCOMPARE(run.code, code);
-    QVERIFY2(run.err.contains(says), qPrintable(Describe(run)));
   }
 };
 

@@ -32,12 +32,10 @@ bool Insertar(Connection& c, const QString& tabla, const QStringList& columnas,
 
 // Four clients, two suppliers, three brands and three products of a small hardware shop.
 bool Catalogos(Connection& c) {
-  const QStringList socio{QStringLiteral("numero"), QStringLiteral("nombre"), QStringLiteral("rfc"),
-                          QStringLiteral("tipo"), QStringLiteral("saldo")};
-  const QStringList producto{QStringLiteral("codigo"),   QStringLiteral("marca"),
-                             QStringLiteral("producto"), QStringLiteral("pt"),
-                             QStringLiteral("almacen1"), QStringLiteral("ubicacion")};
-  const QStringList marca{QStringLiteral("numero"), QStringLiteral("nombre")};
+  const QStringList socio{u"numero"_s, u"nombre"_s, u"rfc"_s, u"tipo"_s, u"saldo"_s};
+  const QStringList producto{u"codigo"_s, u"marca"_s,    u"producto"_s,
+                             u"pt"_s,     u"almacen1"_s, u"ubicacion"_s};
+  const QStringList marca{u"numero"_s, u"nombre"_s};
   return Insertar(c, u"clientes"_s, socio,
                   {1, u"FERRETERIA LA PALMA"_s, u"FLP010203AB1"_s, u"CONTADO"_s, 100.5}) &&
          Insertar(c, u"clientes"_s, socio,
@@ -59,16 +57,13 @@ bool Catalogos(Connection& c) {
 
 // Open invoices and purchases, folio ranges and the documents that used them.
 bool Documentos(Connection& c) {
-  const QStringList factura{
-      QStringLiteral("factura"), QStringLiteral("serie"),  QStringLiteral("folio"),
-      QStringLiteral("cliente"), QStringLiteral("status"), QStringLiteral("ingreso"),
-      QStringLiteral("periodo"), QStringLiteral("fecha"),  QStringLiteral("saldo")};
-  const QStringList folios{QStringLiteral("numero"),       QStringLiteral("serie"),
-                           QStringLiteral("folioinicial"), QStringLiteral("foliofinal"),
-                           QStringLiteral("status"),       QStringLiteral("esquema")};
+  const QStringList factura{u"factura"_s, u"serie"_s,   u"folio"_s, u"cliente"_s, u"status"_s,
+                            u"ingreso"_s, u"periodo"_s, u"fecha"_s, u"saldo"_s};
+  const QStringList folios{u"numero"_s,     u"serie"_s,  u"folioinicial"_s,
+                           u"foliofinal"_s, u"status"_s, u"esquema"_s};
   const QDate fecha(2014, 3, 5);
   const QDate antes(2013, 11, 20);
-  const QString cobrar = QStringLiteral("POR COBRAR");
+  const QString cobrar = u"POR COBRAR"_s;
   return Insertar(c, u"facturas"_s, factura,
                   {u"B-1"_s, u"B"_s, 1, 1, cobrar, 2, 2014, fecha, 50}) &&
          Insertar(c, u"facturas"_s, factura,
@@ -152,14 +147,14 @@ class TestAyuda : public QObject {
     ParametrosAyuda parametros;
     parametros.cliente = 1;
     parametros.proveedor = 1;
-    parametros.documento = QStringLiteral("FACTURAS");
-    parametros.tabla = QStringLiteral("facturas");
-    parametros.factura = QStringLiteral("A-1");
+    parametros.documento = u"FACTURAS"_s;
+    parametros.tabla = u"facturas"_s;
+    parametros.factura = u"A-1"_s;
     for (int vuelta = 0; vuelta < 2; ++vuelta) {
       if (vuelta == 1) {
         session.MuchosProductos = true;
-        session.usuario.Set(QStringLiteral("AplicarSeriesEnFacturas"), QStringLiteral("S"));
-        session.usuario.Set(QStringLiteral("SerieFacturacion1"), QStringLiteral("A"));
+        session.usuario.Set(u"AplicarSeriesEnFacturas"_s, u"S"_s);
+        session.usuario.Set(u"SerieFacturacion1"_s, u"A"_s);
       }
       for (const QString& palabra : ayuda::Palabras()) {
         const std::optional<PeticionAyuda> p = ayuda::Peticion(session, palabra, parametros);
@@ -171,7 +166,7 @@ class TestAyuda : public QObject {
         QVERIFY2(q.isActive(), qPrintable(palabra + u": "_s + QueryError(q)));
         QVERIFY2(q.record().count() == static_cast<int>(p->columnas.size()), qPrintable(palabra));
         for (const ayuda::BusquedaAyuda& b : p->busquedas) {
-          const PeticionAyuda buscada = Buscado(session, *p, b.tecla, QStringLiteral("1"));
+          const PeticionAyuda buscada = Buscado(session, *p, b.tecla, u"1"_s);
           QSqlQuery qb = c.Exec(buscada.sentencia, buscada.valores);
           QVERIFY2(qb.isActive(), qPrintable(palabra + u": "_s + QueryError(qb)));
         }
@@ -184,11 +179,12 @@ class TestAyuda : public QObject {
         QCOMPARE(minusculas->valores, p->valores);
       }
     }
-    QVERIFY(!ayuda::Peticion(session, QStringLiteral("CLIENTE")).has_value());
+    QVERIFY(!ayuda::Peticion(session, u"CLIENTE"_s).has_value());
   }
 
   // The product list's order follows the company's way of numbering codes; a big catalogue
-  // opens on the first brand only, and a search lifts that restriction but keeps the order.
+  // opens on the first brand only, and a search lifts that restriction but keeps the order;
+  // a typed code narrows the list.
   void ProductosPorMarcaYOrden() {
     VENTARIX_COMPANY(company);
     Session session = company.MakeSession();
@@ -198,7 +194,8 @@ class TestAyuda : public QObject {
     }
     // Finished goods last, each part by name.
     QCOMPARE(Llaves(session, Pedir(session, u"PRODUCTOS"_s)), u"C-3,B-1,A-2"_s);
-    session.empresa.Set(QStringLiteral("utilizar_consecutivo_en_codigo"), QStringLiteral("S"));
+    const QString consecutivo = session.empresa.Text(u"utilizar_consecutivo_en_codigo"_s);
+    session.empresa.Set(u"utilizar_consecutivo_en_codigo"_s, u"S"_s);
     QCOMPARE(Llaves(session, Pedir(session, u"PRODUCTOS"_s)), u"A-2,B-1,C-3"_s);
 
     session.MuchosProductos = true;
@@ -220,35 +217,27 @@ class TestAyuda : public QObject {
     QCOMPARE(ubicaciones.size(), 2);
     QCOMPARE(ubicaciones[0].value(0), u"P1"_s);
     QCOMPARE(ubicaciones[0].value(1).toDouble(), 12.0);
-  }
 
-  // A code typed in the field narrows the list to codes holding it, whatever the catalogue's
-  // size; the discount row's code answers at once.
-  void CodigoEscrito() {
-    VENTARIX_COMPANY(company);
-    Session session = company.MakeSession();
-    session.MuchosProductos = true;
-    {
-      Connection c(session.Cadena);
-      QVERIFY(Catalogos(c));
-    }
+    // A code typed in the field narrows the list to codes holding it, whatever the
+    // catalogue's size; the discount row's code answers at once.
+    session.empresa.Set(u"utilizar_consecutivo_en_codigo"_s, consecutivo);
     ParametrosAyuda parametros;
-    parametros.codigo = QStringLiteral("c-");
+    parametros.codigo = u"c-"_s;
     PeticionAyuda p = Pedir(session, u"PRODUCTOS"_s, parametros);
     QVERIFY(!p.inmediata);
     QCOMPARE(Llaves(session, p), u"C-3"_s);
 
-    parametros.codigo = QStringLiteral(" dppp ");
+    parametros.codigo = u" dppp "_s;
     p = Pedir(session, u"Productos"_s, parametros);
     QVERIFY(p.inmediata);
     QCOMPARE(p.resultado_inmediato, u"DPPP"_s);
 
     // The point of sale's lists start from what was typed, by name or by code.
-    parametros.codigo = QStringLiteral("MAR");
+    parametros.codigo = u"MAR"_s;
     session.Tienda = 1;
     QCOMPARE(Filas(session, Pedir(session, u"PRODUCTOS TPV x Producto"_s, parametros)).value(0),
              (QStringList{u"A-2"_s, u"1"_s, u"MARTILLO"_s, u"0"_s, u"P1"_s, u"7"_s, u"0"_s}));
-    parametros.codigo = QStringLiteral("-");
+    parametros.codigo = u"-"_s;
     const PeticionAyuda por_codigo = Pedir(session, u"PRODUCTOS TPV X CODIGO"_s, parametros);
     QCOMPARE(por_codigo.titulo, u"Produtos Tpv"_s);
     QCOMPARE(Llaves(session, por_codigo), u"A-2,B-1,C-3"_s);
@@ -287,14 +276,15 @@ class TestAyuda : public QObject {
     QCOMPARE(Llaves(session, clientes), u"1,2,3,10"_s);
     QCOMPARE(Llaves(session, Buscado(session, clientes, tecla, respuesta)), llaves);
     Connection c(session.Cadena);
-    QCOMPARE(c.Scalar(QStringLiteral("select count(*) from clientes")).toInt(), 4);
+    QCOMPARE(c.Scalar(u"select count(*) from clientes"_s).toInt(), 4);
   }
 
   // The invoices a credit note may lower: the client's open ones in serie and folio order;
-  // a supplier's open purchases with their invoice and delivery numbers; an invoice's rows.
+  // a supplier's open purchases with their invoice and delivery numbers; an invoice's rows;
+  // the periods of the invoices and what each folio range has left.
   void DocumentosPendientes() {
     VENTARIX_COMPANY(company);
-    const Session session = company.MakeSession();
+    Session session = company.MakeSession();
     {
       Connection c(session.Cadena);
       QVERIFY(Catalogos(c) && Documentos(c));
@@ -302,7 +292,7 @@ class TestAyuda : public QObject {
     ParametrosAyuda parametros;
     parametros.cliente = 1;
     parametros.proveedor = 1;
-    parametros.factura = QStringLiteral("A-1");
+    parametros.factura = u"A-1"_s;
     const QList<QStringList> facturas =
         Filas(session, Pedir(session, u"FACTURAS CLIENTE"_s, parametros));
     QCOMPARE(facturas.size(), 2);
@@ -315,17 +305,17 @@ class TestAyuda : public QObject {
              u"B-1"_s);
     parametros.cliente = 2;
     QCOMPARE(Llaves(session, Pedir(session, u"FACTURAS CLIENTE"_s, parametros)), u"A-3"_s);
-  }
 
-  // Each active range shows its size, the folios its invoices took and those left; a user
-  // bound to series A sees only A's range.
-  void FoliosOcupadosYQuedan() {
-    VENTARIX_COMPANY(company);
-    Session session = company.MakeSession();
-    {
-      Connection c(session.Cadena);
-      QVERIFY(Documentos(c));
+    // Periods of a document table, newest first; a name that is not such a table gives no list.
+    parametros.tabla = u"Facturas"_s;
+    QCOMPARE(Llaves(session, Pedir(session, u"PERIODOS"_s, parametros)), u"2014,2013"_s);
+    for (const char16_t* tabla : {u"clientes", u"facturas; drop table facturas", u""}) {
+      parametros.tabla = QString::fromUtf16(tabla);
+      QVERIFY(!ayuda::Peticion(session, u"PERIODOS"_s, parametros).has_value());
     }
+
+    // Each active range shows its size, the folios its invoices took and those left; a user
+    // bound to series A sees only A's range.
     auto cifras = [](const QStringList& fila) {
       QList<int> n;
       for (int i : {0, 5, 6, 7}) n << fila.value(i).toInt();
@@ -339,27 +329,10 @@ class TestAyuda : public QObject {
     QCOMPARE(notas.size(), 1);
     QCOMPARE(cifras(notas[0]), (QList<int>{1, 10, 1, 9}));
 
-    session.usuario.Set(QStringLiteral("AplicarSeriesEnFacturas"), QStringLiteral("S"));
-    session.usuario.Set(QStringLiteral("SerieFacturacion1"), QStringLiteral("A"));
+    session.usuario.Set(u"AplicarSeriesEnFacturas"_s, u"S"_s);
+    session.usuario.Set(u"SerieFacturacion1"_s, u"A"_s);
     QCOMPARE(Llaves(session, Pedir(session, u"FOLIOS FACTURAS"_s)), u"1"_s);
     QCOMPARE(Llaves(session, Pedir(session, u"SERIES REGISTRADAS FACTURAS"_s)), u"A,B"_s);
-  }
-
-  // Periods of a document table, newest first; a name that is not such a table gives no list.
-  void Periodos() {
-    VENTARIX_COMPANY(company);
-    const Session session = company.MakeSession();
-    {
-      Connection c(session.Cadena);
-      QVERIFY(Documentos(c));
-    }
-    ParametrosAyuda parametros;
-    parametros.tabla = QStringLiteral("Facturas");
-    QCOMPARE(Llaves(session, Pedir(session, u"PERIODOS"_s, parametros)), u"2014,2013"_s);
-    for (const char16_t* tabla : {u"clientes", u"facturas; drop table facturas", u""}) {
-      parametros.tabla = QString::fromUtf16(tabla);
-      QVERIFY(!ayuda::Peticion(session, u"PERIODOS"_s, parametros).has_value());
-    }
   }
 
   void Formatear_data() {

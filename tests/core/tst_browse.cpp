@@ -15,6 +15,7 @@
 
 using namespace ventarix;
 using namespace ventarix::mBrowse;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -25,8 +26,8 @@ void CrearPrueba(Connection& c, int filas) {
   Transaction t(c);
   for (int i = 1; i <= filas; ++i) {
     const QVariant grupo = i % 11 == 0 ? QVariant() : QVariant(i % 7);
-    QVERIFY(c.Run(QStringLiteral("insert into prueba (id, grupo, nombre) values (?, ?, ?)"),
-                  {i, grupo, QStringLiteral("N%1").arg(i % 5)}));
+    QVERIFY(c.Run(u"insert into prueba (id, grupo, nombre) values (?, ?, ?)"_s,
+                  {i, grupo, u"N%1"_s.arg(i % 5)}));
   }
   QVERIFY(t.Commit());
 }
@@ -34,8 +35,7 @@ void CrearPrueba(Connection& c, int filas) {
 // Every row of the view, page by page, as the grid reads them.
 std::vector<int> LeerTodo(Connection& c, const Consulta& consulta, int pagina) {
   std::vector<int> ids;
-  const QStringList columnas = {QStringLiteral("id"), QStringLiteral("grupo"),
-                                QStringLiteral("nombre"), QStringLiteral("extra")};
+  const QStringList columnas = {u"id"_s, u"grupo"_s, u"nombre"_s, u"extra"_s};
   QVariantList ultima;
   for (int vuelta = 0; vuelta < 10000; ++vuelta) {
     const Pagina p =
@@ -61,12 +61,12 @@ class TestBrowse : public QObject {
   void VistaDePlantillaYPropia() {
     VENTARIX_COMPANY(company);
     Session session = company.MakeSession();
-    session.Usuario = QStringLiteral("CAJERO");
-    const VistaCargada primera = ObtenerVista(session, QStringLiteral("clientes"));
+    session.Usuario = u"CAJERO"_s;
+    const VistaCargada primera = ObtenerVista(session, u"clientes"_s);
     QVERIFY2(primera.outcome.ok, qPrintable(primera.outcome.message));
-    QCOMPARE(primera.vista.Usuario, QStringLiteral("ADMINISTRADOR"));
+    QCOMPARE(primera.vista.Usuario, u"ADMINISTRADOR"_s);
     QVERIFY(!primera.propia);
-    QVERIFY(primera.vista.Sentencia.contains(QStringLiteral("\"clientes\"")));
+    QVERIFY(primera.vista.Sentencia.contains(u"\"clientes\""_s));
     const auto rfc =
         std::find_if(primera.columnas.begin(), primera.columnas.end(),
                      [](const ColumnaVista& c) { return c.nombre == QLatin1String("rfc"); });
@@ -76,29 +76,28 @@ class TestBrowse : public QObject {
         std::find_if(primera.columnas.begin(), primera.columnas.end(),
                      [](const ColumnaVista& c) { return c.nombre == QLatin1String("saldo"); });
     QVERIFY(saldo != primera.columnas.end());
-    QCOMPARE(saldo->formato, QStringLiteral("#,##0.00"));
+    QCOMPARE(saldo->formato, u"#,##0.00"_s);
 
     Vista mia = primera.vista;
     mia.Renglon = 7;
-    mia.Ordenar = QStringLiteral("[nombre] Desc");
-    mia.Busqueda =
-        EscribirBusqueda({QStringLiteral("t.\"nombre\" like ?"), {QStringLiteral("%O'B%")}});
+    mia.Ordenar = u"[nombre] Desc"_s;
+    mia.Busqueda = EscribirBusqueda({u"t.\"nombre\" like ?"_s, {u"%O'B%"_s}});
     QVERIFY(GuardarVista(session, mia).ok);
-    const VistaCargada otra_vez = ObtenerVista(session, QStringLiteral("clientes"));
+    const VistaCargada otra_vez = ObtenerVista(session, u"clientes"_s);
     QVERIFY(otra_vez.propia);
     QCOMPARE(otra_vez.vista.Renglon, 7);
-    QCOMPARE(otra_vez.vista.Ordenar, QStringLiteral("[nombre] Desc"));
+    QCOMPARE(otra_vez.vista.Ordenar, u"[nombre] Desc"_s);
     const Condicion busqueda = LeerBusqueda(otra_vez.vista.Busqueda);
-    QCOMPARE(busqueda.texto, QStringLiteral("t.\"nombre\" like ?"));
-    QCOMPARE(busqueda.valores, QVariantList{QStringLiteral("%O'B%")});
-    QCOMPARE(LeerBusqueda(session, QStringLiteral("clientes")).valores, busqueda.valores);
+    QCOMPARE(busqueda.texto, u"t.\"nombre\" like ?"_s);
+    QCOMPARE(busqueda.valores, QVariantList{u"%O'B%"_s});
+    QCOMPARE(LeerBusqueda(session, u"clientes"_s).valores, busqueda.valores);
 
-    session.Usuario = QStringLiteral("ADMINISTRADOR");
-    const VistaCargada plantilla = ObtenerVista(session, QStringLiteral("clientes"));
+    session.Usuario = u"ADMINISTRADOR"_s;
+    const VistaCargada plantilla = ObtenerVista(session, u"clientes"_s);
     QCOMPARE(plantilla.vista.Renglon, 0);
     QVERIFY(plantilla.vista.Ordenar.isEmpty());
-    QCOMPARE(ObtenerVista(session, QStringLiteral("no hay tal")).outcome.message,
-             QStringLiteral("NO EXISTE LA TABLA:  [no hay tal"));
+    QCOMPARE(ObtenerVista(session, u"no hay tal"_s).outcome.message,
+             u"NO EXISTE LA TABLA:  [no hay tal"_s);
   }
 
   // A dropped column: each user's saved layout is thrown away on first use and the view is
@@ -110,23 +109,22 @@ class TestBrowse : public QObject {
       Connection c(session.Cadena);
       CrearPrueba(c, 3);
     }
-    session.Usuario = QStringLiteral("ANA");
-    QCOMPARE(ObtenerVista(session, QStringLiteral("prueba")).columnas.size(), size_t(4));
-    Vista propia = ObtenerVista(session, QStringLiteral("prueba")).vista;
+    session.Usuario = u"ANA"_s;
+    QCOMPARE(ObtenerVista(session, u"prueba"_s).columnas.size(), size_t(4));
+    Vista propia = ObtenerVista(session, u"prueba"_s).vista;
     propia.Renglon = 2;
     QVERIFY(GuardarVista(session, propia).ok);
     {
       Connection c(session.Cadena);
-      QVERIFY(c.Run(QStringLiteral("alter table prueba drop column extra")));
+      QVERIFY(c.Run(u"alter table prueba drop column extra"_s));
     }
-    const VistaCargada nueva = ObtenerVista(session, QStringLiteral("prueba"));
+    const VistaCargada nueva = ObtenerVista(session, u"prueba"_s);
     QVERIFY2(nueva.outcome.ok, qPrintable(nueva.outcome.message));
     QCOMPARE(nueva.columnas.size(), size_t(3));
     QCOMPARE(nueva.vista.Renglon, 0);
     QVERIFY(!nueva.propia);
     Connection c(session.Cadena);
-    QCOMPARE(c.Scalar(QStringLiteral("select count(*) from tablas where tabla = 'prueba'")).toInt(),
-             1);
+    QCOMPARE(c.Scalar(u"select count(*) from tablas where tabla = 'prueba'"_s).toInt(), 1);
   }
 
   // Pages by key after the last row read must give exactly the rows, in the order, that one
@@ -136,10 +134,10 @@ class TestBrowse : public QObject {
     QTest::addColumn<bool>("descendente");
     QTest::addColumn<bool>("unica");
     QTest::newRow("key only") << QString() << false << true;
-    QTest::newRow("repeats and nulls, up") << QStringLiteral("grupo") << false << true;
-    QTest::newRow("repeats and nulls, down") << QStringLiteral("grupo") << true << true;
-    QTest::newRow("text down") << QStringLiteral("nombre") << true << true;
-    QTest::newRow("by offset") << QStringLiteral("grupo") << true << false;
+    QTest::newRow("repeats and nulls, up") << u"grupo"_s << false << true;
+    QTest::newRow("repeats and nulls, down") << u"grupo"_s << true << true;
+    QTest::newRow("text down") << u"nombre"_s << true << true;
+    QTest::newRow("by offset") << u"grupo"_s << true << false;
   }
   void PaginasPorLlaveComoUnaConsulta() {
     QFETCH(QString, columna);
@@ -149,19 +147,18 @@ class TestBrowse : public QObject {
     Connection c(company.cadena());
     CrearPrueba(c, 500);
     Consulta consulta;
-    consulta.sentencia = QStringLiteral("select * from prueba");
-    consulta.busqueda = {QStringLiteral("t.id <> ?"), {13}};
-    consulta.llave = {QStringLiteral("id")};
+    consulta.sentencia = u"select * from prueba"_s;
+    consulta.busqueda = {u"t.id <> ?"_s, {13}};
+    consulta.llave = {u"id"_s};
     consulta.llave_unica = unica;
     if (!columna.isEmpty()) consulta.orden = {{columna, descendente}};
 
-    const QString direccion =
-        descendente ? QStringLiteral(" desc nulls last") : QStringLiteral(" asc nulls first");
-    QString orden = QStringLiteral(" order by ");
-    if (!columna.isEmpty()) orden += columna + direccion + QStringLiteral(", ");
-    orden += QStringLiteral("id") + direccion;
+    const QString direccion = descendente ? u" desc nulls last"_s : u" asc nulls first"_s;
+    QString orden = u" order by "_s;
+    if (!columna.isEmpty()) orden += columna + direccion + u", "_s;
+    orden += u"id"_s + direccion;
     std::vector<int> esperado;
-    QSqlQuery q = c.Exec(QStringLiteral("select id from prueba where id <> 13") + orden);
+    QSqlQuery q = c.Exec(u"select id from prueba where id <> 13"_s + orden);
     while (q.next()) esperado.push_back(q.value(0).toInt());
     QCOMPARE(esperado.size(), size_t(499));
     QCOMPARE(LeerTodo(c, consulta, 7), esperado);
@@ -173,22 +170,16 @@ class TestBrowse : public QObject {
   void SentenciaDeLaVistaNoEscribeNiSale_data() {
     QTest::addColumn<QString>("sentencia");
     QTest::addColumn<bool>("permitida");
-    QTest::newRow("plain") << QStringLiteral("select numero, nombre from clientes") << true;
-    QTest::newRow("literal with a semicolon")
-        << QStringLiteral("select 'a;b' as x from clientes") << true;
+    QTest::newRow("plain") << u"select numero, nombre from clientes"_s << true;
+    QTest::newRow("literal with a semicolon") << u"select 'a;b' as x from clientes"_s << true;
     QTest::newRow("closing and a second statement")
-        << QStringLiteral("select 1 as x) as t; delete from clientes; select * from (select 1")
-        << false;
-    QTest::newRow("not a select") << QStringLiteral("delete from clientes") << false;
-    QTest::newRow("attach") << QStringLiteral("select * from clientes where 1 = (attach 'x' as y)")
-                            << false;
-    QTest::newRow("server files") << QStringLiteral("select pg_read_file('/etc/passwd') as x")
-                                  << false;
-    QTest::newRow("catalogue") << QStringLiteral("select * from sqlite_master") << false;
-    QTest::newRow("other schema") << QStringLiteral("select * from information_schema.tables")
-                                  << false;
-    QTest::newRow("settings") << QStringLiteral("select set_config('a.b', 'c', false) as x")
-                              << false;
+        << u"select 1 as x) as t; delete from clientes; select * from (select 1"_s << false;
+    QTest::newRow("not a select") << u"delete from clientes"_s << false;
+    QTest::newRow("attach") << u"select * from clientes where 1 = (attach 'x' as y)"_s << false;
+    QTest::newRow("server files") << u"select pg_read_file('/etc/passwd') as x"_s << false;
+    QTest::newRow("catalogue") << u"select * from sqlite_master"_s << false;
+    QTest::newRow("other schema") << u"select * from information_schema.tables"_s << false;
+    QTest::newRow("settings") << u"select set_config('a.b', 'c', false) as x"_s << false;
   }
   void SentenciaDeLaVistaNoEscribeNiSale() {
     QFETCH(QString, sentencia);
@@ -199,16 +190,16 @@ class TestBrowse : public QObject {
     VENTARIX_COMPANY(company);
     {
       Connection c(company.cadena());
-      QVERIFY(c.Run(QStringLiteral("insert into bancos (numero, nombre) values (1, 'UNO')")));
+      QVERIFY(c.Run(u"insert into bancos (numero, nombre) values (1, 'UNO')"_s));
     }
     Connection lectura(company.cadena(), Connection::Acceso::kLectura);
     // A data-changing common table expression passes the word check; the connection stops it.
     const Campos campos = CamposDeSentencia(
-        lectura, QStringLiteral("with x as (delete from bancos returning numero) select * from x"));
+        lectura, u"with x as (delete from bancos returning numero) select * from x"_s);
     QVERIFY(!campos.outcome.ok);
-    QVERIFY(!lectura.Run(QStringLiteral("delete from bancos")));
+    QVERIFY(!lectura.Run(u"delete from bancos"_s));
     Connection c(company.cadena());
-    QCOMPARE(c.Scalar(QStringLiteral("select count(*) from bancos")).toInt(), 1);
+    QCOMPARE(c.Scalar(u"select count(*) from bancos"_s).toInt(), 1);
   }
 
   // A product code among the rows finds the documents that hold it; no typed text breaks the
@@ -220,7 +211,7 @@ class TestBrowse : public QObject {
     QVERIFY(company.ok() && CrearEmpresaDemo(company.path()).ok);
     Connection c(company.cadena(), Connection::Acceso::kLectura);
     const Engine motor = company.sql() ? Engine::kPostgres : Engine::kSqlite;
-    const Familia* ajustes = FamiliaDeForma(QStringLiteral("FrmAjustes"));
+    const Familia* ajustes = FamiliaDeForma(u"FrmAjustes"_s);
     const BusquedaFamilia& porCodigo = *std::find_if(
         ajustes->busquedas.begin(), ajustes->busquedas.end(),
         [](const BusquedaFamilia& b) { return b.modo == ModoBusqueda::kSubconsulta; });
@@ -235,7 +226,7 @@ class TestBrowse : public QObject {
                                .toInt();
     QVERIFY(con_codigo >= 1);
     Consulta consulta;
-    consulta.sentencia = QStringLiteral("select * from \"ajustes de inventario\"");
+    consulta.sentencia = u"select * from \"ajustes de inventario\""_s;
     auto contar = [&](const QString& respuesta) {
       consulta.busqueda = CondicionDeSubconsulta(motor, QString::fromUtf8(porCodigo.columna),
                                                  QString::fromUtf8(porCodigo.subconsulta),
@@ -243,16 +234,16 @@ class TestBrowse : public QObject {
       return ContarFilas(c, consulta).value_or(-1);
     };
     QCOMPARE(contar(codigo.toLower()), qint64(con_codigo));
-    QCOMPARE(contar(QStringLiteral("*")), qint64(5));
+    QCOMPARE(contar(u"*"_s), qint64(5));
     QRandomGenerator azar(20261123);
-    const QString piezas = QStringLiteral("'\\\"%_;-*/()ñÑ?! abcSELECT");
+    const QString piezas = u"'\\\"%_;-*/()ñÑ?! abcSELECT"_s;
     for (int i = 0; i < 400; ++i) {
       QString texto;
       const int largo = azar.bounded(1, 30);
       for (int j = 0; j < largo; ++j) texto += piezas.at(azar.bounded(piezas.size()));
       const qint64 filas = contar(texto);
       QVERIFY2(filas >= 0 && filas <= 5, qPrintable(texto));
-      consulta.busqueda = CondicionDeBusqueda(motor, QStringLiteral("obs"), false, texto);
+      consulta.busqueda = CondicionDeBusqueda(motor, u"obs"_s, false, texto);
       QVERIFY2(ContarFilas(c, consulta).value_or(-1) >= 0, qPrintable(texto));
     }
   }
@@ -261,38 +252,37 @@ class TestBrowse : public QObject {
   // to 0 asks the manager's.
   void PromptsDeLosBotones() {
     Session session;
-    session.Contrasena = passwords::Hash(QStringLiteral("YO"));
-    session.ContrasenaGerente = passwords::Hash(QStringLiteral("JEFE"));
-    session.ContrasenaAdministrador = passwords::Hash(QStringLiteral("ADMIN"));
-    const QString seguridad = QStringLiteral("1|Nuevo|0|x|1\r\n3|Cancelar|1|x|0\r2|Cambiar|1|x|1");
+    session.Contrasena = passwords::Hash(u"YO"_s);
+    session.ContrasenaGerente = passwords::Hash(u"JEFE"_s);
+    session.ContrasenaAdministrador = passwords::Hash(u"ADMIN"_s);
+    const QString seguridad = u"1|Nuevo|0|x|1\r\n3|Cancelar|1|x|0\r2|Cambiar|1|x|1"_s;
     const std::vector<Prompt> nuevo = PromptsDeBoton(session, seguridad, 1);
     QCOMPARE(nuevo.size(), size_t(1));
-    QCOMPARE(nuevo[0].titulo, QStringLiteral("Escriba la contraseña del usuario"));
+    QCOMPARE(nuevo[0].titulo, u"Escriba la contraseña del usuario"_s);
     QCOMPARE(nuevo[0].clave, session.Contrasena);
     const std::vector<Prompt> cancelar = PromptsDeBoton(session, seguridad, 3);
     QCOMPARE(cancelar.size(), size_t(1));
-    QCOMPARE(cancelar[0].titulo, QStringLiteral("Escriba la contraseña del gerente"));
+    QCOMPARE(cancelar[0].titulo, u"Escriba la contraseña del gerente"_s);
     QVERIFY(PromptsDeBoton(session, seguridad, 2).empty());
     QVERIFY(PromptsDeBoton(session, seguridad, 6).empty());
     session.ContrasenaAdministrador.clear();
     QVERIFY(PromptsDeBoton(session, seguridad, 1).empty());
-    QVERIFY(!BotonPermitido(QStringLiteral("1101"), 3));
-    QVERIFY(BotonPermitido(QStringLiteral("1101"), 4));
-    QVERIFY(BotonPermitido(QStringLiteral("11"), 6));
+    QVERIFY(!BotonPermitido(u"1101"_s, 3));
+    QVERIFY(BotonPermitido(u"1101"_s, 4));
+    QVERIFY(BotonPermitido(u"11"_s, 6));
   }
 
   void SumaDeLaSeleccion() {
-    QCOMPARE(SumaSeleccion({1.5, 2, 1000}, 3), QStringLiteral("1,003.50,  Suma = 3"));
+    QCOMPARE(SumaSeleccion({1.5, 2, 1000}, 3), u"1,003.50,  Suma = 3"_s);
     const std::vector<double> muchas(kMaximoCeldas, 1.0);
-    QCOMPARE(SumaSeleccion(muchas, kMaximoCeldas), QStringLiteral("32,767.00,  Suma = 32767"));
-    QCOMPARE(SumaSeleccion({}, kMaximoCeldas + 1),
-             QStringLiteral("Error, Demasiadas filas = 32768"));
+    QCOMPARE(SumaSeleccion(muchas, kMaximoCeldas), u"32,767.00,  Suma = 32767"_s);
+    QCOMPARE(SumaSeleccion({}, kMaximoCeldas + 1), u"Error, Demasiadas filas = 32768"_s);
     QVERIFY(SumaSeleccion({}, 0).isEmpty());
-    QCOMPARE(MostrarFilas(120), QStringLiteral("120 filas"));
-    QCOMPARE(MostrarFilas(120, 3), QStringLiteral("3/120 filas"));
-    QCOMPARE(LeerOrdenar(QStringLiteral("[fecha] Desc, [folio] asc, basura")).size(), size_t(2));
-    QCOMPARE(EscribirOrdenar(LeerOrdenar(QStringLiteral("[fecha] Desc,[folio]"))),
-             QStringLiteral("[fecha] Desc, [folio] Asc"));
+    QCOMPARE(MostrarFilas(120), u"120 filas"_s);
+    QCOMPARE(MostrarFilas(120, 3), u"3/120 filas"_s);
+    QCOMPARE(LeerOrdenar(u"[fecha] Desc, [folio] asc, basura"_s).size(), size_t(2));
+    QCOMPARE(EscribirOrdenar(LeerOrdenar(u"[fecha] Desc,[folio]"_s)),
+             u"[fecha] Desc, [folio] Asc"_s);
   }
 };
 

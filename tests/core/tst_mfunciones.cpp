@@ -9,74 +9,54 @@
 
 #include "core/dialect.h"
 #include "core/mFunciones.h"
+#include "core/registro_inicial.h"
 #include "support/test_company.h"
 
 using namespace ventarix;
 using namespace ventarix::mFunciones;
+using namespace Qt::StringLiterals;
+using testing::Insertar;
 
 namespace {
 
-// A row built the way every add starts: the zeroes and empty texts of the table, then the
-// caller's own columns.
-bool Insertar(Connection& c, const QString& tabla, const QVariantMap& propios) {
-  QVariantMap fila = InicializarRegistro(tabla);
-  for (auto it = propios.cbegin(); it != propios.cend(); ++it) fila.insert(it.key(), it.value());
-  QStringList nombres, marcas;
-  for (const QString& nombre : fila.keys()) {
-    nombres << dialect::Name(nombre);
-    marcas << QStringLiteral("?");
-  }
-  QString error;
-  const bool ok = c.Run(
-      QStringLiteral("insert into %1 (%2) values (%3)")
-          .arg(dialect::Name(tabla), nombres.join(QLatin1Char(',')), marcas.join(QLatin1Char(','))),
-      fila.values(), &error);
-  if (!ok) qWarning("%s", qPrintable(error));
-  return ok;
-}
-
 // What the database demands of a product, a client, a delivery note and one of its rows.
 QVariantMap Producto(const QString& codigo) {
-  return {{QStringLiteral("codigo"), codigo},
-          {QStringLiteral("marca"), 1},
-          {QStringLiteral("linea"), 1}};
+  return {{u"codigo"_s, codigo}, {u"marca"_s, 1}, {u"linea"_s, 1}};
 }
 
 QVariantMap Cliente(int numero, const QString& status, const QString& juridico) {
-  return {{QStringLiteral("numero"), numero},
-          {QStringLiteral("metodo"), 1},
-          {QStringLiteral("status"), status},
-          {QStringLiteral("juridico"), juridico}};
+  return {
+      {u"numero"_s, numero}, {u"metodo"_s, 1}, {u"status"_s, status}, {u"juridico"_s, juridico}};
 }
 
 QVariantMap Remision(const QString& serie, int folio, bool sql) {
-  return {{QStringLiteral("remision"), serie + QLatin1Char('-') + QString::number(folio)},
-          {QStringLiteral("serie"), serie},
-          {QStringLiteral("folio"), folio},
-          {QStringLiteral("fecha"), dialect::DateValue(QDate(2014, 1, 31), sql)},
-          {QStringLiteral("periodo"), 2014},
-          {QStringLiteral("cliente"), 1},
-          {QStringLiteral("metodo"), 1},
-          {QStringLiteral("tienda"), 1},
-          {QStringLiteral("usuario"), QStringLiteral("ADMINISTRADOR")},
-          {QStringLiteral("equipo"), QStringLiteral("PRUEBAS")}};
+  return {{u"remision"_s, serie + QLatin1Char('-') + QString::number(folio)},
+          {u"serie"_s, serie},
+          {u"folio"_s, folio},
+          {u"fecha"_s, dialect::DateValue(QDate(2014, 1, 31), sql)},
+          {u"periodo"_s, 2014},
+          {u"cliente"_s, 1},
+          {u"metodo"_s, 1},
+          {u"tienda"_s, 1},
+          {u"usuario"_s, u"ADMINISTRADOR"_s},
+          {u"equipo"_s, u"PRUEBAS"_s}};
 }
 
 QVariantMap RenglonDeRemision(const QString& remision, int item, bool sql) {
-  return {{QStringLiteral("remision"), remision},
-          {QStringLiteral("item"), item},
-          {QStringLiteral("fecha"), dialect::DateValue(QDate(2014, 1, 31), sql)},
-          {QStringLiteral("codigo"), QStringLiteral("P1")},
-          {QStringLiteral("descripcion"), QStringLiteral("TORNILLO")},
-          {QStringLiteral("unidad"), QStringLiteral("PZA")},
-          {QStringLiteral("cliente"), 1},
-          {QStringLiteral("almacen"), 1}};
+  return {{u"remision"_s, remision},
+          {u"item"_s, item},
+          {u"fecha"_s, dialect::DateValue(QDate(2014, 1, 31), sql)},
+          {u"codigo"_s, u"P1"_s},
+          {u"descripcion"_s, u"TORNILLO"_s},
+          {u"unidad"_s, u"PZA"_s},
+          {u"cliente"_s, 1},
+          {u"almacen"_s, 1}};
 }
 
 QStringList Codigos(Connection& c, const SqlText& sql) {
-  QSqlQuery q = c.Exec(sql.text + QStringLiteral(" order by codigo"), sql.values);
+  QSqlQuery q = c.Exec(sql.text + u" order by codigo"_s, sql.values);
   QStringList codigos;
-  while (q.next()) codigos << q.value(QStringLiteral("codigo")).toString();
+  while (q.next()) codigos << q.value(u"codigo"_s).toString();
   return codigos;
 }
 
@@ -88,131 +68,95 @@ class TestMFunciones : public QObject {
  private slots:
   void initTestCase_data() { testing::AddEngineRows(); }
 
-  void NumeroSiguienteTomaElMaximoMasUno() {
+  // Next numbers, folios, legal-entity marks and detail deletion over one small company:
+  // two clients, a delivery note A-5 and the rows of.
+  void ConsultasSobreDocumentos() {
     VENTARIX_COMPANY(company);
     Connection c(company.cadena());
-    const QString numero = QStringLiteral("numero");
-    const QString clientes = QStringLiteral("clientes");
-    QCOMPARE(NumeroSiguiente(c, numero, clientes), 1);
-    QVERIFY(Insertar(c, clientes, Cliente(3, QStringLiteral("BAJA"), QStringLiteral("N"))));
-    QVERIFY(Insertar(c, clientes, Cliente(7, QStringLiteral("ALTA"), QStringLiteral("N"))));
-    QCOMPARE(NumeroSiguiente(c, numero, clientes), 8);
-    const QString where = QStringLiteral("where status = ?");
-    QCOMPARE(NumeroSiguiente(c, numero, clientes, where, {QStringLiteral("BAJA")}), 4);
-    // A condition that leaves no row counts as an empty table.
-    QCOMPARE(NumeroSiguiente(c, numero, clientes, where, {QStringLiteral("OTRO")}), 1);
-    // Detail sequences of one document, on a table whose name has a blank.
     Session s = company.MakeSession();
-    const QString detalles = QStringLiteral("remisiones detalles");
-    QVERIFY(Insertar(c, detalles, RenglonDeRemision(QStringLiteral("A-1"), 1, s.Sql)));
-    QVERIFY(Insertar(c, detalles, RenglonDeRemision(QStringLiteral("A-1"), 2, s.Sql)));
-    QVERIFY(Insertar(c, detalles, RenglonDeRemision(QStringLiteral("A-2"), 9, s.Sql)));
-    const QString de_remision = QStringLiteral("where remision = ?");
-    QCOMPARE(
-        NumeroSiguiente(s, QStringLiteral("item"), detalles, de_remision, {QStringLiteral("A-1")}),
-        3);
-    QCOMPARE(
-        NumeroSiguiente(s, QStringLiteral("item"), detalles, de_remision, {QStringLiteral("A-3")}),
-        1);
+    const QString numero = u"numero"_s;
+    const QString clientes = u"clientes"_s;
+    QCOMPARE(NumeroSiguiente(c, numero, clientes), 1);
+    QVERIFY(Insertar(c, clientes, Cliente(3, u"BAJA"_s, u"N"_s)));
+    QVERIFY(Insertar(c, clientes, Cliente(7, u"ALTA"_s, u"S"_s)));
+    QCOMPARE(NumeroSiguiente(c, numero, clientes), 8);
+    const QString where = u"where status = ?"_s;
+    QCOMPARE(NumeroSiguiente(c, numero, clientes, where, {u"BAJA"_s}), 4);
+    // A condition that leaves no row counts as an empty table.
+    QCOMPARE(NumeroSiguiente(c, numero, clientes, where, {u"OTRO"_s}), 1);
+    QVERIFY(EsJuridico(s, 7));
+    QVERIFY(!EsJuridico(s, 3));
+    QVERIFY(!EsJuridico(s, 1));
+
+    const QString remisiones = u"remisiones"_s;
+    QVERIFY(Insertar(c, remisiones, Remision(u"A"_s, 5, s.Sql)));
+    QVERIFY(ExisteFolio(s, remisiones, u"A"_s, 5));
+    QVERIFY(!ExisteFolio(s, remisiones, u"B"_s, 5));
+    QVERIFY(!ExisteFolio(s, remisiones, u"A"_s, 6));
+    QVERIFY(!ExisteFolio(s, remisiones, QString(), 5));
+    QVERIFY(!ExisteFolio(s, u"facturas"_s, u"A"_s, 5));
+
+    // Detail sequences of one document, on a table whose name has a blank.
+    const QString detalles = u"remisiones detalles"_s;
+    QVERIFY(Insertar(c, detalles, RenglonDeRemision(u"A-1"_s, 1, s.Sql)));
+    QVERIFY(Insertar(c, detalles, RenglonDeRemision(u"A-1"_s, 2, s.Sql)));
+    QVERIFY(Insertar(c, detalles, RenglonDeRemision(u"A-2"_s, 9, s.Sql)));
+    const QString de_remision = u"where remision = ?"_s;
+    QCOMPARE(NumeroSiguiente(s, u"item"_s, detalles, de_remision, {u"A-1"_s}), 3);
+    QCOMPARE(NumeroSiguiente(s, u"item"_s, detalles, de_remision, {u"A-3"_s}), 1);
+    const QString cuantos = u"select count(*) from \"remisiones detalles\""_s;
+    QVERIFY(BorrarDetalles(c, remisiones, u"remision"_s, QString()));
+    QCOMPARE(c.Scalar(cuantos).toInt(), 3);
+    QVERIFY(BorrarDetalles(c, remisiones, u"remision"_s, u"A-1"_s));
+    QCOMPARE(c.Scalar(cuantos).toInt(), 1);
+    QCOMPARE(c.Scalar(u"select remision from \"remisiones detalles\""_s).toString(), u"A-2"_s);
   }
 
   void SqlProductoBuscaPorCualquierCodigo() {
     VENTARIX_COMPANY(company);
     Connection c(company.cadena());
-    QVariantMap cien = Producto(QStringLiteral("100"));
-    cien.insert(QStringLiteral("codigo1"), QStringLiteral("X"));
-    QVariantMap doscientos = Producto(QStringLiteral("200"));
-    doscientos.insert(QStringLiteral("codigo3"), QStringLiteral("Z'9"));
-    for (const QVariantMap& p : {cien, Producto(QStringLiteral("X")), doscientos}) {
-      QVERIFY(Insertar(c, QStringLiteral("productos"), p));
+    QVariantMap cien = Producto(u"100"_s);
+    cien.insert(u"codigo1"_s, u"X"_s);
+    QVariantMap doscientos = Producto(u"200"_s);
+    doscientos.insert(u"codigo3"_s, u"Z'9"_s);
+    for (const QVariantMap& p : {cien, Producto(u"X"_s), doscientos}) {
+      QVERIFY(Insertar(c, u"productos"_s, p));
     }
-    QCOMPARE(Codigos(c, SqlProducto(QStringLiteral("X"))),
-             (QStringList{QStringLiteral("100"), QStringLiteral("X")}));
+    QCOMPARE(Codigos(c, SqlProducto(u"X"_s)), (QStringList{u"100"_s, u"X"_s}));
     // A quote in a code is a value like any other.
-    QCOMPARE(Codigos(c, SqlProducto(QStringLiteral("Z'9"))), QStringList{QStringLiteral("200")});
+    QCOMPARE(Codigos(c, SqlProducto(u"Z'9"_s)), QStringList{u"200"_s});
     // Every product above has empty alternate codes; an empty code still finds none.
     QCOMPARE(Codigos(c, SqlProducto(QString())), QStringList());
-    QCOMPARE(Codigos(c, SqlProducto(QStringLiteral("300"))), QStringList());
-  }
-
-  void ExisteFolioPorSerieYFolio() {
-    VENTARIX_COMPANY(company);
-    Session s = company.MakeSession();
-    {
-      Connection c(company.cadena());
-      QVERIFY(Insertar(c, QStringLiteral("remisiones"), Remision(QStringLiteral("A"), 5, s.Sql)));
-    }
-    const QString remisiones = QStringLiteral("remisiones");
-    QVERIFY(ExisteFolio(s, remisiones, QStringLiteral("A"), 5));
-    QVERIFY(!ExisteFolio(s, remisiones, QStringLiteral("B"), 5));
-    QVERIFY(!ExisteFolio(s, remisiones, QStringLiteral("A"), 6));
-    QVERIFY(!ExisteFolio(s, remisiones, QString(), 5));
-    QVERIFY(!ExisteFolio(s, QStringLiteral("facturas"), QStringLiteral("A"), 5));
-  }
-
-  void BorrarDetallesSoloDelDocumento() {
-    VENTARIX_COMPANY(company);
-    Connection c(company.cadena());
-    const QString tabla = QStringLiteral("remisiones detalles");
-    QVERIFY(Insertar(c, tabla, RenglonDeRemision(QStringLiteral("A-1"), 1, c.sql())));
-    QVERIFY(Insertar(c, tabla, RenglonDeRemision(QStringLiteral("A-1"), 2, c.sql())));
-    QVERIFY(Insertar(c, tabla, RenglonDeRemision(QStringLiteral("A-2"), 1, c.sql())));
-    const QString cuantos = QStringLiteral("select count(*) from \"remisiones detalles\"");
-    QVERIFY(BorrarDetalles(c, QStringLiteral("remisiones"), QStringLiteral("remision"), QString()));
-    QCOMPARE(c.Scalar(cuantos).toInt(), 3);
-    QVERIFY(BorrarDetalles(c, QStringLiteral("remisiones"), QStringLiteral("remision"),
-                           QStringLiteral("A-1")));
-    QCOMPARE(c.Scalar(cuantos).toInt(), 1);
-    QCOMPARE(c.Scalar(QStringLiteral("select remision from \"remisiones detalles\"")).toString(),
-             QStringLiteral("A-2"));
+    QCOMPARE(Codigos(c, SqlProducto(u"300"_s)), QStringList());
   }
 
   void InicializarRegistroDaCerosYTextosVacios() {
     VENTARIX_COMPANY(company);
-    const QVariantMap fila = InicializarRegistro(QStringLiteral("productos"));
-    QCOMPARE(fila.value(QStringLiteral("precio1")).toDouble(), 0.0);
-    QCOMPARE(fila.value(QStringLiteral("proveedor1")).toInt(), 0);
-    QVERIFY(!fila.value(QStringLiteral("descripcion")).toString().isNull());
-    QVERIFY(!fila.contains(QStringLiteral("fecha ultima compra")));
+    const QVariantMap fila = InicializarRegistro(u"productos"_s);
+    QVERIFY(!fila.contains(u"fecha ultima compra"_s));
     // Brand and status are validated by the database: the caller's to fill.
-    QVERIFY(!fila.contains(QStringLiteral("marca")));
-    QVERIFY(!fila.contains(QStringLiteral("status")));
-    QVERIFY(InicializarRegistro(QStringLiteral("no existe")).isEmpty());
+    QVERIFY(!fila.contains(u"marca"_s));
+    QVERIFY(!fila.contains(u"status"_s));
+    QVERIFY(InicializarRegistro(u"no existe"_s).isEmpty());
     // What it gives binds on the engine: the row reads back as zeroes and empty texts.
     Connection c(company.cadena());
-    QVERIFY(Insertar(c, QStringLiteral("productos"), Producto(QStringLiteral("P"))));
-    QSqlQuery q = c.Exec(QStringLiteral("select * from productos where codigo = 'P'"));
+    QVERIFY(Insertar(c, u"productos"_s, Producto(u"P"_s)));
+    QSqlQuery q = c.Exec(u"select * from productos where codigo = 'P'"_s);
     QVERIFY(q.next());
-    QCOMPARE(q.value(QStringLiteral("almacen3")).toDouble(), 0.0);
-    QCOMPARE(q.value(QStringLiteral("producto")).toString(), QStringLiteral(""));
-    QVERIFY(!q.value(QStringLiteral("producto")).isNull());
-    QCOMPARE(q.value(QStringLiteral("status")).toString(), QStringLiteral("ALTA"));
-    QVERIFY(q.value(QStringLiteral("fecha ultima compra")).isNull());
-  }
-
-  void EsJuridicoSoloConLaMarca() {
-    VENTARIX_COMPANY(company);
-    {
-      Connection c(company.cadena());
-      QVERIFY(Insertar(c, QStringLiteral("clientes"),
-                       Cliente(1, QStringLiteral("ALTA"), QStringLiteral("S"))));
-      QVERIFY(Insertar(c, QStringLiteral("clientes"),
-                       Cliente(2, QStringLiteral("ALTA"), QStringLiteral("N"))));
-    }
-    const Session s = company.MakeSession();
-    QVERIFY(EsJuridico(s, 1));
-    QVERIFY(!EsJuridico(s, 2));
-    QVERIFY(!EsJuridico(s, 3));
+    QCOMPARE(q.value(u"almacen3"_s).toDouble(), 0.0);
+    QCOMPARE(q.value(u"producto"_s).toString(), u""_s);
+    QVERIFY(!q.value(u"producto"_s).isNull());
+    QCOMPARE(q.value(u"status"_s).toString(), u"ALTA"_s);
+    QVERIFY(q.value(u"fecha ultima compra"_s).isNull());
   }
 
   void FechaServidor_data() {
     QTest::addColumn<QString>("fija");
     QTest::addColumn<bool>("solo_fecha");
     QTest::addColumn<QDateTime>("esperada");
-    QTest::newRow("fija") << QStringLiteral("20140131") << false
-                          << QDateTime(QDate(2014, 1, 31), QTime(0, 0));
+    QTest::newRow("fija") << u"20140131"_s << false << QDateTime(QDate(2014, 1, 31), QTime(0, 0));
     QTest::newRow("fija, solo fecha")
-        << QStringLiteral("20121231") << true << QDateTime(QDate(2012, 12, 31), QTime(0, 0));
+        << u"20121231"_s << true << QDateTime(QDate(2012, 12, 31), QTime(0, 0));
     QTest::newRow("reloj") << QString() << false << QDateTime();
     QTest::newRow("reloj, solo fecha") << QString() << true << QDateTime();
   }
@@ -245,29 +189,24 @@ class TestMFunciones : public QObject {
     QTest::addColumn<QString>("archivo");
     QTest::addColumn<QString>("fecha");
     QTest::newRow("tarde") << QDateTime(QDate(2014, 1, 5), QTime(15, 7, 9))
-                           << QStringLiteral("errores_ene2014.txt")
-                           << QStringLiteral("05/enero/2014 03:07:09 pm");
+                           << u"errores_ene2014.txt"_s << u"05/enero/2014 03:07:09 pm"_s;
     QTest::newRow("medianoche") << QDateTime(QDate(2013, 9, 30), QTime(0, 5, 0))
-                                << QStringLiteral("errores_sep2013.txt")
-                                << QStringLiteral("30/septiembre/2013 12:05:00 am");
+                                << u"errores_sep2013.txt"_s << u"30/septiembre/2013 12:05:00 am"_s;
     QTest::newRow("mediodia") << QDateTime(QDate(2015, 12, 1), QTime(12, 0, 59))
-                              << QStringLiteral("errores_dic2015.txt")
-                              << QStringLiteral("01/diciembre/2015 12:00:59 pm");
+                              << u"errores_dic2015.txt"_s << u"01/diciembre/2015 12:00:59 pm"_s;
     QTest::newRow("agosto") << QDateTime(QDate(2016, 8, 17), QTime(9, 30, 0))
-                            << QStringLiteral("errores_ago2016.txt")
-                            << QStringLiteral("17/agosto/2016 09:30:00 am");
+                            << u"errores_ago2016.txt"_s << u"17/agosto/2016 09:30:00 am"_s;
   }
   void LineaDeError() {
     QFETCH(QDateTime, momento);
     QFETCH(QString, archivo);
     QFETCH(QString, fecha);
     Session s;
-    s.CarpetaErrores = QStringLiteral("/base/Inicio/Errores");
-    s.CarpetaEmpresa = QStringLiteral("/base/Inicio/Empresas/AAA010101AAA");
-    s.Usuario = QStringLiteral("ANA");
-    QCOMPARE(ArchivoDeErrores(s, momento.date()),
-             QStringLiteral("/base/Inicio/Errores/") + archivo);
-    QCOMPARE(mFunciones::LineaDeError(s, QStringLiteral("no existe la columna"), momento),
+    s.CarpetaErrores = u"/base/Inicio/Errores"_s;
+    s.CarpetaEmpresa = u"/base/Inicio/Empresas/AAA010101AAA"_s;
+    s.Usuario = u"ANA"_s;
+    QCOMPARE(ArchivoDeErrores(s, momento.date()), u"/base/Inicio/Errores/"_s + archivo);
+    QCOMPARE(mFunciones::LineaDeError(s, u"no existe la columna"_s, momento),
              QStringLiteral("/base/Inicio/Empresas/AAA010101AAA, USUARIO: ANA,  no existe la "
                             "columna   ") +
                  fecha);
@@ -278,46 +217,45 @@ class TestMFunciones : public QObject {
     Session s;
     s.BaseCarpeta = dir.path();
     // Before the folder tree is known the shared error folder is still used.
-    RegistrarError(s, QStringLiteral("primero"));
+    RegistrarError(s, u"primero"_s);
     CrearCarpetas(s);
     // A server's message over several lines still makes one line of the log.
-    RegistrarError(s, QStringLiteral("segundo\nLINE 1: select"));
+    RegistrarError(s, u"segundo\nLINE 1: select"_s);
     QFile file(ArchivoDeErrores(s, QDate::currentDate()));
     QVERIFY2(file.open(QIODevice::ReadOnly | QIODevice::Text), qPrintable(file.fileName()));
     const QStringList lineas =
         QString::fromUtf8(file.readAll()).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
     QCOMPARE(lineas.size(), 2);
-    QVERIFY(lineas[0].startsWith(QStringLiteral(", USUARIO: ADMINISTRADOR,  primero   ")));
-    QVERIFY(lineas[1].startsWith(
-        s.CarpetaEmpresa + QStringLiteral(", USUARIO: ADMINISTRADOR,  segundo LINE 1: select   ")));
-    QVERIFY(
-        QRegularExpression(QStringLiteral("   \\d\\d/[a-z]+/\\d{4} \\d\\d:\\d\\d:\\d\\d [ap]m$"))
-            .match(lineas[1])
-            .hasMatch());
+    QVERIFY(lineas[0].startsWith(u", USUARIO: ADMINISTRADOR,  primero   "_s));
+    QVERIFY(lineas[1].startsWith(s.CarpetaEmpresa +
+                                 u", USUARIO: ADMINISTRADOR,  segundo LINE 1: select   "_s));
+    QVERIFY(QRegularExpression(u"   \\d\\d/[a-z]+/\\d{4} \\d\\d:\\d\\d:\\d\\d [ap]m$"_s)
+                .match(lineas[1])
+                .hasMatch());
   }
 
   void CrearCarpetasConElRfc() {
     QTemporaryDir dir;
     Session s;
     s.BaseCarpeta = dir.path();
-    s.empresa.Set(QStringLiteral("rfc"), QStringLiteral("AAA010101AAA"));
+    s.empresa.Set(u"rfc"_s, u"AAA010101AAA"_s);
     CrearCarpetas(s);
     const QString base = dir.path();
-    QCOMPARE(s.CarpetaErrores, base + QStringLiteral("/Inicio/Errores"));
-    QCOMPARE(s.CarpetaEsquemasCFDi, base + QStringLiteral("/Inicio/EsquemasCFDi"));
-    QCOMPARE(s.CarpetaEmpresa, base + QStringLiteral("/Inicio/Empresas/AAA010101AAA"));
-    QCOMPARE(s.CarpetaTmp, s.CarpetaEmpresa + QStringLiteral("/tmp"));
+    QCOMPARE(s.CarpetaErrores, base + u"/Inicio/Errores"_s);
+    QCOMPARE(s.CarpetaEsquemasCFDi, base + u"/Inicio/EsquemasCFDi"_s);
+    QCOMPARE(s.CarpetaEmpresa, base + u"/Inicio/Empresas/AAA010101AAA"_s);
+    QCOMPARE(s.CarpetaTmp, s.CarpetaEmpresa + u"/tmp"_s);
     for (const QString& carpeta : {s.CarpetaImagenes, s.CarpetaCer, s.CarpetaXml, s.CarpetaRpt,
                                    s.CarpetaBak, s.CarpetaTmp}) {
       QVERIFY2(QFileInfo(carpeta).isDir(), qPrintable(carpeta));
     }
     // A new RFC makes a new empty tree; the old one stays.
-    s.empresa.Set(QStringLiteral("rfc"), QStringLiteral("BBB010101BBB"));
+    s.empresa.Set(u"rfc"_s, u"BBB010101BBB"_s);
     CrearCarpetas(s);
     QVERIFY(QFileInfo(s.CarpetaXml).isDir());
-    QVERIFY(QFileInfo(base + QStringLiteral("/Inicio/Empresas/AAA010101AAA/xml")).isDir());
+    QVERIFY(QFileInfo(base + u"/Inicio/Empresas/AAA010101AAA/xml"_s).isDir());
     // An RFC with a separator stays one folder.
-    s.empresa.Set(QStringLiteral("rfc"), QStringLiteral("../X"));
+    s.empresa.Set(u"rfc"_s, u"../X"_s);
     CrearCarpetas(s);
     QCOMPARE(QFileInfo(s.CarpetaEmpresa).dir().path(), s.CarpetaEmpresas);
   }
@@ -325,8 +263,8 @@ class TestMFunciones : public QObject {
   void ArchivoTemporalBarreLosViejos() {
     Session s;
     const QDir temp(QDir::tempPath());
-    const QString viejo = temp.filePath(QStringLiteral("TVIKPRUEBA0.TMP"));
-    const QString reciente = temp.filePath(QStringLiteral("TVIKPRUEBA1.TMP"));
+    const QString viejo = temp.filePath(u"TVIKPRUEBA0.TMP"_s);
+    const QString reciente = temp.filePath(u"TVIKPRUEBA1.TMP"_s);
     for (const QString& ruta : {viejo, reciente}) {
       QFile f(ruta);
       QVERIFY(f.open(QIODevice::WriteOnly));
@@ -340,10 +278,9 @@ class TestMFunciones : public QObject {
     const QString ruta = ArchivoTemporal(s);
     QCOMPARE(s.BaseTemporal, ruta);
     QCOMPARE(QFileInfo(ruta).absolutePath(), QFileInfo(QDir::tempPath()).absoluteFilePath());
-    QVERIFY2(QRegularExpression(QStringLiteral("^TVIK[0-9A-F]+\\.TMP$"))
-                 .match(QFileInfo(ruta).fileName())
-                 .hasMatch(),
-             qPrintable(ruta));
+    QVERIFY2(
+        QRegularExpression(u"^TVIK[0-9A-F]+\\.TMP$"_s).match(QFileInfo(ruta).fileName()).hasMatch(),
+        qPrintable(ruta));
     QVERIFY(!QFileInfo::exists(ruta));
     QVERIFY(!QFileInfo::exists(viejo));
     QVERIFY(QFileInfo::exists(reciente));
@@ -355,12 +292,11 @@ class TestMFunciones : public QObject {
     Session s = company.MakeSession();
     CrearCarpetas(s);
     QVERIFY(!ExtraerLogo(s));  // no row in empresa
-    QCOMPARE(s.ArchivoLogo, s.CarpetaTmp + QStringLiteral("/logo.tmp"));
+    QCOMPARE(s.ArchivoLogo, s.CarpetaTmp + u"/logo.tmp"_s);
     const QByteArray imagen("\x89PNG\r\n\x1a\n\0\x01\x02", 11);
     {
       Connection c(company.cadena());
-      QVERIFY(Insertar(c, QStringLiteral("empresa"),
-                       {{QStringLiteral("numero"), 1}, {QStringLiteral("logotipo"), imagen}}));
+      QVERIFY(Insertar(c, u"empresa"_s, {{u"numero"_s, 1}, {u"logotipo"_s, imagen}}));
     }
     QVERIFY(ExtraerLogo(s));
     QFile file(s.ArchivoLogo);
@@ -370,7 +306,7 @@ class TestMFunciones : public QObject {
     // An extracted logo is kept until the company screen deletes it.
     {
       Connection c(company.cadena());
-      QVERIFY(c.Run(QStringLiteral("update empresa set logotipo = null")));
+      QVERIFY(c.Run(u"update empresa set logotipo = null"_s));
     }
     QVERIFY(ExtraerLogo(s));
     QVERIFY(file.open(QIODevice::ReadOnly));
@@ -382,12 +318,11 @@ class TestMFunciones : public QObject {
     QVariantList values{1};
     QCOMPARE(SerieEnLista(s, values), QString());
     QCOMPARE(values.size(), 1);
-    s.usuario.Set(QStringLiteral("AplicarSeriesEnFacturas"), QStringLiteral("S"));
-    s.usuario.Set(QStringLiteral("SerieFacturacion1"), QStringLiteral("B"));
-    s.usuario.Set(QStringLiteral("SerieFacturacion2"), QStringLiteral("C"));
-    QCOMPARE(SerieEnLista(s, values), QStringLiteral(" and serie in (?,?,?,?,?)"));
-    QCOMPARE(values, (QVariantList{1, QStringLiteral("B"), QStringLiteral("C"), QString(),
-                                   QString(), QString()}));
+    s.usuario.Set(u"AplicarSeriesEnFacturas"_s, u"S"_s);
+    s.usuario.Set(u"SerieFacturacion1"_s, u"B"_s);
+    s.usuario.Set(u"SerieFacturacion2"_s, u"C"_s);
+    QCOMPARE(SerieEnLista(s, values), u" and serie in (?,?,?,?,?)"_s);
+    QCOMPARE(values, (QVariantList{1, u"B"_s, u"C"_s, QString(), QString(), QString()}));
   }
 
   void ConstruirCadenas() {

@@ -13,33 +13,18 @@
 #include "core/dialect.h"
 #include "core/mFunciones.h"
 #include "core/passwords.h"
+#include "core/registro_inicial.h"
 #include "core/session_load.h"
 #include "core/startup.h"
 #include "support/test_company.h"
 
 using namespace ventarix;
 using namespace ventarix::startup;
+using ventarix::testing::Insertar;
 
 namespace {
 
 QString S(const char* text) { return QString::fromUtf8(text); }
-
-bool Insertar(Connection& c, const QString& tabla, const QVariantMap& propios) {
-  QVariantMap fila = mFunciones::InicializarRegistro(tabla);
-  for (auto it = propios.cbegin(); it != propios.cend(); ++it) fila.insert(it.key(), it.value());
-  QStringList nombres, marcas;
-  for (const QString& nombre : fila.keys()) {
-    nombres << dialect::Name(nombre);
-    marcas << QStringLiteral("?");
-  }
-  QString error;
-  const bool ok = c.Run(
-      QStringLiteral("insert into %1 (%2) values (%3)")
-          .arg(dialect::Name(tabla), nombres.join(QLatin1Char(',')), marcas.join(QLatin1Char(','))),
-      fila.values(), &error);
-  if (!ok) qWarning("%s", qPrintable(error));
-  return ok;
-}
 
 bool Usuario(Connection& c, const char* usuario, const QString& contrasena, const char* admin,
              const char* gerente, int tienda = 1) {
@@ -457,7 +442,8 @@ class TestStartup : public QObject {
     QVERIFY(s.Cargado);
   }
 
-  void TerminalConSoloCotizaciones() {
+  // A terminal whose user offers only quotations, and the series each document defaults to.
+  void TerminalYSeries() {
     VENTARIX_COMPANY(company);
     {
       Connection c(company.cadena());
@@ -466,19 +452,6 @@ class TestStartup : public QObject {
                         {S("pantallapordefaultentpv"), 3},
                         {S("cotizacionserie"), S("q")}}));
       QVERIFY(Insertar(c, S("configurar"), {{S("usuario"), S("ANA")}, {S("ticketserie"), S("t")}}));
-    }
-    Session s = company.MakeSession();
-    CargarSesion(s);
-    QCOMPARE(s.configurar.Integer(S("PantallaPorDefaultEnTpv")), 3);
-    QCOMPARE(s.configurar.Text(S("CotizacionSerie")), S("Q"));
-    QCOMPARE(s.DocumentosTpv, S("C"));
-    QCOMPARE(s.SerieTpv, S("Q"));
-  }
-
-  void SeriesPredeterminadas() {
-    VENTARIX_COMPANY(company);
-    {
-      Connection c(company.cadena());
       for (const auto& [documento, serie] :
            {std::pair{"Remisiones", "r"}, {"CXC", "c"}, {"facturas", "F"}, {"ajustes", "aj"}}) {
         QVERIFY(Insertar(c, S("series"), {{S("documento"), S(documento)}, {S("serie"), S(serie)}}));
@@ -486,6 +459,10 @@ class TestStartup : public QObject {
     }
     Session s = company.MakeSession();
     CargarSesion(s);
+    QCOMPARE(s.configurar.Integer(S("PantallaPorDefaultEnTpv")), 3);
+    QCOMPARE(s.configurar.Text(S("CotizacionSerie")), S("Q"));
+    QCOMPARE(s.DocumentosTpv, S("C"));
+    QCOMPARE(s.SerieTpv, S("Q"));
     QCOMPARE(s.SerieRemisiones, S("R"));
     QCOMPARE(s.SerieCxC, S("C"));
     QCOMPARE(s.SerieAjustes, S("AJ"));

@@ -1,7 +1,6 @@
 // Users and their rights on both engines: who becomes administrator, the stores each screen
 // allows, passwords after a change, the menu mask and rights texts as the session load reads
 // them back, and what deleting the last administrator does to the next start.
-#include <QSet>
 #include <QTest>
 
 #include "core/database.h"
@@ -95,18 +94,11 @@ class TestUsuarios : public QObject {
     QCOMPARE(TextoDeDerechosValido(texto), valido);
   }
 
-  void DocumentosYCatalogosSonLasColumnasDeDerechos() {
-    QCOMPARE(ColumnasDeDocumentos().size(), 15);
-    QCOMPARE(ColumnasDeCatalogos().size(), 9);
-    const QStringList juntas = ColumnasDeDocumentos() + ColumnasDeCatalogos();
-    QCOMPARE(QSet<QString>(juntas.cbegin(), juntas.cend()),
-             QSet<QString>(ColumnasDeDerechos().cbegin(), ColumnasDeDerechos().cend()));
-  }
-
   // ---- Adding and changing users ----
 
   // The first user becomes administrator whatever was ticked; the next ones keep their flags.
-  // Administrators and managers start with every menu entry, others with none.
+  // Administrators and managers start with every menu entry, others with none. A name is
+  // required and unique.
   void PrimerUsuarioEsAdministrador() {
     VENTARIX_COMPANY(company);
     Session s = company.MakeSession();
@@ -132,6 +124,15 @@ class TestUsuarios : public QObject {
     QVERIFY(startup::Entrar(s, u"ANA"_s, u"CLAVE"_s));
     QVERIFY(s.Administrador);
     QCOMPARE(s.Tienda, 2);
+
+    // A repeated or empty name saves nothing; the first password still enters.
+    const Outcome repetido = AltaUsuario(s, Datos(u" ANA "_s, u"OTRA"_s, u"1"_s));
+    QCOMPARE(repetido.message, u"Este usuario ya está registrado"_s);
+    QCOMPARE(repetido.field, u"Usuario"_s);
+    const Outcome vacio = AltaUsuario(s, Datos(u"  "_s, u"OTRA"_s, u"1"_s));
+    QCOMPARE(vacio.message, u"Se requiere la entrada del usuario"_s);
+    QCOMPARE(Usuarios(s), 3);
+    QVERIFY(startup::Entrar(s, u"ANA"_s, u"CLAVE"_s));
   }
 
   void Tienda_data() {
@@ -173,20 +174,6 @@ class TestUsuarios : public QObject {
     } else {
       QCOMPARE(Columna(s, u"tienda"_s, u"ANA"_s).toInt(), tienda.toInt());
     }
-  }
-
-  void UsuarioVacioORepetido() {
-    VENTARIX_COMPANY(company);
-    Session s = company.MakeSession();
-    QVERIFY(AltaUsuario(s, Datos(u"ANA"_s, u"UNO"_s, u"1"_s)));
-    const Outcome repetido = AltaUsuario(s, Datos(u" ANA "_s, u"OTRA"_s, u"1"_s));
-    QCOMPARE(repetido.message, u"Este usuario ya está registrado"_s);
-    QCOMPARE(repetido.field, u"Usuario"_s);
-    const Outcome vacio = AltaUsuario(s, Datos(u"  "_s, u"OTRA"_s, u"1"_s));
-    QCOMPARE(vacio.message, u"Se requiere la entrada del usuario"_s);
-    QCOMPARE(Usuarios(s), 1);
-    // The first password is still the one that enters.
-    QVERIFY(startup::Entrar(s, u"ANA"_s, u"UNO"_s));
   }
 
   // The change screen never touches the administrator flag; someone who is no administrator
@@ -241,12 +228,27 @@ class TestUsuarios : public QObject {
 
   // ---- Rights ----
 
-  // The rights screen's save, read back by the screen and by the session load of the user.
+  // The rights screen's save, read back by the screen and by the session load of the user;
+  // a badly written one is refused whole.
   void DerechosGuardadosYCargados() {
     VENTARIX_COMPANY(company);
     Session s = company.MakeSession();
     QVERIFY(AltaUsuario(s, Datos(u"ANA"_s, u"UNO"_s, u"1"_s)));
     QVERIFY(AltaUsuario(s, Datos(u"LUIS"_s, u"DOS"_s, u"2"_s)));
+
+    // A badly written rights text saves nothing of the row.
+    Derechos mal;
+    QVERIFY(LeerDerechos(s, u"ANA"_s, &mal));
+    mal.textos[u"Facturas"_s] = u"SSS"_s;
+    mal.textos[u"Remisiones"_s] = u"SXS"_s;
+    mal.permisos = QString(200, u'0');
+    const Outcome outcome = GuardarDerechos(s, u"ANA"_s, mal);
+    QVERIFY(!outcome);
+    QCOMPARE(outcome.field, u"Remisiones"_s);
+    QCOMPARE(Columna(s, u"permisos"_s, u"ANA"_s).toString(), QString(200, u'1'));
+    QCOMPARE(Columna(s, u"facturas"_s, u"ANA"_s).toString(), QString());
+    QCOMPARE(GuardarDerechos(s, u"NADIE"_s, Derechos{}).message,
+             u"Usuario no registrado para acceso al sistema"_s);
 
     Derechos d;
     QVERIFY(LeerDerechos(s, u"LUIS"_s, &d));
@@ -296,24 +298,6 @@ class TestUsuarios : public QObject {
     s.Administrador = false;
     const Outcome ajeno = GuardarDerechos(s, u"LUIS"_s, d);
     QCOMPARE(ajeno.message, u"Este usuario no tiene permisos para cambios de registros"_s);
-  }
-
-  void DerechosMalEscritosNoSeGuardan() {
-    VENTARIX_COMPANY(company);
-    Session s = company.MakeSession();
-    QVERIFY(AltaUsuario(s, Datos(u"ANA"_s, u"UNO"_s, u"1"_s)));
-    Derechos d;
-    QVERIFY(LeerDerechos(s, u"ANA"_s, &d));
-    d.textos[u"Facturas"_s] = u"SSS"_s;
-    d.textos[u"Remisiones"_s] = u"SXS"_s;
-    d.permisos = QString(200, u'0');
-    const Outcome outcome = GuardarDerechos(s, u"ANA"_s, d);
-    QVERIFY(!outcome);
-    QCOMPARE(outcome.field, u"Remisiones"_s);
-    QCOMPARE(Columna(s, u"permisos"_s, u"ANA"_s).toString(), QString(200, u'1'));
-    QCOMPARE(Columna(s, u"facturas"_s, u"ANA"_s).toString(), QString());
-    QCOMPARE(GuardarDerechos(s, u"NADIE"_s, Derechos{}).message,
-             u"Usuario no registrado para acceso al sistema"_s);
   }
 
   // ---- Deleting ----
