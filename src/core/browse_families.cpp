@@ -293,7 +293,10 @@ std::vector<Familia> Construir() {
        DeCatalogo("Número de Banco a Buscar", "Banco a Buscar")},
       {"FrmFoliosFacturas",
        "folios facturas",
-       nullptr,
+       // How much of each range is used and what is left.
+       R"(select f.*, (select count(*) from "facturas" where ingreso = f.numero) as ocupados, )"
+       R"(f.foliofinal - f.folioinicial + 1 - (select count(*) from "facturas" where ingreso = f.numero) )"
+       R"(as quedan from "folios facturas" f)",
        "FoliosFacturas",
        {"numero"},
        true,
@@ -304,7 +307,10 @@ std::vector<Familia> Construir() {
         {4, "esquema", "Esquema a Buscar", M::kContiene}}},
       {"FrmFoliosNotas",
        "folios notas",
-       nullptr,
+       // How much of each range is used and what is left.
+       R"(select f.*, (select count(*) from "notas cliente" where egreso = f.numero) as ocupados, )"
+       R"(f.foliofinal - f.folioinicial + 1 - (select count(*) from "notas cliente" where egreso = f.numero) )"
+       R"(as quedan from "folios notas" f)",
        "FoliosNotas",
        {"numero"},
        true,

@@ -246,16 +246,10 @@ bool LeerInforme(const QString& archivo, RangoFolios* rango) {
 }
 
 Outcome RevisarContrasena(const QString& archivo_llave, const QString& password) {
-  switch (LlavePrivada::AbrirArchivo(archivo_llave, password).estado()) {
-    case LlavePrivada::Estado::kOk:
-      return Outcome::Ok();
-    case LlavePrivada::Estado::kContrasenaIncorrecta:
-      return Outcome::Warning(u"Esta contraseña no corresponde al archivo llave privada"_s,
-                              u"Password"_s);
-    case LlavePrivada::Estado::kSinReferencia:
-      break;
-  }
-  return Outcome::Warning(u"No existe una referencia correcta al archivo llave privada"_s,
+  // A key file that is missing or is not an encrypted key fails the same way as a wrong
+  // password: the key cannot be opened with what was typed.
+  if (LlavePrivada::AbrirArchivo(archivo_llave, password).ok()) return Outcome::Ok();
+  return Outcome::Warning(u"Esta contraseña no corresponde al archivo llave privada"_s,
                           u"Password"_s);
 }
 

@@ -20,7 +20,8 @@ Familia Sellado(bool egreso, bool cfd) {
   Familia f;
   f.tipo_de_comprobante = egreso ? "egreso" : "ingreso";
   f.pasos = {kStatus, kFormaDePago, kConceptos, kEsquemas, kRango, kCliente};
-  if (cfd) f.pasos.push_back(kMarca);
+  // Only a CFD invoice carries an addenda; credit notes have none.
+  if (cfd && !egreso) f.pasos.push_back(kMarca);
   f.sella = true;
   f.cfd = cfd;
   f.folios = egreso ? FamiliaFolios::kNotas : FamiliaFolios::kFacturas;

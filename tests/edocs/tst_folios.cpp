@@ -65,6 +65,24 @@ class TestFolios : public QObject {
  private slots:
   void initTestCase_data() { testing::AddEngineRows(); }
 
+  // Whatever keeps the key from opening (a wrong password, a missing file, a certificate
+  // chosen as the key) gets the password's message.
+  void ContrasenaDeLaLlave() {
+    QFETCH_GLOBAL(QString, engine);
+    if (engine != u"sqlite"_s) QSKIP("no database here");
+    const QString base = u"AAA010101AAA_20001000000100005867"_s;
+    QVERIFY(edocs::RevisarContrasena(Csd(base, u".key"_s), u"12345678a"_s));
+    const QString mensaje = u"Esta contraseña no corresponde al archivo llave privada"_s;
+    for (const auto& [archivo, password] :
+         {std::pair{Csd(base, u".key"_s), u"12345678b"_s},
+          std::pair{Csd(base, u".cer"_s), u"12345678a"_s},
+          std::pair{kCsd + u"no_existe.key"_s, u"12345678a"_s}}) {
+      const Outcome o = edocs::RevisarContrasena(archivo, password);
+      QCOMPARE(o.message, mensaje);
+      QCOMPARE(o.field, u"Password"_s);
+    }
+  }
+
   // A blank range is walked to a valid one by filling in whatever each message names: the
   // messages come in the order of the scheme's checks, and none of another scheme shows.
   void OrdenDeLasRevisiones_data() {

@@ -160,7 +160,7 @@ class TestRevisiones : public QObject {
   // for a client whose addenda is built by its own screen, which end without a message and
   // without a file. An empty statement removes the certificates' folder instead.
   void UnCambio_data() {
-    QTest::addColumn<int>("driver");  // 0 factura CFDi, 1 factura CFD, 2 nota CFDi
+    QTest::addColumn<int>("driver");  // 0 factura CFDi, 1 factura CFD, 2 nota CFDi, 3 nota CFD
     QTest::addColumn<QString>("sentencia");
     QTest::addColumn<QString>("valor");  // bound to the statement's mark, if it has one
     QTest::addColumn<QString>("mensaje");
@@ -198,6 +198,7 @@ class TestRevisiones : public QObject {
     fila("CFD de QUALITAS", 1, cliente.arg(u"addenda"_s), u"QUALITAS"_s, {});
     fila("CFD de INBURSA", 1, cliente.arg(u"addenda"_s), u"INBURSA"_s, {});
     fila("CFDi de QUALITAS se sella", 0, cliente.arg(u"addenda"_s), u"QUALITAS"_s, {}, true);
+    fila("nota CFD de QUALITAS se sella", 3, cliente.arg(u"addenda"_s), u"QUALITAS"_s, {}, true);
   }
   void UnCambio() {
     QFETCH(int, driver);
@@ -212,8 +213,10 @@ class TestRevisiones : public QObject {
       QVERIFY(EjecutarSql(session, sentencia,
                           sentencia.contains(u'?') ? QVariantList{valor} : QVariantList{}));
     }
-    static const Sellador kDrivers[] = {SellarIngresoCFDi, SellarIngresoCFD, SellarEgresoCFDi};
-    DocumentoCaptura forma = driver == 2   ? Documento(kNotaCFDi, u"NC"_s, true)
+    static const Sellador kDrivers[] = {SellarIngresoCFDi, SellarIngresoCFD, SellarEgresoCFDi,
+                                        SellarEgresoCFD};
+    DocumentoCaptura forma = driver == 3   ? Documento(kNotaCFD, u"NC"_s, true)
+                             : driver == 2 ? Documento(kNotaCFDi, u"NC"_s, true)
                              : driver == 1 ? Documento(kFacturaCFD, u"B"_s, false)
                                            : Documento(kFacturaCFDi, u"A"_s, false);
     const ResultadoSellado r = kDrivers[driver](session, forma, {});

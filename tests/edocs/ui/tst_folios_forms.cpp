@@ -20,6 +20,7 @@
 #include "core/mFunciones.h"
 #include "core/ui/campo_captura.h"
 #include "core/ui/form_registry.h"
+#include "core/ui/browse_model.h"
 #include "core/ui/navegador.h"
 #include "edocs/folios_prueba.h"
 #include "edocs/ui/frm_folios.h"
@@ -214,6 +215,10 @@ class TestFoliosForms : public QObject {
     auto* navegador =
         new Navegador(session, *mBrowse::FamiliaDeForma(u"FrmFoliosFacturas"_s), registry);
     QVERIFY(Mostrar(*navegador));
+    // No invoice uses the range yet: 0 used, the 250 folios left.
+    const auto* modelo = navegador->modelo();
+    QCOMPARE(modelo->Valor(0, modelo->ColumnaDe(u"ocupados"_s)).toInt(), 0);
+    QCOMPARE(modelo->Valor(0, modelo->ColumnaDe(u"quedan"_s)).toInt(), 250);
     QTest::keyClick(navegador->grid(), Qt::Key_D, Qt::ControlModifier);
     QCOMPARE(Valor(session, u"select predeterminar from \"folios facturas\""_s).toString(), u"+"_s);
     QCOMPARE(session.FolioFacturas, 1);
