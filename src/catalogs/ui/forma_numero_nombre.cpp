@@ -8,6 +8,7 @@
 #include <QTimer>
 #include <QVBoxLayout>
 
+#include "catalogs/ui/etiqueta_status.h"
 #include "core/ui/campo_captura.h"
 #include "core/ui/message_box.h"
 #include "core/ui/usuarios_teclas.h"
@@ -20,8 +21,7 @@ FormaNumeroNombre::FormaNumeroNombre(Session& session, bool alta, QWidget* paren
     : QDialog(parent), session_(session), alta_(alta) {
   numero_ = new QLabel(this);
   numero_->setObjectName(u"Numero"_s);
-  status_ = new QLabel(u"ALTA"_s, this);
-  status_->setObjectName(u"Status"_s);
+  status_ = new EtiquetaStatus(!alta, this);
   nombre_ = new CampoCaptura(session, this);
   nombre_->setObjectName(u"Nombre"_s);
   nombre_->setMaxLength(60);

@@ -14,6 +14,7 @@ class QPushButton;
 namespace ventarix {
 
 class CampoCaptura;
+class EtiquetaStatus;
 
 // The screen of a small numbered catalogue (lines, brands): its number, its name, whatever
 // fields the catalogue adds, its status, and Guardar / Salir. On saving it leaves the saved
@@ -35,7 +36,7 @@ class FormaNumeroNombre : public QDialog {
   Session& session_;
   const bool alta_;
   QLabel* numero_;
-  QLabel* status_;
+  EtiquetaStatus* status_;
   CampoCaptura* nombre_;
 
  private:

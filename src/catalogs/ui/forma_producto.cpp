@@ -31,7 +31,7 @@ FormaProducto::FormaProducto(Session& session, bool alta, QWidget* parent)
       session_(session),
       alta_(alta),
       formula_(catalogs::FormulaDeEmpresa(session.empresa)),
-      campos_(std::make_unique<CamposDeProducto>(this, session)) {
+      campos_(std::make_unique<CamposDeProducto>(this, session, alta)) {
   guardar_ = BotonDeUsuarios("&Guardar", "Guardar", this);
   salir_ = BotonDeUsuarios("&Salir", "Salir", this);
   auto* botones = new QHBoxLayout;
@@ -138,9 +138,10 @@ void FormaProducto::DejarCodigo() {
 
 void FormaProducto::DejarMarca() {
   const qint32 marca = campos_->marca->Numero();
-  if (marca == marca_leida_) return;
+  const bool otra_marca = marca != marca_leida_;
   marca_leida_ = marca;
-  if (alta_ && session_.empresa.Flag(u"Utilizar_Consecutivo_En_Codigo"_s)) {
+  // A new brand numbers the code; the brand's margins come back every time the field is left.
+  if (otra_marca && alta_ && session_.empresa.Flag(u"Utilizar_Consecutivo_En_Codigo"_s)) {
     campos_->Datos[Dato::kCodigo]->setText(productos::CodigoConsecutivo(session_, marca));
   }
   if (!session_.empresa.Flag(u"Aplicar_Utilidades_De_Marcas_En_Productos"_s)) return;

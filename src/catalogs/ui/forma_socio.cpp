@@ -13,6 +13,7 @@
 
 #include "catalogs/socios_campos.h"
 #include "catalogs/socios_guardar.h"
+#include "catalogs/ui/etiqueta_status.h"
 #include "catalogs/ui/precios_del_cliente.h"
 #include "core/mFunciones_valores.h"
 #include "core/ui/campo_captura.h"
@@ -54,13 +55,7 @@ FormaSocio::FormaSocio(Session& session, socios::Socio socio, bool cambio, QWidg
   numero_campo_->setFocusPolicy(Qt::NoFocus);
   numero_campo_->setAlignment(Qt::AlignRight);
   numero_campo_->setMaximumWidth(numero_campo_->fontMetrics().horizontalAdvance(u"0000000000"_s));
-  status_ = new QLabel(this);
-  status_->setObjectName(u"Status"_s);
-  if (cambio_) {
-    status_->setCursor(Qt::PointingHandCursor);
-    status_->setToolTip(u"Un clic cambia entre ALTA y BAJA"_s);
-    status_->installEventFilter(this);
-  }
+  status_ = new EtiquetaStatus(cambio_, this);
   tabs_ = new QTabWidget(this);
   tabs_->addTab(Pagina(), u"Datos generales"_s);
   if (cambio_ && socio == socios::Socio::kClientes) {
@@ -127,7 +122,7 @@ void FormaSocio::Cargar() {
   if (!cambio_) {
     numero_ = socios::NumeroPropuesto(session_, familia_.socio);
     numero_campo_->setText(QString::number(numero_));
-    MostrarStatus(u"ALTA"_s);
+    status_->Mostrar(u"ALTA"_s);
     if (auto* tienda = qobject_cast<CampoCaptura*>(Campo(u"Tienda"_s))) {
       tienda->setText(QString::number(session_.Tienda));
     }
@@ -153,7 +148,7 @@ void FormaSocio::Cargar() {
 
 void FormaSocio::Mostrar(const socios::Registro& registro) {
   numero_campo_->setText(QString::number(registro.numero));
-  MostrarStatus(registro.status);
+  status_->Mostrar(registro.status);
   for (const socios::Campo* campo : socios::Campos(familia_, cambio_)) {
     QWidget* widget = Campo(QLatin1String(campo->columna));
     const QVariant valor = registro.valores.Value(QLatin1String(campo->columna));
@@ -242,17 +237,7 @@ void FormaSocio::Avisar(const Outcome& outcome) {
   ui::ShowOutcome(this, outcome);
 }
 
-void FormaSocio::MostrarStatus(const QString& status) {
-  status_->setText(status);
-  status_->setStyleSheet(status == u"BAJA"_s ? u"color: #b00000; font-weight: bold"_s
-                                             : u"color: #006000; font-weight: bold"_s);
-}
-
 bool FormaSocio::eventFilter(QObject* watched, QEvent* event) {
-  if (watched == status_ && event->type() == QEvent::MouseButtonPress) {
-    MostrarStatus(socios::StatusAlternado(status_->text()));
-    return true;
-  }
   if (watched == Campo(u"Rfc"_s) && event->type() == QEvent::KeyPress &&
       familia_.socio == socios::Socio::kClientes) {
     const auto* tecla = static_cast<QKeyEvent*>(event);

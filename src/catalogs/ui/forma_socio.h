@@ -17,6 +17,7 @@ namespace ventarix {
 
 class CampoCaptura;
 class CampoCatalogo;
+class EtiquetaStatus;
 class PreciosDelCliente;
 
 // The add and change screen of a client, supplier, agent or bank, laid out from the family's
@@ -47,7 +48,6 @@ class FormaSocio : public QDialog {
   void RevisarRfc(bool avisar);
   void GuardarClicked();
   void Avisar(const Outcome& outcome);
-  void MostrarStatus(const QString& status);
   void OrdenDeCaptura();
 
   Session& session_;
@@ -56,7 +56,7 @@ class FormaSocio : public QDialog {
   qint32 numero_ = 0;
   QTabWidget* tabs_;
   CampoCaptura* numero_campo_;
-  QLabel* status_;
+  EtiquetaStatus* status_;
   QLabel* fecha_ = nullptr;
   QLabel* cuenta_sugerida_ = nullptr;
   QHash<QString, QWidget*> campos_;

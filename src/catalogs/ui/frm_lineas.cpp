@@ -3,6 +3,7 @@
 #include <QLabel>
 
 #include "catalogs/lineas.h"
+#include "catalogs/ui/etiqueta_status.h"
 #include "core/mFunciones_valores.h"
 #include "core/ui/campo_captura.h"
 
@@ -36,7 +37,7 @@ FrmLineasC::FrmLineasC(Session& session, QWidget* parent) : FormaLinea(session, 
   if (!Leido(lineas::LeerLinea(session, numero, &linea))) return;
   numero_->setText(QString::number(linea.numero));
   nombre_->setText(linea.nombre);
-  status_->setText(linea.status);
+  status_->Mostrar(linea.status);
 }
 
 }  // namespace ventarix

@@ -4,6 +4,7 @@
 #include <QLabel>
 
 #include "catalogs/marcas.h"
+#include "catalogs/ui/etiqueta_status.h"
 #include "core/mFunciones_valores.h"
 #include "core/ui/campo_captura.h"
 
@@ -55,7 +56,7 @@ FrmMarcasC::FrmMarcasC(Session& session, QWidget* parent) : FormaMarca(session, 
   numero_->setText(QString::number(marca.numero));
   nombre_->setText(marca.nombre);
   for (int k = 0; k < catalogs::kNiveles; ++k) utilidades_[k]->setNumero(marca.utilidades[k]);
-  status_->setText(marca.status);
+  status_->Mostrar(marca.status);
 }
 
 }  // namespace ventarix

@@ -10,6 +10,7 @@
 #include <QVBoxLayout>
 
 #include "catalogs/productos_codigos.h"
+#include "catalogs/ui/etiqueta_status.h"
 #include "catalogs/ui/grid_lista.h"
 #include "catalogs/ui/grid_niveles.h"
 #include "core/catalogo_nombre.h"
@@ -67,7 +68,7 @@ QLabel* Resultado(QDialog* forma, const QString& nombre) {
 
 }  // namespace
 
-CamposDeProducto::CamposDeProducto(QDialog* forma, const Session& session) {
+CamposDeProducto::CamposDeProducto(QDialog* forma, const Session& session, bool alta) {
   marca = new CampoCatalogo(session, Catalogo::kMarcas, forma);
   linea = new CampoCatalogo(session, Catalogo::kLineas, forma);
   for (int i = 0; i < kDatos; ++i) {
@@ -94,8 +95,7 @@ CamposDeProducto::CamposDeProducto(QDialog* forma, const Session& session) {
   pt->setObjectName(u"pt"_s);
   utilidad = Resultado(forma, u"Utilidad"_s);
   impuesto = Resultado(forma, u"ImpuestoDinero"_s);
-  status = new QLabel(u"ALTA"_s, forma);
-  status->setObjectName(u"Status"_s);
+  status = new EtiquetaStatus(!alta, forma);
 
   fg1 = new GridNiveles(forma);
   fg2 = new GridLista(
@@ -235,7 +235,7 @@ void CamposDeProducto::Mostrar(const productos::Producto& p,
   fg1->setPreciosGuardados(p.precios);
   moneda->setCurrentText(p.moneda);
   pt->setChecked(p.pt);
-  status->setText(p.status);
+  status->Mostrar(p.status);
   QList<QStringList> clientes;
   for (std::size_t i = 0; i < p.precios_clientes.size(); ++i) {
     clientes.append({QString::number(p.precios_clientes[i].cliente),

@@ -15,6 +15,7 @@ namespace ventarix {
 
 class CampoCaptura;
 class CampoCatalogo;
+class EtiquetaStatus;
 class GridLista;
 class GridNiveles;
 
@@ -53,7 +54,7 @@ struct CamposDeProducto {
   QCheckBox* pt = nullptr;
   QLabel* utilidad = nullptr;  // margin in money, bold when negative
   QLabel* impuesto = nullptr;  // tax in money
-  QLabel* status = nullptr;    // "ALTA" or "BAJA"
+  EtiquetaStatus* status = nullptr;  // "ALTA" or "BAJA"
   GridNiveles* fg1 = nullptr;
   GridLista* fg2 = nullptr;
   GridLista* fg3 = nullptr;
@@ -61,7 +62,8 @@ struct CamposDeProducto {
   QLabel* lbl_consumos = nullptr;
   QGridLayout* layout = nullptr;
 
-  CamposDeProducto(QDialog* forma, const Session& session);
+  // `alta`: a new product, always "ALTA"; a change screen turns the status over with a click.
+  CamposDeProducto(QDialog* forma, const Session& session, bool alta);
 
   productos::Producto Leer() const;
   void Mostrar(const productos::Producto& producto, const std::vector<QString>& nombres_clientes,

@@ -200,9 +200,10 @@ class TestProductosForms : public QObject {
     QCOMPARE(s.RegistroActual, u"OTRO"_s);
   }
 
-  // A product of brand 12 with margins of its own: passing through the brand field keeps them,
-  // and the save writes them back unchanged.
-  void MarcaSinCambioConservaMargenes() {
+  // A product of brand 12 with margins of its own: passing through the brand field brings the
+  // brand's margins back (the company applies them to its products); a click on the status
+  // takes the product out of use, a second click would bring it back.
+  void MarcaDejadaYProductoDeBaja() {
     VENTARIX_COMPANY(company);
     Session s = Tienda(company);
     {
@@ -222,14 +223,19 @@ class TestProductosForms : public QObject {
     QCOMPARE(QApplication::focusWidget(), cambio.findChild<QLineEdit*>(u"Marca"_s));
     Enter();
     auto* fg1 = cambio.findChild<GridNiveles*>(u"Fg1"_s);
-    QCOMPARE(fg1->Utilidades()[0], 77.0);
-    QCOMPARE(fg1->PrecioSinImpuesto(0), 88.5);  // 50 * 1.77, rounded to 4
+    QCOMPARE(fg1->Utilidades()[0], 10.0);
+    QCOMPARE(fg1->PrecioSinImpuesto(0), 55.0);  // 50 * 1.10
+    QCOMPARE(cambio.findChild<QLineEdit*>(u"Codigo"_s)->text(), u"12-00009"_s);
+    auto* status = cambio.findChild<QLabel*>(u"Status"_s);
+    QTest::mouseClick(status, Qt::LeftButton);
+    QCOMPARE(status->text(), u"BAJA"_s);
     testing::Guardar(cambio);
     QCOMPARE(cambio.result(), int(QDialog::Accepted));
-    QCOMPARE(Columna(s, u"utilidad1"_s, u"12-00009"_s).toDouble(), 77.0);
-    QCOMPARE(Columna(s, u"utilidad2"_s, u"12-00009"_s).toDouble(), 0.0);
-    QCOMPARE(Columna(s, u"precio1"_s, u"12-00009"_s).toDouble(), 88.5);
+    QCOMPARE(Columna(s, u"utilidad1"_s, u"12-00009"_s).toDouble(), 10.0);
+    QCOMPARE(Columna(s, u"utilidad5"_s, u"12-00009"_s).toDouble(), 50.0);
+    QCOMPARE(Columna(s, u"precio5"_s, u"12-00009"_s).toDouble(), 75.0);
     QCOMPARE(Columna(s, u"zona"_s, u"12-00009"_s).toString(), u"ZONA00"_s);
+    QCOMPARE(Columna(s, u"status"_s, u"12-00009"_s).toString(), u"BAJA"_s);
   }
 
   // OTRO becomes NUEVO: the reserved code is refused first; then the change is carried
@@ -302,8 +308,9 @@ class TestProductosForms : public QObject {
     QCOMPARE(Columna(s, u"impuesto"_s, u"OTRO"_s).toDouble(), 16.0);
   }
 
-  // Brand 12's first margin changed to 25: its two products take the margins, are priced at
-  // two decimals from their costs and sell at their first level; OTRO, of brand 5, does not.
+  // Brand 12's first margin changed to 25 and the brand taken out of use: its two products take
+  // the margins, are priced at two decimals from their costs and sell at their first level;
+  // OTRO, of brand 5, does not.
   void MargenesDeMarca() {
     VENTARIX_COMPANY(company);
     Session s = Tienda(company);
@@ -328,10 +335,15 @@ class TestProductosForms : public QObject {
     Enter();
     Teclear(u"25"_s);
     QCOMPARE(QApplication::focusWidget(), cambio.findChild<QLineEdit*>(u"Utilidad2"_s));
+    QTest::mouseClick(cambio.findChild<QLabel*>(u"Status"_s), Qt::LeftButton);
     testing::SaveShot(&cambio, u"frm_marcas_c"_s);
     testing::Guardar(cambio);
     QCOMPARE(cambio.result(), int(QDialog::Accepted));
     QCOMPARE(s.RegistroActual, u"12"_s);
+    {
+      Connection c(s.Cadena);
+      QCOMPARE(c.Scalar(u"select status from marcas where numero = 12"_s).toString(), u"BAJA"_s);
+    }
     QCOMPARE(Columna(s, u"utilidad1"_s, u"12-00001"_s).toDouble(), 25.0);
     QCOMPARE(Columna(s, u"precio1"_s, u"12-00001"_s).toDouble(), 41.67);  // 41.66625
     QCOMPARE(Columna(s, u"precio3"_s, u"12-00001"_s).toDouble(), 43.33);  // 43.3329
