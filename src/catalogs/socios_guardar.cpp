@@ -138,10 +138,6 @@ Outcome Revisar(const Session& session, const Familia& familia, bool cambio, con
   if (familia.nombre_requerido && v.Text(u"nombre"_s).isEmpty()) {
     return Outcome::Warning(u"Se requiere la entrada de un Nombre"_s, u"Nombre"_s);
   }
-  if (familia.socio == Socio::kAgentes &&
-      (v.Integer(u"tienda"_s) < 1 || v.Integer(u"tienda"_s) > 5)) {
-    return Outcome::Warning(u"Se requiere la entrada de la tienda 1, 2, 3, 4 o 5"_s, u"Tienda"_s);
-  }
   return Outcome::Ok();
 }
 

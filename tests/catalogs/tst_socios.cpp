@@ -157,8 +157,6 @@ class TestSocios : public QObject {
          u"Este usuario no tiene permisos para el registro de altas"_s, QString(), u"NNN"_s);
     fila("agente sin nombre", Socio::kAgentes, {{u"Nombre"_s, u" "_s}}, falta + u"un Nombre"_s,
          u"Nombre"_s);
-    fila("agente en la tienda 0", Socio::kAgentes, {{u"Tienda"_s, u"0"_s}},
-         falta + u"la tienda 1, 2, 3, 4 o 5"_s, u"Tienda"_s);
     fila("banco sin nombre", Socio::kBancos, {{u"Nombre"_s, QString()}}, falta + u"un Nombre"_s,
          u"Nombre"_s);
     fila("banco sin derecho de cambio", Socio::kBancos, {},
