@@ -26,6 +26,7 @@ struct DocumentoCaptura {
   // 32 payment conditions, 33 discount motive, 34 place of issue. Missing ones read empty.
   QHash<int, QString> Datos;
   QString MetodoNombre;  // the Nombre caption beside Datos(30)
+  QString Nombre;        // the client's Nombre caption beside Datos(1)
 
   // The grid Fg1: one QStringList per data row, cell texts by column index (column 0 is the
   // row header). The invoice and credit-note grids differ in their columns; the drivers know.

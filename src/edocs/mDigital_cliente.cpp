@@ -69,6 +69,7 @@ bool PasoCliente(Contexto& ctx) {
   if (!query.next()) {
     // The screen clears the client it could not find.
     ctx.forma.Datos.insert(1, QStringLiteral("0"));
+    ctx.forma.Nombre = QStringLiteral("F1");
     return Falla(ctx, QStringLiteral("Se requiere la entrada de un cliente"));
   }
   Receptor& receptor = ctx.resultado.comprobante.receptor;

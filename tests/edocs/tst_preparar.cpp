@@ -240,6 +240,7 @@ class TestPreparar : public QObject {
     r = PrepararRemision(session, forma);
     QCOMPARE(r.Msg1, u"Se requiere la entrada de un cliente"_s);
     QCOMPARE(forma.Dato(1), u"0"_s);
+    QCOMPARE(forma.Nombre, u"F1"_s);
   }
 };
 
