@@ -10,7 +10,10 @@
 #include <QFileInfo>
 #include <QProcess>
 #include <QString>
+#include <QTemporaryDir>
 #include <QTest>
+
+#include "edocs/comprobante.h"
 
 namespace ventarix::testing {
 
@@ -42,6 +45,28 @@ inline bool Escribir(const QString& path, const QByteArray& bytes) {
 inline QByteArray Leer(const QString& path) {
   QFile f(path);
   return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
+}
+
+// The seal checked as the SAT would: the cadena signed with SHA-1 under the public key of the
+// certificate the document itself carries. `detalle` gets what openssl said.
+inline bool SelloVerifica(const edocs::Comprobante& c, QByteArray* detalle) {
+  using namespace Qt::StringLiterals;
+  QTemporaryDir dir;
+  const QString der = dir.filePath(u"cert.der"_s), pem = dir.filePath(u"pub.pem"_s);
+  const QString firma = dir.filePath(u"firma.bin"_s), cadena = dir.filePath(u"cadena.txt"_s);
+  if (!Escribir(der, QByteArray::fromBase64(c.Certificado.toLatin1())) ||
+      !Escribir(firma, QByteArray::fromBase64(c.Sello.toLatin1())) ||
+      !Escribir(cadena, c.CadenaOriginal.toUtf8())) {
+    return false;
+  }
+  const Salida llave = Ejecutar(u"openssl"_s, {u"x509"_s, u"-inform"_s, u"DER"_s, u"-in"_s, der,
+                                               u"-noout"_s, u"-pubkey"_s, u"-out"_s, pem});
+  *detalle = llave.Todo();
+  if (llave.codigo != 0) return false;
+  const Salida v = Ejecutar(
+      u"openssl"_s, {u"dgst"_s, u"-sha1"_s, u"-verify"_s, pem, u"-signature"_s, firma, cadena});
+  *detalle = v.Todo();
+  return v.codigo == 0 && v.out.contains("Verified OK");
 }
 
 inline void CompararConDorado(const QString& nombre, const QByteArray& contenido) {

@@ -1,12 +1,14 @@
 #pragma once
 
 // What the sealing tests share: the fixture company on the current engine with its session,
-// and a statement run on it.
+// a statement run on it, and every driver of the capture screens with the fixture range it is
+// given.
 #include <QDebug>
 #include <QTest>
 
 #include "core/database.h"
 #include "edocs/empresa_sellado.h"
+#include "edocs/mDigital.h"
 #include "support/test_company.h"
 
 // The sealing company of the current global engine row and its session.
@@ -28,6 +30,68 @@ inline bool EjecutarSql(const Session& s, const QString& sentencia,
   QString error;
   if (!c.Run(sentencia, valores, &error)) qWarning() << error;
   return error.isEmpty();
+}
+
+enum Driver {
+  kIngresoCFDi,
+  kIngresoCFD,
+  kEgresoCFDi,
+  kEgresoCFD,
+  kIngresoCBB,
+  kIngresoNOTA,
+  kEgresoCBB,
+  kEgresoNOTA,
+  kRemision
+};
+
+using Sellador = edocs::ResultadoSellado (*)(const Session&, edocs::DocumentoCaptura&,
+                                             const QString&);
+
+struct DatosDriver {
+  Sellador correr;  // the drivers without XML take no summary description
+  int rango;
+  const char* serie;
+  bool nota;
+};
+
+inline const DatosDriver& Datos(Driver d) {
+  using edocs::DocumentoCaptura;
+  static const DatosDriver kDrivers[] = {
+      {edocs::SellarIngresoCFDi, kFacturaCFDi, "A", false},
+      {edocs::SellarIngresoCFD, kFacturaCFD, "B", false},
+      {edocs::SellarEgresoCFDi, kNotaCFDi, "NC", true},
+      {edocs::SellarEgresoCFD, kNotaCFD, "ND", true},
+      {[](const Session& s, DocumentoCaptura& f, const QString&) {
+         return edocs::PrepararIngresoCBB(s, f);
+       },
+       kFacturaCBB, "C", false},
+      {[](const Session& s, DocumentoCaptura& f, const QString&) {
+         return edocs::PrepararIngresoNOTA(s, f);
+       },
+       kFacturaNOTA, "N", false},
+      {[](const Session& s, DocumentoCaptura& f, const QString&) {
+         return edocs::PrepararEgresoCBB(s, f);
+       },
+       kNotaCBB, "NB", true},
+      {[](const Session& s, DocumentoCaptura& f, const QString&) {
+         return edocs::PrepararEgresoNOTA(s, f);
+       },
+       kNotaNOTA, "NN", true},
+      {[](const Session& s, DocumentoCaptura& f, const QString&) {
+         return edocs::PrepararRemision(s, f);
+       },
+       0, "", false}};
+  return kDrivers[d];
+}
+
+// The capture screen's content on the driver's own range.
+inline edocs::DocumentoCaptura DocumentoDe(Driver d) {
+  return Documento(Datos(d).rango, QString::fromLatin1(Datos(d).serie), Datos(d).nota);
+}
+
+inline edocs::ResultadoSellado Correr(Driver d, const Session& s, edocs::DocumentoCaptura& forma,
+                                      const QString& descripcion = {}) {
+  return Datos(d).correr(s, forma, descripcion);
 }
 
 }  // namespace ventarix::testing

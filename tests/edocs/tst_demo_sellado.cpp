@@ -2,14 +2,14 @@
 // them and the SAT files a new folder tree receives are enough for an invoice and a credit note
 // that the SAT's schema accepts and the certificate's public key verifies.
 #include <QFile>
-#include <QProcess>
 #include <QSqlQuery>
-#include <QTemporaryDir>
 #include <QTest>
 
 #include "catalogs/demo_company.h"
 #include "core/database.h"
 #include "core/session_load.h"
+#include "edocs/empresa_sellado.h"
+#include "edocs/herramientas.h"
 #include "edocs/mDigital.h"
 #include "support/test_company.h"
 
@@ -19,45 +19,16 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-int Ejecutar(const QString& programa, const QStringList& argumentos, QByteArray* salida) {
-  QProcess p;
-  p.setProcessChannelMode(QProcess::MergedChannels);
-  p.start(programa, argumentos);
-  if (!p.waitForFinished(60000)) return -1;
-  *salida = p.readAll();
-  return p.exitCode();
-}
-
-bool Escribir(const QString& path, const QByteArray& bytes) {
-  QFile f(path);
-  return f.open(QIODevice::WriteOnly) && f.write(bytes) == bytes.size();
-}
-
-// Two of the shop's products at 16 %, in the columns of an invoice's grid (a credit note's
-// grid has the invoice's series and folio in front).
+// Two of the shop's products at 16 %, in the columns of the capture grid.
 QVector<QStringList> Renglones(Connection& c, bool nota) {
   QVector<QStringList> filas;
   QSqlQuery q = c.Exec(
       u"select codigo, producto, unidad, precio1 from productos "
       "where status = 'ALTA' and impuesto = 16 order by codigo"_s);
   while (q.next() && filas.size() < 2) {
-    const double cantidad = filas.size() + 2;
-    const double importe = cantidad * q.value(3).toDouble();
-    QStringList fila{QString(),
-                     q.value(0).toString(),
-                     q.value(1).toString(),
-                     q.value(2).toString(),
-                     QString::number(cantidad),
-                     q.value(3).toString(),
-                     QString::number(importe),
-                     QString(),
-                     u"0"_s,
-                     QString::number(importe),
-                     u"16"_s,
-                     QString::number(importe * 0.16),
-                     QString::number(importe * 1.16)};
-    if (nota) fila = QStringList{QString(), u"A"_s, u"1"_s} + fila.mid(1);
-    filas.append(fila);
+    filas.append((nota ? testing::FilaNota : testing::FilaFactura)(
+        q.value(0).toString(), q.value(1).toString(), q.value(2).toString(), filas.size() + 2,
+        q.value(3).toDouble()));
   }
   return filas;
 }
@@ -104,8 +75,7 @@ class TestDemoSellado : public QObject {
     QCOMPARE(forma.Fg1.size(), 2);
 
     if (sin_carpeta) session.CarpetaXml = company.folder() + u"/no-existe/xml"_s;
-    const ResultadoSellado r = nota ? SellarEgresoCFDi(session, forma, QString())
-                                    : SellarIngresoCFDi(session, forma, QString());
+    const ResultadoSellado r = (nota ? SellarEgresoCFDi : SellarIngresoCFDi)(session, forma, {});
     QVERIFY2(r.ok(), qPrintable(r.Msg1));
     if (sin_carpeta) {
       // The file could not be written: no message of the checks, but the screen is told.
@@ -118,27 +88,12 @@ class TestDemoSellado : public QObject {
     QCOMPARE(r.comprobante.NoCertificado, u"30001000000500003416"_s);
     QCOMPARE(r.comprobante.emisor.rfc, u"EKU9003173C9"_s);
 
-    QByteArray salida;
     const QString esquema = session.CarpetaEsquemasCFDi + u"/cfdv32.xsd"_s;
-    QVERIFY2(Ejecutar(u"xmllint"_s, {u"--noout"_s, u"--nonet"_s, u"--schema"_s, esquema, r.archivo},
-                      &salida) == 0,
-             salida.constData());
-
-    QTemporaryDir tmp;
-    const QString der = tmp.filePath(u"cert.der"_s), pem = tmp.filePath(u"pub.pem"_s);
-    const QString firma = tmp.filePath(u"firma.bin"_s), cadena = tmp.filePath(u"cadena.txt"_s);
-    QVERIFY(Escribir(der, QByteArray::fromBase64(r.comprobante.Certificado.toLatin1())));
-    QVERIFY(Escribir(firma, QByteArray::fromBase64(r.comprobante.Sello.toLatin1())));
-    QVERIFY(Escribir(cadena, r.comprobante.CadenaOriginal.toUtf8()));
-    QCOMPARE(Ejecutar(u"openssl"_s,
-                      {u"x509"_s, u"-inform"_s, u"DER"_s, u"-in"_s, der, u"-noout"_s, u"-pubkey"_s,
-                       u"-out"_s, pem},
-                      &salida),
-             0);
-    QVERIFY2(Ejecutar(u"openssl"_s,
-                      {u"dgst"_s, u"-sha1"_s, u"-verify"_s, pem, u"-signature"_s, firma, cadena},
-                      &salida) == 0,
-             salida.constData());
+    const testing::Salida xsd = testing::Ejecutar(
+        u"xmllint"_s, {u"--noout"_s, u"--nonet"_s, u"--schema"_s, esquema, r.archivo});
+    QVERIFY2(xsd.codigo == 0, xsd.Todo().constData());
+    QByteArray detalle;
+    QVERIFY2(testing::SelloVerifica(r.comprobante, &detalle), detalle.constData());
   }
 };
 

@@ -16,45 +16,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-enum Driver { kIngresoCBB, kIngresoNOTA, kEgresoCBB, kEgresoNOTA, kRemision, kIngresoCFDi };
-
-ResultadoSellado Correr(Driver driver, const Session& s, DocumentoCaptura& forma) {
-  switch (driver) {
-    case kIngresoCBB:
-      return PrepararIngresoCBB(s, forma);
-    case kIngresoNOTA:
-      return PrepararIngresoNOTA(s, forma);
-    case kEgresoCBB:
-      return PrepararEgresoCBB(s, forma);
-    case kEgresoNOTA:
-      return PrepararEgresoNOTA(s, forma);
-    case kRemision:
-      return PrepararRemision(s, forma);
-    case kIngresoCFDi:
-      return SellarIngresoCFDi(s, forma, {});
-  }
-  return {};
-}
-
-// The range each driver is given when the row names none of its own.
-DocumentoCaptura DocumentoDe(Driver driver) {
-  switch (driver) {
-    case kIngresoCBB:
-      return Documento(kFacturaCBB, u"C"_s, false);
-    case kIngresoNOTA:
-      return Documento(kFacturaNOTA, u"N"_s, false);
-    case kEgresoCBB:
-      return Documento(kNotaCBB, u"NB"_s, true);
-    case kEgresoNOTA:
-      return Documento(kNotaNOTA, u"NN"_s, true);
-    case kRemision:
-      return Documento(0, QString(), false);
-    case kIngresoCFDi:
-      return Documento(kFacturaCFDi, u"A"_s, false);
-  }
-  return {};
-}
-
 const QString kFacturaFuera =
     u"Este número de factura esta fuera del rango de los folios digitales"_s;
 

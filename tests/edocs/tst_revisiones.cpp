@@ -19,8 +19,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-using Sellador = ResultadoSellado (*)(const Session&, DocumentoCaptura&, const QString&);
-
 // The faults of an invoice in the order the chain looks at them.
 enum Falta {
   kBaja,
@@ -121,7 +119,7 @@ class TestRevisiones : public QObject {
     QFETCH(QString, mensaje);
     VENTARIX_SELLADO(company, session);
     QTemporaryDir vacia;
-    DocumentoCaptura forma = Documento(kFacturaCFDi, u"A"_s, false);
+    DocumentoCaptura forma = DocumentoDe(kIngresoCFDi);
     for (int f = primera; f < kFaltas; ++f) Aplicar(Falta(f), session, forma, vacia.path());
     const ResultadoSellado r = SellarIngresoCFDi(session, forma, {});
     QCOMPARE(r.Msg1, mensaje.contains(u"%1"_s) ? mensaje.arg(vacia.path()) : mensaje);
@@ -147,11 +145,10 @@ class TestRevisiones : public QObject {
     QFETCH(int, falta);
     QFETCH(QString, mensaje);
     VENTARIX_SELLADO(company, session);
-    for (const bool cfd : {false, true}) {
-      DocumentoCaptura forma = Documento(cfd ? kNotaCFD : kNotaCFDi, u"NC"_s, true);
+    for (const Driver driver : {kEgresoCFDi, kEgresoCFD}) {
+      DocumentoCaptura forma = DocumentoDe(driver);
       Aplicar(Falta(falta), session, forma, {});
-      const ResultadoSellado r = (cfd ? SellarEgresoCFD : SellarEgresoCFDi)(session, forma, {});
-      QCOMPARE(r.Msg1, mensaje);
+      QCOMPARE(Correr(driver, session, forma).Msg1, mensaje);
     }
   }
 
@@ -160,45 +157,45 @@ class TestRevisiones : public QObject {
   // for a client whose addenda is built by its own screen, which end without a message and
   // without a file. An empty statement removes the certificates' folder instead.
   void UnCambio_data() {
-    QTest::addColumn<int>("driver");  // 0 factura CFDi, 1 factura CFD, 2 nota CFDi, 3 nota CFD
+    QTest::addColumn<int>("driver");
     QTest::addColumn<QString>("sentencia");
     QTest::addColumn<QString>("valor");  // bound to the statement's mark, if it has one
     QTest::addColumn<QString>("mensaje");
     QTest::addColumn<bool>("archivo");
-    auto fila = [](const char* nombre, int driver, const QString& sentencia, const QString& valor,
-                   const QString& mensaje, bool archivo = false) {
-      QTest::newRow(nombre) << driver << sentencia << valor << mensaje << archivo;
+    auto fila = [](const char* nombre, const QString& sentencia, const QString& valor,
+                   const QString& mensaje, bool archivo = false, Driver driver = kIngresoCFDi) {
+      QTest::newRow(nombre) << int(driver) << sentencia << valor << mensaje << archivo;
     };
-    fila("certificado nulo", 2, u"update certificados set certificado = null where documento = 1"_s,
-         {}, u"Se requiere un archivo certificado"_s);
-    fila("llave nula", 2, u"update certificados set llave = null where documento = 1"_s, {},
-         u"Se requiere un archivo llave"_s);
-    fila("sin carpeta de certificados", 2, {}, {},
-         u"Se requiere un archivo certificado en: Folios Facturas"_s);
-    fila("rango sin archivo llave", 2, u"update \"folios notas\" set archivollave = ''"_s, {},
-         u"Se requiere un archivo llave en: Folios Facturas"_s);
+    const QString material = u"update certificados set %1 = null where documento = 1"_s;
+    fila("certificado nulo", material.arg(u"certificado"_s), {},
+         u"Se requiere un archivo certificado"_s, false, kEgresoCFDi);
+    fila("llave nula", material.arg(u"llave"_s), {}, u"Se requiere un archivo llave"_s, false,
+         kEgresoCFDi);
+    fila("sin carpeta de certificados", {}, {},
+         u"Se requiere un archivo certificado en: Folios Facturas"_s, false, kEgresoCFDi);
+    fila("rango sin archivo llave", u"update \"folios notas\" set archivollave = ''"_s, {},
+         u"Se requiere un archivo llave en: Folios Facturas"_s, false, kEgresoCFDi);
     const QString rfc = u"El RFC de este cliente no es válido: "_s;
     const QString cliente = u"update clientes set %1 = ?"_s;
     const QString cp = u"Se requiere la entrada de un Código Postal"_s;
-    fila("sin rfc", 0, cliente.arg(u"rfc"_s), {}, rfc + u"Sin RFC"_s);
-    fila("rfc mes 13", 0, cliente.arg(u"rfc"_s), u"FCL851323QA7"_s, rfc + u"FCL851323QA7"_s);
-    fila("calle", 0, cliente.arg(u"calle"_s), {},
-         u"Se requiere la entrada de una nombre de Calle"_s);
-    fila("exterior", 0, cliente.arg(u"noexterior"_s), {},
+    fila("sin rfc", cliente.arg(u"rfc"_s), {}, rfc + u"Sin RFC"_s);
+    fila("rfc mes 13", cliente.arg(u"rfc"_s), u"FCL851323QA7"_s, rfc + u"FCL851323QA7"_s);
+    fila("calle", cliente.arg(u"calle"_s), {}, u"Se requiere la entrada de una nombre de Calle"_s);
+    fila("exterior", cliente.arg(u"noexterior"_s), {},
          u"Se requiere la entrada de un No. Exterior"_s);
-    fila("interior no hace falta", 0, cliente.arg(u"nointerior"_s), {}, {}, true);
-    fila("colonia", 0, cliente.arg(u"colonia"_s), {}, u"Se requiere la entrada de una Colonia"_s);
-    fila("municipio", 0, cliente.arg(u"municipio"_s), {},
-         u"Se requiere la entrada de un Municipio"_s);
-    fila("estado", 0, cliente.arg(u"estado"_s), {}, u"Se requiere la entrada de un Estado"_s);
-    fila("país", 0, cliente.arg(u"pais"_s), {}, u"Se requiere la entrada de un País"_s);
-    fila("cp de 4", 0, cliente.arg(u"codigopostal"_s), u"6400"_s, cp);
-    fila("cp de 6", 0, cliente.arg(u"codigopostal"_s), u"640001"_s, cp);
-    fila("CFDi sin régimen", 0, u"update \"folios facturas\" set regimenfiscal = ''"_s, {}, {});
-    fila("CFD de QUALITAS", 1, cliente.arg(u"addenda"_s), u"QUALITAS"_s, {});
-    fila("CFD de INBURSA", 1, cliente.arg(u"addenda"_s), u"INBURSA"_s, {});
-    fila("CFDi de QUALITAS se sella", 0, cliente.arg(u"addenda"_s), u"QUALITAS"_s, {}, true);
-    fila("nota CFD de QUALITAS se sella", 3, cliente.arg(u"addenda"_s), u"QUALITAS"_s, {}, true);
+    fila("interior no hace falta", cliente.arg(u"nointerior"_s), {}, {}, true);
+    fila("colonia", cliente.arg(u"colonia"_s), {}, u"Se requiere la entrada de una Colonia"_s);
+    fila("municipio", cliente.arg(u"municipio"_s), {}, u"Se requiere la entrada de un Municipio"_s);
+    fila("estado", cliente.arg(u"estado"_s), {}, u"Se requiere la entrada de un Estado"_s);
+    fila("país", cliente.arg(u"pais"_s), {}, u"Se requiere la entrada de un País"_s);
+    fila("cp de 4", cliente.arg(u"codigopostal"_s), u"6400"_s, cp);
+    fila("cp de 6", cliente.arg(u"codigopostal"_s), u"640001"_s, cp);
+    fila("CFDi sin régimen", u"update \"folios facturas\" set regimenfiscal = ''"_s, {}, {});
+    const QString addenda = cliente.arg(u"addenda"_s);
+    fila("CFD de QUALITAS", addenda, u"QUALITAS"_s, {}, false, kIngresoCFD);
+    fila("CFD de INBURSA", addenda, u"INBURSA"_s, {}, false, kIngresoCFD);
+    fila("CFDi de QUALITAS se sella", addenda, u"QUALITAS"_s, {}, true);
+    fila("nota CFD de QUALITAS se sella", addenda, u"QUALITAS"_s, {}, true, kEgresoCFD);
   }
   void UnCambio() {
     QFETCH(int, driver);
@@ -213,13 +210,8 @@ class TestRevisiones : public QObject {
       QVERIFY(EjecutarSql(session, sentencia,
                           sentencia.contains(u'?') ? QVariantList{valor} : QVariantList{}));
     }
-    static const Sellador kDrivers[] = {SellarIngresoCFDi, SellarIngresoCFD, SellarEgresoCFDi,
-                                        SellarEgresoCFD};
-    DocumentoCaptura forma = driver == 3   ? Documento(kNotaCFD, u"NC"_s, true)
-                             : driver == 2 ? Documento(kNotaCFDi, u"NC"_s, true)
-                             : driver == 1 ? Documento(kFacturaCFD, u"B"_s, false)
-                                           : Documento(kFacturaCFDi, u"A"_s, false);
-    const ResultadoSellado r = kDrivers[driver](session, forma, {});
+    DocumentoCaptura forma = DocumentoDe(Driver(driver));
+    const ResultadoSellado r = Correr(Driver(driver), session, forma);
     QCOMPARE(r.Msg1, mensaje);
     QCOMPARE(!r.archivo.isEmpty(), archivo);
     QCOMPARE(QDir(session.CarpetaXml).isEmpty(), !archivo);
@@ -262,10 +254,9 @@ class TestRevisiones : public QObject {
       if (nombre != falta) QVERIFY(QFile::copy(origen.filePath(nombre), copia.filePath(nombre)));
     }
     carpeta = copia.path();
-    DocumentoCaptura forma =
-        cfd ? Documento(kFacturaCFD, u"B"_s, false) : Documento(kFacturaCFDi, u"A"_s, false);
-    const ResultadoSellado r = (cfd ? SellarIngresoCFD : SellarIngresoCFDi)(session, forma, {});
-    QCOMPARE(r.Msg1, u"Se requiere el archivo: "_s + falta + u" en: "_s + copia.path());
+    DocumentoCaptura forma = DocumentoDe(cfd ? kIngresoCFD : kIngresoCFDi);
+    QCOMPARE(Correr(cfd ? kIngresoCFD : kIngresoCFDi, session, forma).Msg1,
+             u"Se requiere el archivo: "_s + falta + u" en: "_s + copia.path());
   }
 };
 
