@@ -116,8 +116,8 @@ class TstSellos : public QObject {
     QCOMPARE(LlavePrivada::Abrir(cer, password).estado(), LlavePrivada::Estado::kSinReferencia);
     QVERIFY(!LeerCertificado(key).ok);
 
-    // The seal verifies under the certificate's public key and is the very signature openssl
-    // makes with the same key (PKCS#1 v1.5 is deterministic), over the cadena's UTF-8 bytes.
+    // The seal is the very signature openssl makes with the same key over the cadena's UTF-8
+    // bytes (PKCS#1 v1.5 is deterministic); the sealing tests verify it with the public key.
     QTemporaryDir dir;
     const QByteArray cadena =
         QStringLiteral(
@@ -129,21 +129,6 @@ class TstSellos : public QObject {
 
     auto ruta = [&dir](const char* nombre) { return dir.filePath(QLatin1String(nombre)); };
     QVERIFY(Escribir(ruta("cadena.txt"), cadena));
-    QVERIFY(Escribir(ruta("otra.txt"), cadena + ' '));
-    QVERIFY(Escribir(ruta("sello.bin"), QByteArray::fromBase64(sello.toLatin1())));
-    QByteArray publica;
-    QCOMPARE(Openssl("x509 -inform DER -noout -pubkey -in", {archivo + QStringLiteral(".cer")},
-                     &publica),
-             0);
-    QVERIFY(Escribir(ruta("publica.pem"), publica));
-    const char* verificar = "dgst -sha1 -verify";
-    QCOMPARE(Openssl(verificar, {ruta("publica.pem"), QStringLiteral("-signature"),
-                                 ruta("sello.bin"), ruta("cadena.txt")}),
-             0);
-    QCOMPARE(Openssl(verificar, {ruta("publica.pem"), QStringLiteral("-signature"),
-                                 ruta("sello.bin"), ruta("otra.txt")}),
-             1);
-
     QCOMPARE(Openssl("pkcs8 -inform DER -passin",
                      {QStringLiteral("pass:") + password, QStringLiteral("-in"),
                       archivo + QStringLiteral(".key"), QStringLiteral("-out"), ruta("llave.pem")}),
@@ -205,9 +190,7 @@ class TstSellos : public QObject {
     fila("tarde", {2016, 7, 27}, {17, 2, 4}, "27/jul/2016 05:02:04 pm");
     fila("medianoche", {2012, 1, 5}, {0, 5, 9}, "05/ene/2012 12:05:09 am");
     fila("mediodía", {2013, 2, 28}, {12, 0, 0}, "28/feb/2013 12:00:00 pm");
-    fila("último minuto", {2020, 12, 31}, {23, 59, 59}, "31/dic/2020 11:59:59 pm");
     fila("antes del mediodía", {2019, 9, 10}, {11, 59, 59}, "10/sep/2019 11:59:59 am");
-    fila("una de la tarde", {2021, 3, 1}, {13, 0, 1}, "01/mar/2021 01:00:01 pm");
     const char* meses[] = {"ene", "feb", "mar", "abr", "may", "jun",
                            "jul", "ago", "sep", "oct", "nov", "dic"};
     for (int mes = 1; mes <= 12; ++mes)
@@ -215,20 +198,16 @@ class TstSellos : public QObject {
           << QDateTime(QDate(2024, mes, 15), QTime(8, 30, 0))
           << QStringLiteral("15/%1/2024 08:30:00 am").arg(QLatin1String(meses[mes - 1]));
     QTest::newRow("sin fecha") << QDateTime() << QString();
+    // The bound a clerk reads is local: 17:02:04 GMT in July is noon in Mexico City.
+    QTest::newRow("hora local")
+        << LeerCertificadoDeArchivo(kCsd + QStringLiteral("AAA010101AAA_20001000000100005868.cer"))
+               .valido_hasta
+        << QStringLiteral("27/jul/2016 12:02:04 pm");
   }
   void fechaDeVigencia() {
     QFETCH(QDateTime, fecha);
     QFETCH(QString, texto);
     QCOMPARE(FechaDeVigencia(fecha), texto);
-  }
-
-  // The bound a clerk reads is local: a certificate that ends at 17:02:04 GMT in July ends at
-  // noon in Mexico City.
-  void vigenciaEnHoraLocal() {
-    const Certificado certificado =
-        LeerCertificadoDeArchivo(kCsd + QStringLiteral("AAA010101AAA_20001000000100005868.cer"));
-    QVERIFY(certificado.ok);
-    QCOMPARE(FechaDeVigencia(certificado.valido_hasta), QStringLiteral("27/jul/2016 12:02:04 pm"));
   }
 };
 
