@@ -256,8 +256,6 @@ class TestCfdiXmlFilas : public QObject {
                                   << MessageIcon::kStop << false;
     QTest::newRow("CFDi sobre fila CFD")
         << false << u"CFD"_s << u"POR COBRAR"_s << esquema_cfdi << MessageIcon::kWarning << false;
-    QTest::newRow("CFDi sobre fila CBB")
-        << false << u"CBB"_s << u"POR COBRAR"_s << esquema_cfdi << MessageIcon::kWarning << false;
     QTest::newRow("CFD sobre fila CFDI")
         << true << u"CFDI"_s << u"POR COBRAR"_s << esquema_cfdi << MessageIcon::kWarning << false;
     QTest::newRow("esquema antes que baja")
