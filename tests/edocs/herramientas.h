@@ -12,6 +12,7 @@
 #include <QString>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QXmlStreamReader>
 
 #include "edocs/comprobante.h"
 
@@ -35,6 +36,43 @@ inline Salida Ejecutar(const QString& programa, const QStringList& argumentos) {
   s.out = p.readAllStandardOutput();
   s.err = p.readAllStandardError();
   return s;
+}
+
+// One element of a document as Qt's own parser reads it, outside the system's code.
+struct Elemento {
+  QString nombre;  // as written, prefix included
+  QXmlStreamAttributes atributos;
+  int nivel = 0;  // 0 is the root
+  QString padre;
+  QString Valor(const QString& atributo) const { return atributos.value(atributo).toString(); }
+};
+
+// The document's elements in order; an empty list when it is not well formed.
+inline QList<Elemento> Analizar(const QByteArray& xml) {
+  QList<Elemento> elementos;
+  QXmlStreamReader lector(xml);
+  lector.setNamespaceProcessing(false);
+  QStringList abiertos;
+  while (!lector.atEnd()) {
+    lector.readNext();
+    if (lector.isStartElement()) {
+      elementos.append({lector.qualifiedName().toString(), lector.attributes(),
+                        static_cast<int>(abiertos.size()), abiertos.value(abiertos.size() - 1)});
+      abiertos << elementos.last().nombre;
+    } else if (lector.isEndElement()) {
+      abiertos.removeLast();
+    }
+  }
+  return lector.hasError() ? QList<Elemento>() : elementos;
+}
+
+// The elements of a name, with or without its prefix.
+inline QList<Elemento> Todos(const QList<Elemento>& elementos, const QString& nombre) {
+  QList<Elemento> hallados;
+  for (const Elemento& e : elementos) {
+    if (e.nombre == nombre || e.nombre.section(QLatin1Char(':'), -1) == nombre) hallados << e;
+  }
+  return hallados;
 }
 
 inline bool Escribir(const QString& path, const QByteArray& bytes) {

@@ -3,7 +3,6 @@
 // openssl with the certificate's public key) and pinned byte for byte against golden files;
 // then the checks a clerk meets, each with its exact words, the first failing one winning.
 #include <QTest>
-#include <QXmlStreamReader>
 
 #include "core/database.h"
 #include "edocs/herramientas.h"
@@ -18,22 +17,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// The root's attributes and the first element of each name, as a reader outside the system
-// sees the file.
-QHash<QString, QXmlStreamAttributes> Elementos(const QByteArray& xml) {
-  QHash<QString, QXmlStreamAttributes> elementos;
-  QXmlStreamReader reader(xml);
-  while (!reader.atEnd()) {
-    reader.readNext();
-    if (reader.isStartElement() && !elementos.contains(reader.name().toString())) {
-      elementos.insert(reader.name().toString(), reader.attributes());
-    }
-  }
-  return elementos;
-}
-
+// The first element of a name, with or without its prefix.
 QString Atributo(const QByteArray& xml, const QString& elemento, const QString& nombre) {
-  return Elementos(xml).value(elemento).value(nombre).toString();
+  return Todos(Analizar(xml), elemento).value(0).Valor(nombre);
 }
 
 QString ArchivosEn(const QString& carpeta) {
@@ -178,8 +164,8 @@ class TestSellado : public QObject {
     QCOMPARE(r.comprobante.Folio, folio);
     const QByteArray xml = Leer(r.archivo);
     QCOMPARE(Atributo(xml, u"Comprobante"_s, u"folio"_s), folio);
-    const QXmlStreamAttributes raiz = Elementos(xml).value(u"Comprobante"_s);
-    QCOMPARE(raiz.hasAttribute(u"serie"_s), !serie.isEmpty());
+    const Elemento raiz = Analizar(xml).value(0);
+    QCOMPARE(raiz.atributos.hasAttribute(u"serie"_s), !serie.isEmpty());
   }
 
   // ---- What the screen's content becomes ----
