@@ -167,21 +167,12 @@ inline QDateTime FechaDeSellado() { return QDateTime(QDate(2014, 3, 15), QTime(1
 // One invoice row: code, description, unit, quantity, price; the rest computed at 16 %.
 inline QStringList FilaFactura(const QString& codigo, const QString& descripcion,
                                const QString& unidad, double cantidad, double precio) {
-  const double importe = cantidad * precio;
-  const double iva = importe * 0.16;
-  return {QString(),
-          codigo,
-          descripcion,
-          unidad,
-          QString::number(cantidad),
-          QString::number(precio),
-          QString::number(importe),
-          QString(),
-          QStringLiteral("0"),
-          QString::number(importe),
-          QStringLiteral("16"),
-          QString::number(iva),
-          QString::number(importe + iva)};
+  const double importe = cantidad * precio, iva = importe * 0.16;
+  const auto n = [](double valor) { return QString::number(valor); };
+  return {QString(),           codigo,     descripcion,          unidad,
+          n(cantidad),         n(precio),  n(importe),           QString(),
+          QStringLiteral("0"), n(importe), QStringLiteral("16"), n(iva),
+          n(importe + iva)};
 }
 
 // The credit note's grid has two columns in front (the invoice it credits).

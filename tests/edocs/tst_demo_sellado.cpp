@@ -62,15 +62,11 @@ class TestDemoSellado : public QObject {
     QVERIFY(session.FolioFacturas > 0 && session.FolioNotas > 0);
 
     Connection c(session.Cadena);
-    DocumentoCaptura forma;
-    forma.Status = u"ALTA"_s;
-    forma.Serie = nota ? u"NC"_s : u"A"_s;
-    forma.FormaDePago = u"PAGO EN UNA SOLA EXHIBICION"_s;
-    forma.Moneda = u"MXN"_s;
+    DocumentoCaptura forma = testing::Documento(nota ? session.FolioNotas : session.FolioFacturas,
+                                                nota ? u"NC"_s : u"A"_s, nota);
     // Inside the demo certificate's validity (to May 2027), whatever day the test runs.
     forma.Fecha = QDateTime(QDate(2026, 11, 23), QTime(11, 15));
-    forma.Ingreso = nota ? session.FolioNotas : session.FolioFacturas;
-    forma.Datos = {{0, u"1"_s}, {1, u"2"_s}, {3, u"30"_s}, {34, u"GUADALAJARA, JALISCO"_s}};
+    forma.Datos.insert(1, u"2"_s);  // a client of the demo company
     forma.Fg1 = Renglones(c, nota);
     QCOMPARE(forma.Fg1.size(), 2);
 

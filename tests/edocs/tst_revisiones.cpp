@@ -35,45 +35,29 @@ enum Falta {
   kFaltas
 };
 
-void Aplicar(Falta falta, Session& s, DocumentoCaptura& forma, const QString& vacia) {
-  switch (falta) {
-    case kBaja:
-      forma.Status = u"BAJA"_s;
-      break;
-    case kSinFormaDePago:
-      forma.FormaDePago.clear();
-      break;
-    case kSinCodigos:
-      for (QStringList& fila : forma.Fg1) fila[1].clear();
-      break;
-    case kSinHoja:
-      s.CarpetaEsquemasCFDi = vacia;
-      break;
-    case kSinRango:
-      forma.Ingreso = 99;
-      break;
-    case kRfcEmpresa:
-      s.empresa.Set(u"rfc"_s, u"AAA010101"_s);
-      break;
-    case kNombreEmpresa:
-      s.empresa.Set(u"nombre"_s, QString());
-      break;
-    case kFolioFuera:
-      forma.Datos.insert(0, u"700"_s);
-      break;
-    case kVencido:
-      forma.Fecha = QDateTime(QDate(2020, 1, 2), QTime(9, 0));
-      break;
-    case kContrasena:
+using Cambio = void (*)(Session&, DocumentoCaptura&, const QString& vacia);
+const Cambio kCambios[kFaltas] = {
+    [](Session&, DocumentoCaptura& f, const QString&) { f.Status = u"BAJA"_s; },
+    [](Session&, DocumentoCaptura& f, const QString&) { f.FormaDePago.clear(); },
+    [](Session&, DocumentoCaptura& f, const QString&) {
+      for (QStringList& fila : f.Fg1) fila[1].clear();
+    },
+    [](Session& s, DocumentoCaptura&, const QString& vacia) { s.CarpetaEsquemasCFDi = vacia; },
+    [](Session&, DocumentoCaptura& f, const QString&) { f.Ingreso = 99; },
+    [](Session& s, DocumentoCaptura&, const QString&) { s.empresa.Set(u"rfc"_s, u"AAA010101"_s); },
+    [](Session& s, DocumentoCaptura&, const QString&) { s.empresa.Set(u"nombre"_s, QString()); },
+    [](Session&, DocumentoCaptura& f, const QString&) { f.Datos.insert(0, u"700"_s); },
+    [](Session&, DocumentoCaptura& f, const QString&) {
+      f.Fecha = QDateTime(QDate(2020, 1, 2), QTime(9, 0));
+    },
+    [](Session& s, DocumentoCaptura&, const QString&) {
       QVERIFY(EjecutarSql(s, u"update certificados set password = ? where documento = 0"_s,
                           {u"12345678b"_s}));
-      break;
-    case kSinCliente:
-      forma.Datos.insert(1, u"999"_s);
-      break;
-    case kFaltas:
-      break;
-  }
+    },
+    [](Session&, DocumentoCaptura& f, const QString&) { f.Datos.insert(1, u"999"_s); }};
+
+void Aplicar(Falta falta, Session& s, DocumentoCaptura& forma, const QString& vacia) {
+  kCambios[falta](s, forma, vacia);
 }
 
 }  // namespace
