@@ -38,7 +38,6 @@ Comprobante Cfd() {
 }  // namespace
 
 Q_DECLARE_METATYPE(ventarix::edocs::Comprobante)
-Q_DECLARE_METATYPE(ventarix::edocs::Impuestos)
 
 class TestCfdiXml : public QObject {
   Q_OBJECT
@@ -67,43 +66,35 @@ class TestCfdiXml : public QObject {
     QCOMPARE(ventarix::edocs::TextoNumero(valor), texto);
   }
 
-  // xmllint with the SAT's schema is the judge; the stamp is checked against the
-  // TimbreFiscalDigital schema through a schema that imports both.
+  // xmllint with the SAT's schemas is the judge, through one schema that imports the CFD, the
+  // CFDi and the stamp's. The invoice, credit-note and plain CFD files are judged where they
+  // are sealed; here the stamp, the discount and every withholding, which the sealing fixture
+  // never carries.
   void ValidaConElEsquemaDelSat_data() {
     QTest::addColumn<Comprobante>("comprobante");
-    QTest::addColumn<Impuestos>("impuestos");
-    QTest::addColumn<QString>("esquema");
-    const QString sat = QStringLiteral(VENTARIX_SHARED_DIR "/sat/");
-    // The invoice, credit-note and plain CFD files are judged where they are sealed; here the
-    // stamp, the discount and every withholding, which the sealing fixture never carries.
     Comprobante timbrada = Timbrada();
     timbrada.Descuento = u"100"_s;
     timbrada.MotivoDescuento = u"PRONTO PAGO"_s;
     timbrada.RetencionIsr = 10;
     timbrada.RetencionIva = 21.33;
     timbrada.RetencionCed = 2;
-    QTest::newRow("CFDi timbrado con retenciones y descuento")
-        << timbrada << Impuestos::kCompletos << u"timbre"_s;
-    QTest::newRow("CFD 2.2 con retenciones y descuento")
-        << Cfd() << Impuestos::kCompletos << sat + u"cfd22/cfdv22.xsd"_s;
+    QTest::newRow("CFDi timbrado con retenciones y descuento") << timbrada;
+    QTest::newRow("CFD 2.2 con retenciones y descuento") << Cfd();
   }
   void ValidaConElEsquemaDelSat() {
     QFETCH(Comprobante, comprobante);
-    QFETCH(Impuestos, impuestos);
-    QFETCH(QString, esquema);
     QTemporaryDir dir;
-    if (esquema == u"timbre") {
-      const QString sat = QStringLiteral(VENTARIX_SHARED_DIR "/sat/cfdi32/");
-      esquema = dir.filePath(u"ambos.xsd"_s);
-      const QString ambos =
-          u"<xs:schema xmlns:xs=\"http://www.w3.org/2001/XMLSchema\">"
-          "<xs:import namespace=\"http://www.sat.gob.mx/cfd/3\" schemaLocation=\"%1cfdv32.xsd\"/>"
-          "<xs:import namespace=\"http://www.sat.gob.mx/TimbreFiscalDigital\" "
-          "schemaLocation=\"%1TimbreFiscalDigital.xsd\"/></xs:schema>"_s.arg(sat);
-      QVERIFY(Escribir(esquema, ambos.toUtf8()));
-    }
-    const QString archivo = dir.filePath(u"documento.xml"_s);
-    QVERIFY(Escribir(archivo, ConstruirXml(comprobante, impuestos)));
+    const QString esquema = dir.filePath(u"sat.xsd"_s), archivo = dir.filePath(u"doc.xml"_s);
+    const QString importa = u"<xs:import namespace=\"http://www.sat.gob.mx/%1\" schemaLocation=\""_s
+                            VENTARIX_SHARED_DIR u"/sat/%2\"/>"_s;
+    QVERIFY(Escribir(esquema,
+                     (u"<xs:schema xmlns:xs=\"http://www.w3.org/2001/XMLSchema\">"_s +
+                      importa.arg(u"cfd/3"_s, u"cfdi32/cfdv32.xsd"_s) +
+                      importa.arg(u"cfd/2"_s, u"cfd22/cfdv22.xsd"_s) +
+                      importa.arg(u"TimbreFiscalDigital"_s, u"cfdi32/TimbreFiscalDigital.xsd"_s) +
+                      u"</xs:schema>"_s)
+                         .toUtf8()));
+    QVERIFY(Escribir(archivo, ConstruirXml(comprobante, Impuestos::kCompletos)));
     const Salida s = Ejecutar(u"xmllint"_s, {u"--noout"_s, u"--schema"_s, esquema, archivo});
     QVERIFY2(s.codigo == 0, s.Todo().constData());
   }

@@ -33,10 +33,9 @@ class TestPreparar : public QObject {
     QTest::addColumn<QString>("tipo");
     QTest::addColumn<QString>("aprobacion");
     QTest::addColumn<QString>("regimen");
-    QTest::newRow("CBB factura") << int(kIngresoCBB) << u"ingreso"_s << u"98765"_s
-                                 << u"REGIMEN GENERAL DE LEY PERSONAS MORALES"_s;
-    QTest::newRow("CBB nota") << int(kEgresoCBB) << u"egreso"_s << u"98765"_s
-                              << u"REGIMEN GENERAL DE LEY PERSONAS MORALES"_s;
+    const QString regimen = u"REGIMEN GENERAL DE LEY PERSONAS MORALES"_s;
+    QTest::newRow("CBB factura") << int(kIngresoCBB) << u"ingreso"_s << u"98765"_s << regimen;
+    QTest::newRow("CBB nota") << int(kEgresoCBB) << u"egreso"_s << u"98765"_s << regimen;
     QTest::newRow("NOTA factura") << int(kIngresoNOTA) << u"ingreso"_s << QString() << QString();
     QTest::newRow("NOTA nota") << int(kEgresoNOTA) << u"egreso"_s << QString() << QString();
   }
