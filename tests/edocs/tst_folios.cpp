@@ -179,10 +179,11 @@ class TestFolios : public QObject {
 
   // A series belongs to one scheme within its table: a second range of the same series and
   // scheme is welcome, another scheme is told which one holds it ("CFDi" for CFDI); the
-  // credit-note ranges are a table of their own.
+  // credit-note ranges are a table of their own, where a user without the right to add has
+  // nothing written.
   void SerieDeUnSoloEsquema() {
     VENTARIX_COMPANY(company);
-    const Session s = SesionFolios(company);
+    Session s = SesionFolios(company);
     edocs::RangoFolios cfdi = Completo(Esquema::kCfdi);
     cfdi.serie = u"F"_s;
     QVERIFY(Alta(s, FamiliaFolios::kFacturas, cfdi,
@@ -206,6 +207,10 @@ class TestFolios : public QObject {
     QCOMPARE(error, u"Esta serie ya esta registrada con un esquema CBB"_s);
     QVERIFY(edocs::RevisarSerie(s, FamiliaFolios::kNotas, u"G"_s, Esquema::kNota));
     QCOMPARE(Valor(s, u"select count(*) from \"folios facturas\""_s).toInt(), 3);
+    s.usuario.Set(u"FoliosNotas"_s, u"NSS"_s);
+    QCOMPARE(Alta(s, FamiliaFolios::kNotas, Completo(Esquema::kNota), {}, &error), 0);
+    QCOMPARE(error, u"Este usuario no tiene permisos para el registro de altas"_s);
+    QCOMPARE(Valor(s, u"select count(*) from \"folios notas\""_s).toInt(), 0);
   }
 
   // A NOTA range keeps the numbers and the printed form's texts; whatever the screen still
@@ -399,17 +404,6 @@ class TestFolios : public QObject {
     QCOMPARE(s.FolioFacturas, 2);
     QVERIFY(edocs::Predeterminar(s, FamiliaFolios::kNotas, 1));
     QCOMPARE(s.FolioNotas, 1);
-  }
-
-  // Without the right to add, nothing is drawn nor written.
-  void SinDerechoDeAlta() {
-    VENTARIX_COMPANY(company);
-    Session s = SesionFolios(company);
-    s.usuario.Set(u"FoliosNotas"_s, u"NSS"_s);
-    QString error;
-    QCOMPARE(Alta(s, FamiliaFolios::kNotas, Completo(Esquema::kNota), {}, &error), 0);
-    QCOMPARE(error, u"Este usuario no tiene permisos para el registro de altas"_s);
-    QCOMPARE(Valor(s, u"select count(*) from \"folios notas\""_s).toInt(), 0);
   }
 };
 
