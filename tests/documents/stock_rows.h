@@ -48,7 +48,7 @@ struct Doc {
   QString producto;   // production: `cantidad` of it is made
   double cantidad = 0;
   bool cerrada = false;
-  QString movimiento;  // purchases: ALMACENn unless set
+  QVariantMap cabecera;  // header columns of the test's own, as a purchase's movimiento
   bool baja = false;
 };
 
@@ -74,10 +74,7 @@ inline bool Escribir(Connection& c, const Doc& d, bool cabecera = true) {
     head.insert(t == u"ajustes de inventario" ? u"almacen"_s : u"tienda"_s, d.almacen);
     row.insert(u"almacen"_s, d.almacen);
   }
-  if (t == u"compras") {
-    head.insert(u"movimiento"_s,
-                d.movimiento.isEmpty() ? u"ALMACEN%1"_s.arg(d.almacen) : d.movimiento);
-  }
+  if (t == u"compras") head.insert(u"movimiento"_s, u"ALMACEN%1"_s.arg(d.almacen));
   if (t == u"traspasos") {
     row = {{u"de"_s, QString::number(d.almacen)}, {u"a"_s, QString::number(d.destino)}};
     head.insert(row);
@@ -88,6 +85,7 @@ inline bool Escribir(Connection& c, const Doc& d, bool cabecera = true) {
   }
   if (t == u"notas cliente") row.insert(u"factura"_s, d.origen);
   if (t == u"notas proveedor") row.insert(u"compra"_s, d.origen);
+  head.insert(d.cabecera);
   if (cabecera && !Insertar(c, t, head)) return false;
   int item = 0;
   for (const Fila& f : d.filas) {

@@ -82,10 +82,9 @@ void TestAvailability::deliveryNote() {
   QFETCH(QList<double>, malla);
   QFETCH(QString, sin_existencias);
   QFETCH(QString, mensaje);
-  VENTARIX_COMPANY(company);
+  VENTARIX_COMPANY_CONNECTION(company, c);
   Session session = company.MakeSession();
   session.empresa.Set(u"Guardar_Sin_Existencias"_s, sin_existencias);
-  Connection c(company.cadena());
   QVERIFY(AltaProducto(c, u"A"_s, 1, existencia));
   if (guardada > 0) {
     QVERIFY(Documento(c, u"remisiones"_s, u"R-1"_s, 1, {{u"A"_s, guardada}}));
@@ -101,9 +100,8 @@ void TestAvailability::deliveryNote() {
 }
 
 void TestAvailability::purchaseLoweredBelowWhatWasSold() {
-  VENTARIX_COMPANY(company);
+  VENTARIX_COMPANY_CONNECTION(company, c);
   const Session session = company.MakeSession();
-  Connection c(company.cadena());
   // A purchase of 10 units into store 2, of which a delivery note has sold 7.
   QVERIFY(AltaProducto(c, u"A"_s, 2, 0));
   QVERIFY(Documento(c, u"compras"_s, u"C-1"_s, 2, {{u"A"_s, 10}}));
@@ -124,9 +122,8 @@ void TestAvailability::purchaseLoweredBelowWhatWasSold() {
 }
 
 void TestAvailability::everyProductOfTheDocumentIsTested() {
-  VENTARIX_COMPANY(company);
+  VENTARIX_COMPANY_CONNECTION(company, c);
   const Session session = company.MakeSession();
-  Connection c(company.cadena());
   // B is already short and stays on the note unchanged; C is short but not on the note.
   QVERIFY(AltaProducto(c, u"A"_s, 3, 10));
   QVERIFY(AltaProducto(c, u"B"_s, 3, -2));

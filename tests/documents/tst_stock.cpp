@@ -18,23 +18,29 @@ using testing::Fila;
 using testing::Insertar;
 using testing::NuevoDoc;
 
-namespace {
+Q_DECLARE_METATYPE(QList<testing::Doc>)
 
-bool AltaProducto(Connection& c, const QString& codigo, double existencia = 0) {
-  QVariantMap v{{u"codigo"_s, codigo}};
-  for (int n = 1; n <= 5; ++n) v.insert(u"almacen%1"_s.arg(n), existencia);
-  return Insertar(c, u"productos"_s, v);
-}
+namespace {
 
 bool Productos(Connection& c, const QStringList& codigos, double existencia = 0) {
   for (const QString& codigo : codigos) {
-    if (!AltaProducto(c, codigo, existencia)) return false;
+    QVariantMap v{{u"codigo"_s, codigo}};
+    for (int n = 1; n <= 5; ++n) v.insert(u"almacen%1"_s.arg(n), existencia);
+    if (!Insertar(c, u"productos"_s, v)) return false;
   }
   return true;
 }
 
-bool Factura(Connection& c, const QString& clave, const QString& depto) {
-  return Insertar(c, u"facturas"_s, {{u"factura"_s, clave}, {u"depto"_s, depto}});
+Doc Factura(const QString& depto, const QList<Fila>& filas = {}) {
+  Doc d = NuevoDoc(u"facturas"_s, u"F-1"_s, 1, filas);
+  d.cabecera = {{u"depto"_s, depto}};
+  return d;
+}
+
+Doc Compra(const QString& movimiento, const QList<Fila>& filas) {
+  Doc d = NuevoDoc(u"compras"_s, u"C-1"_s, 2, filas);
+  d.cabecera = {{u"movimiento"_s, movimiento}};
+  return d;
 }
 
 Doc Produccion(const QString& clave, const QString& producto, double cantidad, bool cerrada,
@@ -58,23 +64,10 @@ Doc Nota(const QString& tabla, const QString& origen, const QList<Fila>& filas, 
   return d;
 }
 
-using Stock = std::array<double, 5>;
-
-QString Diferencias(const QString& codigo, const Stock& got, const Stock& want) {
-  QString text;
-  for (int i = 0; i < 5; ++i) {
-    if (!qFuzzyCompare(1.0 + got[i], 1.0 + want[i])) {
-      text += u"%1 almacen%2: %3, expected %4; "_s.arg(codigo).arg(i + 1).arg(got[i]).arg(want[i]);
-    }
-  }
-  return text;
+QList<double> Stock(Connection& c, const QString& codigo) {
+  const std::array<double, 5> stock = Existencias(c, codigo);
+  return {stock.begin(), stock.end()};
 }
-
-#define COMPARE_STOCK(c, codigo, ...)                                                     \
-  do {                                                                                    \
-    const QString diff = Diferencias(codigo, Existencias(c, codigo), Stock{__VA_ARGS__}); \
-    QVERIFY2(diff.isEmpty(), qPrintable(diff));                                           \
-  } while (false)
 
 // What the family's screen does with its rows when it saves (factor 1) or undoes a save (-1).
 bool Mover(Connection& c, const Doc& d, int factor) {
@@ -124,81 +117,67 @@ class TestStock : public QObject {
   void eachFamilyCountsWithItsSign_data();
   void eachFamilyCountsWithItsSign();
   void oneWarehouseLeavesTheOthers();
-  void cancelledDocumentsDontCount();
   void productionCountsByEngine();
   void incrementalMoveKeepsToItsWarehouse();
   void incrementalMovesMatchRebuild();
 };
 
 void TestStock::eachFamilyCountsWithItsSign_data() {
-  QTest::addColumn<QString>("caso");
+  QTest::addColumn<QList<Doc>>("docs");
   QTest::addColumn<QList<double>>("esperado");  // almacen1..5 of product "A"
-  QTest::newRow("purchase into 2") << u"compra"_s << QList<double>{0, 5, 0, 0, 0};
-  QTest::newRow("adjustment in 3") << u"ajuste"_s << QList<double>{0, 0, 3, 0, 0};
-  QTest::newRow("delivery note from 4") << u"remision"_s << QList<double>{0, 0, 0, -2, 0};
-  QTest::newRow("transfer 1 to 5") << u"traspaso"_s << QList<double>{-3, 0, 0, 0, 3};
+  const QList<Fila> a2{{u"A"_s, 2}};
+  const Doc devolucion = Nota(u"notas cliente"_s, u"F-1"_s, a2);
+  // The purchase holds another product, so only the supplier's note can move "A".
+  const Doc nota_proveedor = Nota(u"notas proveedor"_s, u"C-1"_s, {{u"A"_s, 1}}, 2);
+  QTest::newRow("purchase into 2") << QList<Doc>{NuevoDoc(u"compras"_s, u"C-1"_s, 2, {{u"A"_s, 5}})}
+                                   << QList<double>{0, 5, 0, 0, 0};
+  QTest::newRow("adjustment in 3")
+      << QList<Doc>{NuevoDoc(u"ajustes de inventario"_s, u"J-1"_s, 3, {{u"A"_s, 4}, {u"A"_s, -1}})}
+      << QList<double>{0, 0, 3, 0, 0};
+  QTest::newRow("delivery note from 4")
+      << QList<Doc>{NuevoDoc(u"remisiones"_s, u"R-1"_s, 4, a2)} << QList<double>{0, 0, 0, -2, 0};
+  QTest::newRow("transfer 1 to 5")
+      << QList<Doc>{Traspaso(u"T-1"_s, 1, 5, {{u"A"_s, 3}})} << QList<double>{-3, 0, 0, 0, 3};
   QTest::newRow("return on a product invoice")
-      << u"nota cliente PRODUCTOS"_s << QList<double>{2, 0, 0, 0, 0};
+      << QList<Doc>{Factura(u"PRODUCTOS"_s), devolucion} << QList<double>{2, 0, 0, 0, 0};
   QTest::newRow("return on a LIBRE invoice")
-      << u"nota cliente LIBRE"_s << QList<double>{0, 0, 0, 0, 0};
+      << QList<Doc>{Factura(u"LIBRE"_s), devolucion} << QList<double>{0, 0, 0, 0, 0};
   QTest::newRow("supplier note of a purchase into 2")
-      << u"nota proveedor ALMACEN2"_s << QList<double>{0, -1, 0, 0, 0};
+      << QList<Doc>{Compra(u"ALMACEN2"_s, {{u"B"_s, 9}}), nota_proveedor}
+      << QList<double>{0, -1, 0, 0, 0};
   QTest::newRow("supplier note of an expense")
-      << u"nota proveedor GASTOS"_s << QList<double>{0, 0, 0, 0, 0};
-  QTest::newRow("production consumes") << u"consumo"_s << QList<double>{-2.5, 0, 0, 0, 0};
-  QTest::newRow("closed production yields") << u"terminado"_s << QList<double>{4, 0, 0, 0, 0};
-  QTest::newRow("invoices and orders move nothing") << u"factura"_s << QList<double>{0, 0, 0, 0, 0};
+      << QList<Doc>{Compra(u"GASTOS"_s, {{u"B"_s, 9}}), nota_proveedor}
+      << QList<double>{0, 0, 0, 0, 0};
+  QTest::newRow("production consumes")
+      << QList<Doc>{Produccion(u"O-1"_s, u"B"_s, 1, true, {{u"A"_s, 2.5}})}
+      << QList<double>{-2.5, 0, 0, 0, 0};
+  QTest::newRow("closed production yields")
+      << QList<Doc>{Produccion(u"O-1"_s, u"A"_s, 4, true, {{u"B"_s, 1}})}
+      << QList<double>{4, 0, 0, 0, 0};
+  QTest::newRow("invoices and orders move nothing")
+      << QList<Doc>{Factura(u"PRODUCTOS"_s, {{u"A"_s, 6}}),
+                    NuevoDoc(u"pedidos"_s, u"P-1"_s, 1, {{u"A"_s, 6}})}
+      << QList<double>{0, 0, 0, 0, 0};
 }
 
 void TestStock::eachFamilyCountsWithItsSign() {
-  QFETCH(QString, caso);
+  QFETCH(QList<Doc>, docs);
   QFETCH(QList<double>, esperado);
-  VENTARIX_COMPANY(company);
-  Connection c(company.cadena());
+  VENTARIX_COMPANY_CONNECTION(company, c);
   QVERIFY(Productos(c, {u"A"_s, u"B"_s}, 77));
-  const QList<Fila> a2{{u"A"_s, 2}};
-  const QString variante = caso.section(u' ', 2);
-  bool written = false;
-  if (caso == u"compra") written = Escribir(c, NuevoDoc(u"compras"_s, u"C-1"_s, 2, {{u"A"_s, 5}}));
-  if (caso == u"ajuste") {
-    written =
-        Escribir(c, NuevoDoc(u"ajustes de inventario"_s, u"J-1"_s, 3, {{u"A"_s, 4}, {u"A"_s, -1}}));
-  }
-  if (caso == u"remision") written = Escribir(c, NuevoDoc(u"remisiones"_s, u"R-1"_s, 4, a2));
-  if (caso == u"traspaso") written = Escribir(c, Traspaso(u"T-1"_s, 1, 5, {{u"A"_s, 3}}));
-  if (caso.startsWith(u"nota cliente")) {
-    written = Factura(c, u"F-1"_s, variante) && Escribir(c, Nota(u"notas cliente"_s, u"F-1"_s, a2));
-  }
-  if (caso.startsWith(u"nota proveedor")) {
-    // The purchase holds another product, so only the note can move "A".
-    Doc compra = NuevoDoc(u"compras"_s, u"C-1"_s, 2, {{u"B"_s, 9}});
-    compra.movimiento = variante;
-    written =
-        Escribir(c, compra) && Escribir(c, Nota(u"notas proveedor"_s, u"C-1"_s, {{u"A"_s, 1}}, 2));
-  }
-  if (caso == u"consumo")
-    written = Escribir(c, Produccion(u"O-1"_s, u"B"_s, 1, true, {{u"A"_s, 2.5}}));
-  if (caso == u"terminado")
-    written = Escribir(c, Produccion(u"O-1"_s, u"A"_s, 4, true, {{u"B"_s, 1}}));
-  if (caso == u"factura") {
-    written = Escribir(c, NuevoDoc(u"facturas"_s, u"F-1"_s, 1, {{u"A"_s, 6}})) &&
-              Escribir(c, NuevoDoc(u"pedidos"_s, u"P-1"_s, 1, {{u"A"_s, 6}}));
-  }
-  QVERIFY2(written, qPrintable(c.db().lastError().text()));
-
+  for (const Doc& d : docs) QVERIFY2(Escribir(c, d), qPrintable(c.db().lastError().text()));
   QString error;
   QVERIFY2(mInventario::RecalcularExistencias(c, 0, std::nullopt, &error), qPrintable(error));
-  COMPARE_STOCK(c, u"A"_s, esperado[0], esperado[1], esperado[2], esperado[3], esperado[4]);
+  QCOMPARE(Stock(c, u"A"_s), esperado);
 }
 
 void TestStock::oneWarehouseLeavesTheOthers() {
-  VENTARIX_COMPANY(company);
-  Connection c(company.cadena());
+  VENTARIX_COMPANY_CONNECTION(company, c);
   QVERIFY(Productos(c, {u"A"_s, u"B"_s}, 50));
   QVERIFY(Escribir(c, NuevoDoc(u"remisiones"_s, u"R-1"_s, 1, {{u"A"_s, 2}})));
   QVERIFY(Escribir(c, NuevoDoc(u"compras"_s, u"C-1"_s, 3, {{u"A"_s, 5}, {u"B"_s, 6}})));
-  QVERIFY(Factura(c, u"F-1"_s, u"PRODUCTOS"_s) &&
-          Escribir(c, Nota(u"notas cliente"_s, u"F-1"_s, {{u"A"_s, 1}})));
+  QVERIFY(Escribir(c, Factura(u"PRODUCTOS"_s)));
+  QVERIFY(Escribir(c, Nota(u"notas cliente"_s, u"F-1"_s, {{u"A"_s, 1}})));
   QVERIFY(Escribir(c, Produccion(u"O-1"_s, u"B"_s, 1, true, {{u"A"_s, 4}})));
 
   QString error;
@@ -206,39 +185,19 @@ void TestStock::oneWarehouseLeavesTheOthers() {
            qPrintable(error));
   // Returns and production belong to warehouse 1, which a rebuild of 3 doesn't touch; "B" is
   // not in the list.
-  COMPARE_STOCK(c, u"A"_s, 50, 50, 5, 50, 50);
-  COMPARE_STOCK(c, u"B"_s, 50, 50, 50, 50, 50);
+  QCOMPARE(Stock(c, u"A"_s), (QList<double>{50, 50, 5, 50, 50}));
+  QCOMPARE(Stock(c, u"B"_s), (QList<double>{50, 50, 50, 50, 50}));
 
   QVERIFY(mInventario::RecalcularExistencias(c, 1, QStringList{u"A"_s}, &error));
-  COMPARE_STOCK(c, u"A"_s, -2 + 1 - 4, 50, 5, 50, 50);
+  QCOMPARE(Stock(c, u"A"_s), (QList<double>{-2 + 1 - 4, 50, 5, 50, 50}));
 
   // The list of nothing, as a document without rows gives, changes nothing.
   QVERIFY(mInventario::RecalcularExistencias(c, 0, QStringList{}, &error));
   QCOMPARE(Existencia(c, u"B"_s, 3), 50.0);
 }
 
-void TestStock::cancelledDocumentsDontCount() {
-  VENTARIX_COMPANY(company);
-  Connection c(company.cadena());
-  QVERIFY(Productos(c, {u"A"_s, u"B"_s}));
-  QList<Doc> docs{NuevoDoc(u"remisiones"_s, u"R-1"_s, 1, {{u"A"_s, 3}}),
-                  Traspaso(u"T-1"_s, 1, 2, {{u"A"_s, 4}}),
-                  Produccion(u"O-1"_s, u"B"_s, 2, true, {{u"A"_s, 1}})};
-  QVERIFY(Escribir(c, NuevoDoc(u"compras"_s, u"C-1"_s, 1, {{u"A"_s, 10}, {u"B"_s, 10}})));
-  for (const Doc& d : docs) QVERIFY(Escribir(c, d));
-  QVERIFY(mInventario::RecalcularExistencias(c, 0, std::nullopt));
-  COMPARE_STOCK(c, u"A"_s, 2, 4, 0, 0, 0);
-
-  QCOMPARE(mInventario::ListaCodigosDocumento(c, u"remisiones"_s, u"remision"_s, u"R-1"_s),
-           QStringList{u"A"_s});
-  for (Doc& d : docs) QVERIFY(Cancelar(c, d));
-  COMPARE_STOCK(c, u"A"_s, 10, 0, 0, 0, 0);
-  COMPARE_STOCK(c, u"B"_s, 10, 0, 0, 0, 0);
-}
-
 void TestStock::productionCountsByEngine() {
-  VENTARIX_COMPANY(company);
-  Connection c(company.cadena());
+  VENTARIX_COMPANY_CONNECTION(company, c);
   QVERIFY(Productos(c, {u"A"_s, u"B"_s}));
   QVERIFY(Escribir(c, Produccion(u"O-1"_s, u"B"_s, 3, false, {{u"A"_s, 2}, {u"A"_s, 0.5}})));
   QString error;
@@ -256,18 +215,21 @@ void TestStock::productionCountsByEngine() {
 }
 
 // The random sequence below moves every row in the warehouse it was written for; here a purchase
-// moved for another warehouse moves nothing, and a warehouse outside 1..5 is refused.
+// moved for another warehouse moves nothing, a warehouse outside 1..5 is refused, and the
+// document's products are listed once each for the rebuild that follows a cancellation.
 void TestStock::incrementalMoveKeepsToItsWarehouse() {
-  VENTARIX_COMPANY(company);
-  Connection c(company.cadena());
+  VENTARIX_COMPANY_CONNECTION(company, c);
   QVERIFY(Productos(c, {u"A"_s, u"B"_s}, 20));
   QVERIFY(
       Escribir(c, NuevoDoc(u"compras"_s, u"C-1"_s, 3, {{u"A"_s, 4}, {u"B"_s, 1}, {u"A"_s, 1}})));
   QVERIFY(mInventario::ActualizarExistencias(c, u"compras"_s, u"compra"_s, u"C-1"_s, 4, 1));
-  COMPARE_STOCK(c, u"A"_s, 20, 20, 20, 20, 20);
+  QCOMPARE(Stock(c, u"A"_s), (QList<double>{20, 20, 20, 20, 20}));
   QVERIFY(mInventario::ActualizarExistencias(c, u"compras"_s, u"compra"_s, u"C-1"_s, 3, 1));
-  COMPARE_STOCK(c, u"A"_s, 20, 20, 25, 20, 20);
-  COMPARE_STOCK(c, u"B"_s, 20, 20, 21, 20, 20);
+  QCOMPARE(Stock(c, u"A"_s), (QList<double>{20, 20, 25, 20, 20}));
+  QCOMPARE(Stock(c, u"B"_s), (QList<double>{20, 20, 21, 20, 20}));
+  QStringList codigos = mInventario::ListaCodigosDocumento(c, u"compras"_s, u"compra"_s, u"C-1"_s);
+  codigos.sort();
+  QCOMPARE(codigos, (QStringList{u"A"_s, u"B"_s}));
   QString error;
   QVERIFY(
       !mInventario::ActualizarExistencias(c, u"compras"_s, u"compra"_s, u"C-1"_s, 6, -1, &error));
@@ -275,11 +237,10 @@ void TestStock::incrementalMoveKeepsToItsWarehouse() {
 }
 
 void TestStock::incrementalMovesMatchRebuild() {
-  VENTARIX_COMPANY(company);
-  Connection c(company.cadena());
+  VENTARIX_COMPANY_CONNECTION(company, c);
   const QStringList productos{u"P1"_s, u"P2"_s, u"P3"_s, u"P4"_s, u"P5"_s};
   QVERIFY(Productos(c, productos));
-  QVERIFY(Factura(c, u"F-1"_s, u"PRODUCTOS"_s));
+  QVERIFY(Escribir(c, Factura(u"PRODUCTOS"_s)));
   const QStringList familias{u"remisiones"_s,     u"compras"_s,    u"ajustes de inventario"_s,
                              u"traspasos"_s,      u"produccion"_s, u"notas cliente"_s,
                              u"notas proveedor"_s};
@@ -296,16 +257,14 @@ void TestStock::incrementalMovesMatchRebuild() {
   };
   QList<Doc> docs;
   QList<qsizetype> compras;  // indices into docs
-  auto comparar = [&](int paso) {
-    QHash<QString, Stock> movido;
-    for (const QString& p : productos) movido[p] = Existencias(c, p);
-    QString error;
-    if (!mInventario::RecalcularExistencias(c, 0, std::nullopt, &error)) return error;
-    QString diff;
-    for (const QString& p : productos) diff += Diferencias(p, movido[p], Existencias(c, p));
-    return diff.isEmpty() ? diff : u"after step %1: "_s.arg(paso) + diff;
+  auto todas = [&] {
+    QStringList out;
+    for (const QString& p : productos) {
+      out << p;
+      for (double v : Stock(c, p)) out.last() += u' ' + QString::number(v);
+    }
+    return out;
   };
-
   for (int paso = 1; paso <= 90; ++paso) {
     Transaction t(c);
     const int accion = docs.isEmpty() ? 0 : gen.bounded(10);
@@ -365,8 +324,9 @@ void TestStock::incrementalMovesMatchRebuild() {
     }
     QVERIFY(t.Commit());
     if (paso % 15 == 0) {
-      const QString diff = comparar(paso);
-      QVERIFY2(diff.isEmpty(), qPrintable(diff));
+      const QStringList movidas = todas();
+      QVERIFY(mInventario::RecalcularExistencias(c, 0, std::nullopt));
+      QCOMPARE(movidas, todas());
     }
   }
 }

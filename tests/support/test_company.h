@@ -54,3 +54,8 @@ void AddEngineRows();
   ::ventarix::testing::TestCompany var(engine);            \
   if (var.skipped()) QSKIP("VENTARIX_TEST_PG is not set"); \
   QVERIFY2(var.ok(), qPrintable(var.error()))
+
+// The same, with `c` a connection to it.
+#define VENTARIX_COMPANY_CONNECTION(var, c) \
+  VENTARIX_COMPANY(var);                    \
+  ::ventarix::Connection c(var.cadena())
