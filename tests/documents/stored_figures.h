@@ -59,9 +59,10 @@ inline QString Diferencias(Connection& c, const QString& tabla, const QString& c
 }  // namespace ventarix::testing
 
 // Fails with every mismatch of the row of `tabla` whose `columna_clave` is `clave`.
-#define COMPARE_ROW(c, tabla, columna_clave, clave, esperado)                              \
-  do {                                                                                     \
-    const QString diff_ = ::ventarix::testing::Diferencias(c, tabla, columna_clave, clave, \
-                                                           esperado);                      \
-    QVERIFY2(diff_.isEmpty(), qPrintable(QVariant(clave).toString() + u": "_s + diff_));   \
+#define COMPARE_ROW(c, tabla, columna_clave, clave, esperado)                          \
+  do {                                                                                 \
+    const QString diff_ =                                                              \
+        ::ventarix::testing::Diferencias(c, tabla, columna_clave, clave, esperado);    \
+    QVERIFY2(diff_.isEmpty(),                                                          \
+             qPrintable(tabla + u' ' + QVariant(clave).toString() + u": "_s + diff_)); \
   } while (false)

@@ -86,12 +86,11 @@ void TstBalances::invoiceBalance_data() {
 }
 
 void TstBalances::invoiceBalance() {
-  VENTARIX_COMPANY(company);
+  VENTARIX_COMPANY_CONNECTION(company, c);
   QFETCH(double, total);
   QFETCH(QList<double>, payments);
   QFETCH(QList<double>, notes);
   QFETCH(QString, esperado);
-  Connection c(company.cadena());
   QVERIFY(Invoice(c, u"A-1"_s, total));
   double paid = 0, credited = 0;
   for (int i = 0; i < payments.size(); ++i) {
@@ -109,8 +108,7 @@ void TstBalances::invoiceBalance() {
 }
 
 void TstBalances::receiptAndNoteSettleThenCancellationsHold() {
-  VENTARIX_COMPANY(company);
-  Connection c(company.cadena());
+  VENTARIX_COMPANY_CONNECTION(company, c);
   QVERIFY(InsertarFila(c, u"clientes"_s, {{u"numero"_s, 7}, {u"nombre"_s, u"CLIENTE"_s}}));
   QVERIFY(Invoice(c, u"A-10"_s, 580.0, 7));
   QVERIFY(Invoice(c, u"A-11"_s, 20.0, 7));
@@ -150,10 +148,9 @@ void TstBalances::invoiceScopes_data() {
 }
 
 void TstBalances::invoiceScopes() {
-  VENTARIX_COMPANY(company);
+  VENTARIX_COMPANY_CONNECTION(company, c);
   QFETCH(QStringList, scope);
   QFETCH(QStringList, recomputed);
-  Connection c(company.cadena());
   const QStringList keys = {u"A-1"_s, u"A-2"_s, u"A-3"_s};
   for (const QString& key : keys) {
     // Stale figures, as a workstation that failed halfway would leave them.
@@ -180,10 +177,9 @@ void TstBalances::partyBalances_data() {
 }
 
 void TstBalances::partyBalances() {
-  VENTARIX_COMPANY(company);
+  VENTARIX_COMPANY_CONNECTION(company, c);
   QFETCH(QStringList, tables);
   QFETCH(QStringList, columns);
-  Connection c(company.cadena());
   const QString& key = columns[0];
   QVERIFY(InsertarFilas(c, tables[0], {u"numero"_s, u"nombre"_s, u"saldo"_s},
                         {{1, u"A"_s, 999}, {2, u"B"_s, 999}, {3, u"C"_s, 999}}));
@@ -217,10 +213,9 @@ void TstBalances::partyBalances() {
 }
 
 void TstBalances::deliveryNotesFollowTheirInvoice() {
-  VENTARIX_COMPANY(company);
+  VENTARIX_COMPANY_CONNECTION(company, c);
   Session session = company.MakeSession();
   session.FechaFija = u"20240315"_s;
-  Connection c(company.cadena());
   const QDateTime hora(QDate(2024, 3, 14), QTime(10, 30));
   const QDateTime old(QDate(2024, 1, 2), QTime(9, 0));
   const QVariant none(QMetaType(QMetaType::QDateTime));
@@ -281,12 +276,11 @@ void TstBalances::orderFulfilment_data() {
 }
 
 void TstBalances::orderFulfilment() {
-  VENTARIX_COMPANY(company);
+  VENTARIX_COMPANY_CONNECTION(company, c);
   QFETCH(QString, orders);
   QFETCH(QString, key);
   QFETCH(QString, deliveries);
   QFETCH(QString, delivery_key);
-  Connection c(company.cadena());
   QVERIFY(InsertarFilas(c, orders, {key, u"status"_s},
                         {{u"O-1"_s, u"POR SURTIR"_s},
                          {u"O-2"_s, u"POR SURTIR"_s},
