@@ -15,12 +15,13 @@
 #include <QTableView>
 #include <QTest>
 
+#include "catalogs/ui/pantallas_prueba.h"
 #include "core/browse_families.h"
 #include "core/database.h"
 #include "core/mFunciones.h"
+#include "core/ui/browse_model.h"
 #include "core/ui/campo_captura.h"
 #include "core/ui/form_registry.h"
-#include "core/ui/browse_model.h"
 #include "core/ui/navegador.h"
 #include "edocs/folios_prueba.h"
 #include "edocs/ui/frm_folios.h"
@@ -29,7 +30,9 @@
 
 using namespace ventarix;
 using namespace Qt::StringLiterals;
+using ventarix::testing::Guardar;
 using ventarix::testing::ModalCatcher;
+using ventarix::testing::Mostrar;
 using ventarix::testing::SesionFolios;
 using ventarix::testing::Valor;
 
@@ -37,12 +40,6 @@ namespace {
 
 const QString kPar =
     QStringLiteral(VENTARIX_SHARED_DIR "/sat/csd/AAA010101AAA_20001000000100005867");
-
-bool Mostrar(QWidget& forma) {
-  forma.show();
-  forma.activateWindow();
-  return QTest::qWaitForWindowActive(&forma);
-}
 
 QWidget* Foco() { return QApplication::focusWidget(); }
 
@@ -196,8 +193,7 @@ class TestFoliosForms : public QObject {
     QCOMPARE(tabs->tabText(tabs->currentIndex()), u"Pagaré"_s);
     testing::SaveShot(&alta, u"frm_folios_facturas_a_pagare"_s);
 
-    alta.findChild<QPushButton*>(u"Guardar"_s)->setFocus();
-    QTest::keyClick(Foco(), Qt::Key_Return);
+    Guardar(alta);
     QCOMPARE(alta.result(), int(QDialog::Accepted));
     QCOMPARE(session.RegistroActual, u"1"_s);
     QCOMPARE(Valor(session,
@@ -249,8 +245,7 @@ class TestFoliosForms : public QObject {
     testing::SaveShot(&cambio, u"frm_folios_facturas_c"_s);
     QCOMPARE(Foco(), cambio.findChild<CampoCaptura*>(u"FolioInicial"_s));
     Capturar({QString(), u"300"_s});
-    cambio.findChild<QPushButton*>(u"Guardar"_s)->setFocus();
-    QTest::keyClick(Foco(), Qt::Key_Return);
+    Guardar(cambio);
     QCOMPARE(cambio.result(), int(QDialog::Accepted));
     QCOMPARE(Valor(session, u"select cantidad from \"folios facturas\""_s).toInt(), 300);
     QVERIFY(QDir(session.CarpetaTmp).entryList(QDir::Files).isEmpty());

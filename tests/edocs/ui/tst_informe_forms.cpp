@@ -9,6 +9,7 @@
 #include <QTableWidget>
 #include <QTest>
 
+#include "catalogs/ui/pantallas_prueba.h"
 #include "core/mFunciones.h"
 #include "core/ui/form_registry.h"
 #include "edocs/informe_filas.h"
@@ -58,9 +59,7 @@ class TestInformeForms : public QObject {
       vistos << path;
       return true;
     });
-    informe->show();
-    informe->activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(informe));
+    QVERIFY(testing::Mostrar(*informe));
     // A toolbar key, pressed with the report window in front as after any message.
     const auto tecla = [informe](Qt::Key key) {
       informe->activateWindow();
