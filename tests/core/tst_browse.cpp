@@ -143,8 +143,7 @@ class TestBrowse : public QObject {
     QFETCH(QString, columna);
     QFETCH(bool, descendente);
     QFETCH(bool, unica);
-    VENTARIX_COMPANY(company);
-    Connection c(company.cadena());
+    VENTARIX_COMPANY_CONNECTION(company, c);
     CrearPrueba(c, 500);
     Consulta consulta;
     consulta.sentencia = u"select * from prueba"_s;
@@ -187,18 +186,14 @@ class TestBrowse : public QObject {
     QCOMPARE(SentenciaPermitida(sentencia).ok, permitida);
   }
   void ConexionDeLecturaNoEscribe() {
-    VENTARIX_COMPANY(company);
-    {
-      Connection c(company.cadena());
-      QVERIFY(c.Run(u"insert into bancos (numero, nombre) values (1, 'UNO')"_s));
-    }
+    VENTARIX_COMPANY_CONNECTION(company, c);
+    QVERIFY(c.Run(u"insert into bancos (numero, nombre) values (1, 'UNO')"_s));
     Connection lectura(company.cadena(), Connection::Acceso::kLectura);
     // A data-changing common table expression passes the word check; the connection stops it.
     const Campos campos = CamposDeSentencia(
         lectura, u"with x as (delete from bancos returning numero) select * from x"_s);
     QVERIFY(!campos.outcome.ok);
     QVERIFY(!lectura.Run(u"delete from bancos"_s));
-    Connection c(company.cadena());
     QCOMPARE(c.Scalar(u"select count(*) from bancos"_s).toInt(), 1);
   }
 

@@ -210,8 +210,7 @@ class TestBrowseFilter : public QObject {
   // back; a plain text filter brings back only rows that hold the text; the table keeps its
   // five invoices.
   void TextosAlAzar() {
-    VENTARIX_COMPANY(company);
-    Connection c(company.cadena());
+    VENTARIX_COMPANY_CONNECTION(company, c);
     QVERIFY(Facturar(c, company.sql()));
     const Engine e = EngineOf(company);
     QRandomGenerator azar(20140105);

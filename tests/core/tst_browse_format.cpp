@@ -108,8 +108,7 @@ class TestBrowseFormat : public QObject {
   // the template's layout without its search or position. The editor opens on the user's own
   // row, else the template's.
   void SoloLoAplicado() {
-    VENTARIX_COMPANY(company);
-    Connection c(company.cadena());
+    VENTARIX_COMPANY_CONNECTION(company, c);
     QVERIFY(AgregarVista(c, u"ADMINISTRADOR"_s, u"1111"_s));
     QVERIFY(AgregarVista(c, u"ANA"_s, u"1010"_s, u"select * from facturas where tienda = 1"_s));
     Session session = company.MakeSession();
@@ -146,11 +145,10 @@ class TestBrowseFormat : public QObject {
   // with carriage return and line feed. A save that fails half-way (a user must have a name)
   // leaves the rows already written as they were.
   void SinPlantillaYTodoONada() {
-    VENTARIX_COMPANY(company);
+    VENTARIX_COMPANY_CONNECTION(company, c);
     const Session session = company.MakeSession();
     const Formato seguridad = Aplicar(false, true, false, false, u"1|ALTAS|0\n\n3|B|1|x|0\r\n"_s);
     QVERIFY(GuardarFormato(session, kTabla, {u"ANA"_s}, seguridad, {}).ok);
-    Connection c(company.cadena());
     QCOMPARE(Fila(c, u"ANA"_s)[u"seguridad"_s].toString(), u"1|ALTAS|0\r\n3|B|1|x|0"_s);
     QCOMPARE(Fila(c, u"ANA"_s)[u"sentencia"_s].toString(), QString());
 

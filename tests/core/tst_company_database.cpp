@@ -142,8 +142,7 @@ class TestCompanyDatabase : public QObject {
   // A new company needs no repair (so it has every table, column and index), runs SQLite in
   // WAL mode, and a second creation over it is refused.
   void EmpresaNueva() {
-    VENTARIX_COMPANY(company);
-    Connection c(company.cadena());
+    VENTARIX_COMPANY_CONNECTION(company, c);
     if (!company.sql()) {
       QCOMPARE(c.Scalar(QStringLiteral("pragma journal_mode")).toString(), QStringLiteral("wal"));
     }
@@ -222,8 +221,7 @@ class TestCompanyDatabase : public QObject {
 
   // What a row left to the defaults holds.
   void ValoresPorOmision() {
-    VENTARIX_COMPANY(company);
-    Connection c(company.cadena());
+    VENTARIX_COMPANY_CONNECTION(company, c);
     for (const char* table : {"facturas", "remisiones", "clientes", "productos"}) {
       QVariantMap row = Ordinary(S(table), company.sql());
       row.remove(S("status"));

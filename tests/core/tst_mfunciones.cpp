@@ -71,8 +71,7 @@ class TestMFunciones : public QObject {
   // Next numbers, folios, legal-entity marks and detail deletion over one small company:
   // two clients, a delivery note A-5 and the rows of.
   void ConsultasSobreDocumentos() {
-    VENTARIX_COMPANY(company);
-    Connection c(company.cadena());
+    VENTARIX_COMPANY_CONNECTION(company, c);
     Session s = company.MakeSession();
     const QString numero = u"numero"_s;
     const QString clientes = u"clientes"_s;
@@ -113,8 +112,7 @@ class TestMFunciones : public QObject {
   }
 
   void SqlProductoBuscaPorCualquierCodigo() {
-    VENTARIX_COMPANY(company);
-    Connection c(company.cadena());
+    VENTARIX_COMPANY_CONNECTION(company, c);
     QVariantMap cien = Producto(u"100"_s);
     cien.insert(u"codigo1"_s, u"X"_s);
     QVariantMap doscientos = Producto(u"200"_s);
@@ -131,7 +129,7 @@ class TestMFunciones : public QObject {
   }
 
   void InicializarRegistroDaCerosYTextosVacios() {
-    VENTARIX_COMPANY(company);
+    VENTARIX_COMPANY_CONNECTION(company, c);
     const QVariantMap fila = InicializarRegistro(u"productos"_s);
     QVERIFY(!fila.contains(u"fecha ultima compra"_s));
     // Brand and status are validated by the database: the caller's to fill.
@@ -139,7 +137,6 @@ class TestMFunciones : public QObject {
     QVERIFY(!fila.contains(u"status"_s));
     QVERIFY(InicializarRegistro(u"no existe"_s).isEmpty());
     // What it gives binds on the engine: the row reads back as zeroes and empty texts.
-    Connection c(company.cadena());
     QVERIFY(Insertar(c, u"productos"_s, Producto(u"P"_s)));
     QSqlQuery q = c.Exec(u"select * from productos where codigo = 'P'"_s);
     QVERIFY(q.next());
@@ -288,16 +285,13 @@ class TestMFunciones : public QObject {
   }
 
   void ExtraerLogoUnaVez() {
-    VENTARIX_COMPANY(company);
+    VENTARIX_COMPANY_CONNECTION(company, c);
     Session s = company.MakeSession();
     CrearCarpetas(s);
     QVERIFY(!ExtraerLogo(s));  // no row in empresa
     QCOMPARE(s.ArchivoLogo, s.CarpetaTmp + u"/logo.tmp"_s);
     const QByteArray imagen("\x89PNG\r\n\x1a\n\0\x01\x02", 11);
-    {
-      Connection c(company.cadena());
-      QVERIFY(Insertar(c, u"empresa"_s, {{u"numero"_s, 1}, {u"logotipo"_s, imagen}}));
-    }
+    QVERIFY(Insertar(c, u"empresa"_s, {{u"numero"_s, 1}, {u"logotipo"_s, imagen}}));
     QVERIFY(ExtraerLogo(s));
     QFile file(s.ArchivoLogo);
     QVERIFY(file.open(QIODevice::ReadOnly));

@@ -230,8 +230,7 @@ class TstSchema : public QObject {
   // Every table is there and no scratch table; every index stands on its columns with its
   // uniqueness.
   void aNewCompanyHasEveryTableAndIndex() {
-    VENTARIX_COMPANY(company);
-    Connection c(company.cadena());
+    VENTARIX_COMPANY_CONNECTION(company, c);
     QVERIFY2(c.ok(), qPrintable(c.error()));
     const QStringList tables = DatabaseTables(c);
     const QSet<QString> present(tables.cbegin(), tables.cend());
@@ -273,8 +272,7 @@ class TstSchema : public QObject {
   }
 
   void uniqueKeysSettleACollisionOfFolios() {
-    VENTARIX_COMPANY(company);
-    Connection c(company.cadena());
+    VENTARIX_COMPANY_CONNECTION(company, c);
     QVERIFY2(c.ok(), qPrintable(c.error()));
     // Two stations saving the same delivery note: the second insert is refused.
     QVERIFY(InsertHeader(c, S("remisiones"), S("remision"), S("A-1")));
@@ -287,8 +285,7 @@ class TstSchema : public QObject {
 
   // Columns that screens and routines read and write, with the family of their type.
   void columnsThatTheSystemReadsAndWrites() {
-    VENTARIX_COMPANY(company);
-    Connection c(company.cadena());
+    VENTARIX_COMPANY_CONNECTION(company, c);
     QVERIFY2(c.ok(), qPrintable(c.error()));
     const char* const rows[][3] = {
         // Rights and saved views.

@@ -176,7 +176,6 @@ class TestStartup : public QObject {
     QTest::newRow("punto al final") << S("1.2.3.") << false << true << S("1.2.3.");
     QTest::newRow("dos puntos") << S("1.2.3") << false << false << S("1.2.3");
     QTest::newRow("cuatro puntos") << S("1.2.3.4.5") << false << false << S("1.2.3.4.5");
-    QTest::newRow("nombre") << S("servidor") << false << false << S("servidor");
     QTest::newRow("vacia") << QString() << true << false << QString();
     QTest::newRow("blancos") << S("   ") << true << false << QString();
   }
@@ -251,12 +250,9 @@ class TestStartup : public QObject {
   }
 
   void SinAdministradorSeEntraDirecto() {
-    VENTARIX_COMPANY(company);
-    {
-      Connection c(company.cadena());
-      QVERIFY(Usuario(c, "ANA", S("UNO"), "N", "S"));
-      QVERIFY(Usuario(c, "LUIS", S("DOS"), "N", "N"));
-    }
+    VENTARIX_COMPANY_CONNECTION(company, c);
+    QVERIFY(Usuario(c, "ANA", S("UNO"), "N", "S"));
+    QVERIFY(Usuario(c, "LUIS", S("DOS"), "N", "N"));
     Session s = company.MakeSession();
     s.Usuario = S("OTRO");
     s.Administrador = false;
@@ -265,27 +261,22 @@ class TestStartup : public QObject {
     QVERIFY(s.Administrador);
     QVERIFY(s.ContrasenaAdministrador.isEmpty());
     QVERIFY(s.ContrasenaGerente.isEmpty());
-    Connection c(company.cadena());
     QCOMPARE(c.Scalar(S("select count(*) from usuarios")).toInt(), 0);
     // The next start finds the table empty and enters directly again.
     QVERIFY(EntrarSinAcceso(s));
   }
 
   void ConAdministradorElUltimoGana() {
-    VENTARIX_COMPANY(company);
+    VENTARIX_COMPANY_CONNECTION(company, c);
     const QString segunda = passwords::Hash(S("SEGUNDA"));
-    {
-      Connection c(company.cadena());
-      QVERIFY(Usuario(c, "ANA", S("PRIMERA"), "S", "N"));
-      QVERIFY(Usuario(c, "JUAN", S("GERENTE"), "N", "S"));
-      QVERIFY(Usuario(c, "LUIS", segunda, "S", "S"));
-    }
+    QVERIFY(Usuario(c, "ANA", S("PRIMERA"), "S", "N"));
+    QVERIFY(Usuario(c, "JUAN", S("GERENTE"), "N", "S"));
+    QVERIFY(Usuario(c, "LUIS", segunda, "S", "S"));
     Session s = company.MakeSession();
     QVERIFY(!EntrarSinAcceso(s));
     QCOMPARE(s.ContrasenaAdministrador, segunda);
     // An administrator who is also a manager counts as administrator only.
     QCOMPARE(s.ContrasenaGerente, S("GERENTE"));
-    Connection c(company.cadena());
     QCOMPARE(c.Scalar(S("select count(*) from usuarios")).toInt(), 3);
 
     QVERIFY(c.Run(S("delete from usuarios where gerente = 'S' and administrador = 'N'")));
@@ -314,12 +305,9 @@ class TestStartup : public QObject {
     QFETCH(QString, contrasena);
     QFETCH(QString, mensaje);
     QFETCH(QString, campo);
-    VENTARIX_COMPANY(company);
-    {
-      Connection c(company.cadena());
-      QVERIFY(Usuario(c, "ANA", passwords::Hash(S("SECRETO")), "N", "S", 3));
-      QVERIFY(Usuario(c, "LUIS", S("CLAVE"), "S", "N", 2));
-    }
+    VENTARIX_COMPANY_CONNECTION(company, c);
+    QVERIFY(Usuario(c, "ANA", passwords::Hash(S("SECRETO")), "N", "S", 3));
+    QVERIFY(Usuario(c, "LUIS", S("CLAVE"), "S", "N", 2));
     Session s = company.MakeSession();
     const Outcome r = startup::Entrar(s, usuario, contrasena);
     QCOMPARE(r.message, mensaje);
@@ -382,19 +370,16 @@ class TestStartup : public QObject {
   }
 
   void EmpresaConRenglon() {
-    VENTARIX_COMPANY(company);
+    VENTARIX_COMPANY_CONNECTION(company, c);
     const QByteArray logo("GIF89a\0\1", 8);
-    {
-      Connection c(company.cadena());
-      QVERIFY(Insertar(c, S("empresa"),
-                       {{S("numero"), 1},
-                        {S("rfc"), S("AAA010101AAA")},
-                        {S("impuesto"), 8},
-                        {S("utilizar_mayusculas"), S("N")},
-                        {S("logotipo"), logo},
-                        {S("codigo actual"), S("P-1")},
-                        {S("codigo nuevo"), S("Q-1")}}));
-    }
+    QVERIFY(Insertar(c, S("empresa"),
+                     {{S("numero"), 1},
+                      {S("rfc"), S("AAA010101AAA")},
+                      {S("impuesto"), 8},
+                      {S("utilizar_mayusculas"), S("N")},
+                      {S("logotipo"), logo},
+                      {S("codigo actual"), S("P-1")},
+                      {S("codigo nuevo"), S("Q-1")}}));
     Session s = company.MakeSession();
     CargarSesion(s);
     QCOMPARE(s.empresa.Number(S("Impuesto")), 8.0);
@@ -407,7 +392,6 @@ class TestStartup : public QObject {
     QCOMPARE(file.readAll(), logo);
 
     // A half-written code change is no pending change; an empty RFC gets the generic one.
-    Connection c(company.cadena());
     QVERIFY(c.Run(S("update empresa set rfc = '', \"codigo nuevo\" = ''")));
     CargarSesion(s);
     QVERIFY(!s.CambioDeCodigoPendiente);
@@ -415,17 +399,14 @@ class TestStartup : public QObject {
   }
 
   void PermisosDelUsuario() {
-    VENTARIX_COMPANY(company);
-    {
-      Connection c(company.cadena());
-      QVERIFY(Insertar(c, S("usuarios"),
-                       {{S("usuario"), S("ANA")},
-                        {S("permisos"), S("1010")},
-                        {S("facturas"), S("SNN")},
-                        {S("tienda"), 1},
-                        {S("contraseña"), S("SECRETO")},
-                        {S("administrador"), S("N")}}));
-    }
+    VENTARIX_COMPANY_CONNECTION(company, c);
+    QVERIFY(Insertar(c, S("usuarios"),
+                     {{S("usuario"), S("ANA")},
+                      {S("permisos"), S("1010")},
+                      {S("facturas"), S("SNN")},
+                      {S("tienda"), 1},
+                      {S("contraseña"), S("SECRETO")},
+                      {S("administrador"), S("N")}}));
     Session s = company.MakeSession();
     s.Usuario = S("ANA");
     s.Administrador = false;
@@ -444,18 +425,15 @@ class TestStartup : public QObject {
 
   // A terminal whose user offers only quotations, and the series each document defaults to.
   void TerminalYSeries() {
-    VENTARIX_COMPANY(company);
-    {
-      Connection c(company.cadena());
-      QVERIFY(Insertar(c, S("configurar"),
-                       {{S("usuario"), S("ADMINISTRADOR")},
-                        {S("pantallapordefaultentpv"), 3},
-                        {S("cotizacionserie"), S("q")}}));
-      QVERIFY(Insertar(c, S("configurar"), {{S("usuario"), S("ANA")}, {S("ticketserie"), S("t")}}));
-      for (const auto& [documento, serie] :
-           {std::pair{"Remisiones", "r"}, {"CXC", "c"}, {"facturas", "F"}, {"ajustes", "aj"}}) {
-        QVERIFY(Insertar(c, S("series"), {{S("documento"), S(documento)}, {S("serie"), S(serie)}}));
-      }
+    VENTARIX_COMPANY_CONNECTION(company, c);
+    QVERIFY(Insertar(c, S("configurar"),
+                     {{S("usuario"), S("ADMINISTRADOR")},
+                      {S("pantallapordefaultentpv"), 3},
+                      {S("cotizacionserie"), S("q")}}));
+    QVERIFY(Insertar(c, S("configurar"), {{S("usuario"), S("ANA")}, {S("ticketserie"), S("t")}}));
+    for (const auto& [documento, serie] :
+         {std::pair{"Remisiones", "r"}, {"CXC", "c"}, {"facturas", "F"}, {"ajustes", "aj"}}) {
+      QVERIFY(Insertar(c, S("series"), {{S("documento"), S(documento)}, {S("serie"), S(serie)}}));
     }
     Session s = company.MakeSession();
     CargarSesion(s);
@@ -471,11 +449,8 @@ class TestStartup : public QObject {
   }
 
   void UnPasoQueFallaConservaSusValores() {
-    VENTARIX_COMPANY(company);
-    {
-      Connection c(company.cadena());
-      QVERIFY(c.Run(S("drop table series")));
-    }
+    VENTARIX_COMPANY_CONNECTION(company, c);
+    QVERIFY(c.Run(S("drop table series")));
     Session s = company.MakeSession();
     s.SerieRemisiones = S("VIEJA");
     CargarSesion(s);
@@ -487,8 +462,7 @@ class TestStartup : public QObject {
   }
 
   void FolioActivo() {
-    VENTARIX_COMPANY(company);
-    Connection c(company.cadena());
+    VENTARIX_COMPANY_CONNECTION(company, c);
     QVERIFY(Folio(c, "folios facturas", 1, "A", "ALTA"));
     QVERIFY(Folio(c, "folios facturas", 2, "B", "ALTA", "+"));
     QVERIFY(Folio(c, "folios facturas", 3, "A", "ALTA"));
@@ -516,8 +490,7 @@ class TestStartup : public QObject {
   }
 
   void MuchosProductosPasandoDe20000() {
-    VENTARIX_COMPANY(company);
-    Connection c(company.cadena());
+    VENTARIX_COMPANY_CONNECTION(company, c);
     QVERIFY(c.Run(
         S("with recursive n(i) as (select 1 union all select i + 1 from n where i < "
           "20000) insert into productos (codigo, marca, linea) select 'P' || i, 1, 1 from n")));
