@@ -10,19 +10,15 @@
 using namespace ventarix;
 using namespace Qt::StringLiterals;
 using mChecarExistencias::Partida;
+using testing::Escribir;
 using testing::Insertar;
+using testing::NuevoDoc;
 
 namespace {
 
 bool AltaProducto(Connection& c, const QString& codigo, int almacen, double existencia) {
   return Insertar(c, u"productos"_s,
                   {{u"codigo"_s, codigo}, {u"almacen%1"_s.arg(almacen), existencia}});
-}
-
-// A stored document of `tabla` with one row per product and quantity.
-bool Documento(Connection& c, const QString& tabla, const QString& clave, int almacen,
-               const QList<testing::Fila>& filas) {
-  return testing::Escribir(c, testing::NuevoDoc(tabla, clave, almacen, filas));
 }
 
 Outcome Salida(const Session& s, Connection& c, const QString& clave, int almacen, bool guardada,
@@ -87,7 +83,7 @@ void TestAvailability::deliveryNote() {
   session.empresa.Set(u"Guardar_Sin_Existencias"_s, sin_existencias);
   QVERIFY(AltaProducto(c, u"A"_s, 1, existencia));
   if (guardada > 0) {
-    QVERIFY(Documento(c, u"remisiones"_s, u"R-1"_s, 1, {{u"A"_s, guardada}}));
+    QVERIFY(Escribir(c, NuevoDoc(u"remisiones"_s, u"R-1"_s, 1, {{u"A"_s, guardada}})));
   }
   QList<Partida> grid;
   for (double q : malla) grid.append({u"A"_s, q});
@@ -104,9 +100,9 @@ void TestAvailability::purchaseLoweredBelowWhatWasSold() {
   const Session session = company.MakeSession();
   // A purchase of 10 units into store 2, of which a delivery note has sold 7.
   QVERIFY(AltaProducto(c, u"A"_s, 2, 0));
-  QVERIFY(Documento(c, u"compras"_s, u"C-1"_s, 2, {{u"A"_s, 10}}));
+  QVERIFY(Escribir(c, NuevoDoc(u"compras"_s, u"C-1"_s, 2, {{u"A"_s, 10}})));
   QVERIFY(mInventario::ActualizarExistencias(c, u"compras"_s, u"compra"_s, u"C-1"_s, 2, 1));
-  QVERIFY(Documento(c, u"remisiones"_s, u"R-1"_s, 2, {{u"A"_s, 7}}));
+  QVERIFY(Escribir(c, NuevoDoc(u"remisiones"_s, u"R-1"_s, 2, {{u"A"_s, 7}})));
   QVERIFY(mInventario::ActualizarExistencias(c, u"remisiones"_s, u"remision"_s, u"R-1"_s, 2, -1));
   QCOMPARE(testing::Existencia(c, u"A"_s, 2), 3.0);
 
@@ -128,7 +124,7 @@ void TestAvailability::everyProductOfTheDocumentIsTested() {
   QVERIFY(AltaProducto(c, u"A"_s, 3, 10));
   QVERIFY(AltaProducto(c, u"B"_s, 3, -2));
   QVERIFY(AltaProducto(c, u"C"_s, 3, -4));
-  QVERIFY(Documento(c, u"remisiones"_s, u"R-1"_s, 3, {{u"A"_s, 1}, {u"B"_s, 1}}));
+  QVERIFY(Escribir(c, NuevoDoc(u"remisiones"_s, u"R-1"_s, 3, {{u"A"_s, 1}, {u"B"_s, 1}})));
   QCOMPARE(Salida(session, c, u"R-1"_s, 3, true, {{u"A"_s, 2}, {u"B"_s, 1}}).message,
            Negativas(u"ALMACEN3"_s, u"B"_s, u"-2"_s));
   QVERIFY(!Salida(session, c, u"R-2"_s, 3, false, {{u"A"_s, 2}, {u"C"_s, 0}}).ok);
