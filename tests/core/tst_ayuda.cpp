@@ -19,73 +19,70 @@ using ayuda::PeticionAyuda;
 
 namespace {
 
-// One row with the named columns; the others take values the column rules accept.
+// Rows with the named columns, one list of values each; the other columns take values the
+// column rules accept.
 bool Insertar(Connection& c, const QString& tabla, const QStringList& columnas,
-              const QVariantList& valores) {
-  QVariantMap fila;
-  for (int i = 0; i < columnas.size(); ++i) fila.insert(columnas[i], valores.value(i));
-  QString error;
-  const bool ok = testing::InsertarFila(c, tabla, fila, &error);
-  if (!ok) qWarning() << tabla << error;
-  return ok;
+              const QList<QVariantList>& filas) {
+  for (const QVariantList& valores : filas) {
+    QVariantMap fila;
+    for (int i = 0; i < columnas.size(); ++i) fila.insert(columnas[i], valores.value(i));
+    QString error;
+    if (!testing::InsertarFila(c, tabla, fila, &error)) {
+      qWarning() << tabla << error;
+      return false;
+    }
+  }
+  return true;
 }
 
 // Four clients, two suppliers, three brands and three products of a small hardware shop.
 bool Catalogos(Connection& c) {
   const QStringList socio{u"numero"_s, u"nombre"_s, u"rfc"_s, u"tipo"_s, u"saldo"_s};
-  const QStringList producto{u"codigo"_s, u"marca"_s,    u"producto"_s,
-                             u"pt"_s,     u"almacen1"_s, u"ubicacion"_s};
-  const QStringList marca{u"numero"_s, u"nombre"_s};
   return Insertar(c, u"clientes"_s, socio,
-                  {1, u"FERRETERIA LA PALMA"_s, u"FLP010203AB1"_s, u"CONTADO"_s, 100.5}) &&
-         Insertar(c, u"clientes"_s, socio,
-                  {2, u"RAMIREZ Y HNOS"_s, u"RAH990101XY2"_s, u"CREDITO"_s, 0}) &&
-         Insertar(c, u"clientes"_s, socio,
-                  {3, u"O'BRIEN SA"_s, u"OBR800101AA1"_s, u"CREDITO"_s, 0}) &&
-         Insertar(c, u"clientes"_s, socio,
-                  {10, u"MATERIALES RAMOS"_s, u"MRA850505BB2"_s, u"CONTADO"_s, 0}) &&
+                  {{1, u"FERRETERIA LA PALMA"_s, u"FLP010203AB1"_s, u"CONTADO"_s, 100.5},
+                   {2, u"RAMIREZ Y HNOS"_s, u"RAH990101XY2"_s, u"CREDITO"_s, 0},
+                   {3, u"O'BRIEN SA"_s, u"OBR800101AA1"_s, u"CREDITO"_s, 0},
+                   {10, u"MATERIALES RAMOS"_s, u"MRA850505BB2"_s, u"CONTADO"_s, 0}}) &&
          Insertar(c, u"proveedores"_s, socio,
-                  {1, u"ACEROS DEL NORTE"_s, u"ANO010101AAA"_s, u"CREDITO"_s, 0}) &&
-         Insertar(c, u"proveedores"_s, socio,
-                  {2, u"PINTURAS SOL"_s, u"PSO020202BBB"_s, u"CREDITO"_s, 0}) &&
-         Insertar(c, u"marcas"_s, marca, {1, u"TRUPER"_s}) &&
-         Insertar(c, u"marcas"_s, marca, {2, u"URREA"_s}) &&
-         Insertar(c, u"productos"_s, producto, {u"B-1"_s, 1, u"ZAPAPICO"_s, u"N"_s, 5, u"P1"_s}) &&
-         Insertar(c, u"productos"_s, producto, {u"A-2"_s, 1, u"MARTILLO"_s, u"S"_s, 7, u"P1"_s}) &&
-         Insertar(c, u"productos"_s, producto, {u"C-3"_s, 2, u"ALAMBRE"_s, u"N"_s, 2, u"P2"_s});
+                  {{1, u"ACEROS DEL NORTE"_s, u"ANO010101AAA"_s, u"CREDITO"_s, 0},
+                   {2, u"PINTURAS SOL"_s, u"PSO020202BBB"_s, u"CREDITO"_s, 0}}) &&
+         Insertar(c, u"marcas"_s, {u"numero"_s, u"nombre"_s},
+                  {{1, u"TRUPER"_s}, {2, u"URREA"_s}}) &&
+         Insertar(c, u"productos"_s,
+                  {u"codigo"_s, u"marca"_s, u"producto"_s, u"pt"_s, u"almacen1"_s, u"ubicacion"_s},
+                  {{u"B-1"_s, 1, u"ZAPAPICO"_s, u"N"_s, 5, u"P1"_s},
+                   {u"A-2"_s, 1, u"MARTILLO"_s, u"S"_s, 7, u"P1"_s},
+                   {u"C-3"_s, 2, u"ALAMBRE"_s, u"N"_s, 2, u"P2"_s}});
 }
 
 // Open invoices and purchases, folio ranges and the documents that used them.
 bool Documentos(Connection& c) {
-  const QStringList factura{u"factura"_s, u"serie"_s,   u"folio"_s, u"cliente"_s, u"status"_s,
-                            u"ingreso"_s, u"periodo"_s, u"fecha"_s, u"saldo"_s};
   const QStringList folios{u"numero"_s,     u"serie"_s,  u"folioinicial"_s,
                            u"foliofinal"_s, u"status"_s, u"esquema"_s};
   const QDate fecha(2014, 3, 5);
-  const QDate antes(2013, 11, 20);
   const QString cobrar = u"POR COBRAR"_s;
-  return Insertar(c, u"facturas"_s, factura,
-                  {u"B-1"_s, u"B"_s, 1, 1, cobrar, 2, 2014, fecha, 50}) &&
-         Insertar(c, u"facturas"_s, factura,
-                  {u"A-1"_s, u"A"_s, 1, 1, cobrar, 1, 2013, antes, 300}) &&
-         Insertar(c, u"facturas"_s, factura,
-                  {u"A-2"_s, u"A"_s, 2, 1, u"LIQUIDADO"_s, 1, 2014, fecha, 0}) &&
-         Insertar(c, u"facturas"_s, factura,
-                  {u"A-3"_s, u"A"_s, 3, 2, cobrar, 1, 2014, fecha, 80}) &&
-         Insertar(c, u"folios facturas"_s, folios, {1, u"A"_s, 1, 100, u"ALTA"_s, u"CFDI"_s}) &&
-         Insertar(c, u"folios facturas"_s, folios, {2, u"B"_s, 1, 50, u"ALTA"_s, u"CFDI"_s}) &&
-         Insertar(c, u"folios facturas"_s, folios, {3, u"C"_s, 1, 10, u"BAJA"_s, u"CFD"_s}) &&
-         Insertar(c, u"folios notas"_s, folios, {1, u"NC"_s, 1, 10, u"ALTA"_s, u"CFDI"_s}) &&
+  return Insertar(c, u"facturas"_s,
+                  {u"factura"_s, u"serie"_s, u"folio"_s, u"cliente"_s, u"status"_s, u"ingreso"_s,
+                   u"periodo"_s, u"fecha"_s, u"saldo"_s},
+                  {{u"B-1"_s, u"B"_s, 1, 1, cobrar, 2, 2014, fecha, 50},
+                   {u"A-1"_s, u"A"_s, 1, 1, cobrar, 1, 2013, QDate(2013, 11, 20), 300},
+                   {u"A-2"_s, u"A"_s, 2, 1, u"LIQUIDADO"_s, 1, 2014, fecha, 0},
+                   {u"A-3"_s, u"A"_s, 3, 2, cobrar, 1, 2014, fecha, 80}}) &&
+         Insertar(c, u"folios facturas"_s, folios,
+                  {{1, u"A"_s, 1, 100, u"ALTA"_s, u"CFDI"_s},
+                   {2, u"B"_s, 1, 50, u"ALTA"_s, u"CFDI"_s},
+                   {3, u"C"_s, 1, 10, u"BAJA"_s, u"CFD"_s}}) &&
+         Insertar(c, u"folios notas"_s, folios, {{1, u"NC"_s, 1, 10, u"ALTA"_s, u"CFDI"_s}}) &&
          Insertar(c, u"notas cliente"_s,
                   {u"nota"_s, u"serie"_s, u"folio"_s, u"cliente"_s, u"egreso"_s},
-                  {u"NC-1"_s, u"NC"_s, 1, 1, 1}) &&
+                  {{u"NC-1"_s, u"NC"_s, 1, 1, 1}}) &&
          Insertar(c, u"compras"_s,
                   {u"compra"_s, u"serie"_s, u"folio"_s, u"proveedor"_s, u"status"_s, u"factura"_s,
                    u"total"_s},
-                  {u"C-1"_s, u"C"_s, 1, 1, u"POR PAGAR"_s, u"F881"_s, 1160}) &&
+                  {{u"C-1"_s, u"C"_s, 1, 1, u"POR PAGAR"_s, u"F881"_s, 1160}}) &&
          Insertar(c, u"facturas detalles"_s,
                   {u"factura"_s, u"item"_s, u"codigo"_s, u"cantidad"_s, u"precio"_s},
-                  {u"A-1"_s, 1, u"B-1"_s, 2, 150});
+                  {{u"A-1"_s, 1, u"B-1"_s, 2, 150}});
 }
 
 // Every row of the look-up's list, each column as text; `ok` false when the statement failed.
