@@ -10,6 +10,7 @@
 #include "core/dialect.h"
 #include "core/mFunciones.h"
 #include "core/registro_inicial.h"
+#include "support/document_rows.h"
 #include "support/test_company.h"
 
 using namespace ventarix;
@@ -19,7 +20,7 @@ using testing::Insertar;
 
 namespace {
 
-// What the database demands of a product, a client, a delivery note and one of its rows.
+// What the database demands of a product and a client.
 QVariantMap Producto(const QString& codigo) {
   return {{u"codigo"_s, codigo}, {u"marca"_s, 1}, {u"linea"_s, 1}};
 }
@@ -27,30 +28,6 @@ QVariantMap Producto(const QString& codigo) {
 QVariantMap Cliente(int numero, const QString& status, const QString& juridico) {
   return {
       {u"numero"_s, numero}, {u"metodo"_s, 1}, {u"status"_s, status}, {u"juridico"_s, juridico}};
-}
-
-QVariantMap Remision(const QString& serie, int folio, bool sql) {
-  return {{u"remision"_s, serie + QLatin1Char('-') + QString::number(folio)},
-          {u"serie"_s, serie},
-          {u"folio"_s, folio},
-          {u"fecha"_s, dialect::DateValue(QDate(2014, 1, 31), sql)},
-          {u"periodo"_s, 2014},
-          {u"cliente"_s, 1},
-          {u"metodo"_s, 1},
-          {u"tienda"_s, 1},
-          {u"usuario"_s, u"ADMINISTRADOR"_s},
-          {u"equipo"_s, u"PRUEBAS"_s}};
-}
-
-QVariantMap RenglonDeRemision(const QString& remision, int item, bool sql) {
-  return {{u"remision"_s, remision},
-          {u"item"_s, item},
-          {u"fecha"_s, dialect::DateValue(QDate(2014, 1, 31), sql)},
-          {u"codigo"_s, u"P1"_s},
-          {u"descripcion"_s, u"TORNILLO"_s},
-          {u"unidad"_s, u"PZA"_s},
-          {u"cliente"_s, 1},
-          {u"almacen"_s, 1}};
 }
 
 QStringList Codigos(Connection& c, const SqlText& sql) {
@@ -88,7 +65,8 @@ class TestMFunciones : public QObject {
     QVERIFY(!EsJuridico(s, 1));
 
     const QString remisiones = u"remisiones"_s;
-    QVERIFY(Insertar(c, remisiones, Remision(u"A"_s, 5, s.Sql)));
+    QVERIFY(testing::InsertarFila(
+        c, remisiones, {{u"remision"_s, u"A-5"_s}, {u"serie"_s, u"A"_s}, {u"folio"_s, 5}}));
     QVERIFY(ExisteFolio(s, remisiones, u"A"_s, 5));
     QVERIFY(!ExisteFolio(s, remisiones, u"B"_s, 5));
     QVERIFY(!ExisteFolio(s, remisiones, u"A"_s, 6));
@@ -97,9 +75,10 @@ class TestMFunciones : public QObject {
 
     // Detail sequences of one document, on a table whose name has a blank.
     const QString detalles = u"remisiones detalles"_s;
-    QVERIFY(Insertar(c, detalles, RenglonDeRemision(u"A-1"_s, 1, s.Sql)));
-    QVERIFY(Insertar(c, detalles, RenglonDeRemision(u"A-1"_s, 2, s.Sql)));
-    QVERIFY(Insertar(c, detalles, RenglonDeRemision(u"A-2"_s, 9, s.Sql)));
+    for (const auto& [remision, item] : {std::pair{"A-1", 1}, {"A-1", 2}, {"A-2", 9}}) {
+      QVERIFY(testing::InsertarFila(
+          c, detalles, {{u"remision"_s, QString::fromUtf8(remision)}, {u"item"_s, item}}));
+    }
     const QString de_remision = u"where remision = ?"_s;
     QCOMPARE(NumeroSiguiente(s, u"item"_s, detalles, de_remision, {u"A-1"_s}), 3);
     QCOMPARE(NumeroSiguiente(s, u"item"_s, detalles, de_remision, {u"A-3"_s}), 1);
@@ -298,10 +277,7 @@ class TestMFunciones : public QObject {
     QCOMPARE(file.readAll(), imagen);
     file.close();
     // An extracted logo is kept until the company screen deletes it.
-    {
-      Connection c(company.cadena());
-      QVERIFY(c.Run(u"update empresa set logotipo = null"_s));
-    }
+    QVERIFY(c.Run(u"update empresa set logotipo = null"_s));
     QVERIFY(ExtraerLogo(s));
     QVERIFY(file.open(QIODevice::ReadOnly));
     QCOMPARE(file.readAll(), imagen);
