@@ -215,6 +215,7 @@ class TestFoliosForms : public QObject {
     const auto* modelo = navegador->modelo();
     QCOMPARE(modelo->Valor(0, modelo->ColumnaDe(u"ocupados"_s)).toInt(), 0);
     QCOMPARE(modelo->Valor(0, modelo->ColumnaDe(u"quedan"_s)).toInt(), 250);
+    testing::SaveShot(navegador, u"navegador_folios_facturas"_s);
     QTest::keyClick(navegador->grid(), Qt::Key_D, Qt::ControlModifier);
     QCOMPARE(Valor(session, u"select predeterminar from \"folios facturas\""_s).toString(), u"+"_s);
     QCOMPARE(session.FolioFacturas, 1);
