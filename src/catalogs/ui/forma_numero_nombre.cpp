@@ -11,7 +11,7 @@
 #include "catalogs/ui/etiqueta_status.h"
 #include "core/ui/campo_captura.h"
 #include "core/ui/message_box.h"
-#include "core/ui/usuarios_teclas.h"
+#include "core/ui/teclas_captura.h"
 
 namespace ventarix {
 
@@ -26,10 +26,7 @@ FormaNumeroNombre::FormaNumeroNombre(Session& session, bool alta, QWidget* paren
   nombre_->setObjectName(u"Nombre"_s);
   nombre_->setMaxLength(60);
   nombre_->setMayusculas();
-  guardar_ = BotonDeUsuarios("&Guardar", "Guardar", this);
-  salir_ = BotonDeUsuarios("&Salir", "Salir", this);
-  connect(guardar_, &QPushButton::clicked, this, [this] { Guardar(); });
-  connect(salir_, &QPushButton::clicked, this, &QDialog::reject);
+  std::tie(guardar_, salir_) = BotonesGuardarSalir(this, [this] { Guardar(); });
 }
 
 void FormaNumeroNombre::Armar(const std::function<void(QFormLayout*)>& filas_propias, int ancho) {
@@ -46,10 +43,7 @@ void FormaNumeroNombre::Armar(const std::function<void(QFormLayout*)>& filas_pro
   // The buttons were made before the catalogue's own fields: Enter walks the fields first.
   setTabOrder(ultimo, guardar_);
   setTabOrder(guardar_, salir_);
-  auto* botones = new QHBoxLayout;
-  botones->addStretch();
-  botones->addWidget(guardar_);
-  botones->addWidget(salir_);
+  auto* botones = FilaDeBotones(guardar_, salir_);
   auto* layout = new QVBoxLayout(this);
   layout->addLayout(campos);
   layout->addLayout(botones);
@@ -76,7 +70,7 @@ void FormaNumeroNombre::Guardado(const Outcome& guardado, qint32 numero) {
 }
 
 void FormaNumeroNombre::keyPressEvent(QKeyEvent* event) {
-  if (!TeclaDeUsuarios(this, event)) QDialog::keyPressEvent(event);
+  if (!TeclaDeCaptura(this, event)) QDialog::keyPressEvent(event);
 }
 
 }  // namespace ventarix

@@ -18,7 +18,7 @@
 #include "core/ui/campo_captura.h"
 #include "core/ui/campo_catalogo.h"
 #include "core/ui/message_box.h"
-#include "core/ui/usuarios_teclas.h"
+#include "core/ui/teclas_captura.h"
 #include "documents/round_half_even.h"
 
 namespace ventarix {
@@ -32,12 +32,8 @@ FormaProducto::FormaProducto(Session& session, bool alta, QWidget* parent)
       alta_(alta),
       formula_(catalogs::FormulaDeEmpresa(session.empresa)),
       campos_(std::make_unique<CamposDeProducto>(this, session, alta)) {
-  guardar_ = BotonDeUsuarios("&Guardar", "Guardar", this);
-  salir_ = BotonDeUsuarios("&Salir", "Salir", this);
-  auto* botones = new QHBoxLayout;
-  botones->addStretch();
-  botones->addWidget(guardar_);
-  botones->addWidget(salir_);
+  std::tie(guardar_, salir_) = BotonesGuardarSalir(this, [this] { Guardar(); });
+  auto* botones = FilaDeBotones(guardar_, salir_);
   auto* layout = new QVBoxLayout(this);
   layout->addLayout(campos_->layout);
   layout->addLayout(botones);
@@ -57,8 +53,6 @@ FormaProducto::~FormaProducto() {
 
 void FormaProducto::Conectar() {
   CamposDeProducto& c = *campos_;
-  connect(guardar_, &QPushButton::clicked, this, &FormaProducto::Guardar);
-  connect(salir_, &QPushButton::clicked, this, &QDialog::reject);
   for (int i = 0; i < CamposDeProducto::kDatos; ++i) {
     connect(c.Datos[i], &CampoCaptura::Salir, this, &QDialog::reject);
     connect(c.Datos[i], &CampoCaptura::Ayuda, this, [this, i] { AyudaDe(i); });
@@ -198,7 +192,7 @@ void FormaProducto::Guardar() {
 }
 
 void FormaProducto::keyPressEvent(QKeyEvent* event) {
-  if (!TeclaDeUsuarios(this, event)) QDialog::keyPressEvent(event);
+  if (!TeclaDeCaptura(this, event)) QDialog::keyPressEvent(event);
 }
 
 }  // namespace ventarix

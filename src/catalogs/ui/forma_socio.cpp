@@ -19,6 +19,7 @@
 #include "core/ui/campo_captura.h"
 #include "core/ui/campo_catalogo.h"
 #include "core/ui/message_box.h"
+#include "core/ui/teclas_captura.h"
 
 namespace ventarix {
 
@@ -29,13 +30,6 @@ namespace {
 
 // The screens move through their fields with Enter, so no button is the dialog's default:
 // Enter presses a button only when it has the focus.
-QPushButton* Boton(const QString& texto, const QString& nombre, QWidget* parent) {
-  auto* boton = new QPushButton(texto, parent);
-  boton->setObjectName(nombre);
-  boton->setAutoDefault(false);
-  return boton;
-}
-
 bool EsEnter(const QEvent* event) {
   if (event->type() != QEvent::KeyPress) return false;
   const int tecla = static_cast<const QKeyEvent*>(event)->key();
@@ -63,21 +57,15 @@ FormaSocio::FormaSocio(Session& session, socios::Socio socio, bool cambio, QWidg
     tabs_->addTab(precios_->marcas(), u"Precios por marca"_s);
     tabs_->addTab(precios_->productos(), u"Precios por producto"_s);
   }
-  guardar_ = Boton(u"&Guardar"_s, u"Guardar"_s, this);
-  salir_ = Boton(u"&Salir"_s, u"Salir"_s, this);
-  connect(guardar_, &QPushButton::clicked, this, &FormaSocio::GuardarClicked);
-  connect(salir_, &QPushButton::clicked, this, &QDialog::reject);
+  std::tie(guardar_, salir_) = BotonesGuardarSalir(this, [this] { GuardarClicked(); });
 
   auto* cabeza = new QHBoxLayout;
   cabeza->addWidget(new QLabel(u"Número"_s, this));
   cabeza->addWidget(numero_campo_);
   cabeza->addStretch();
   cabeza->addWidget(status_);
-  auto* botones = new QHBoxLayout;
-  if (precios_ != nullptr) botones->addWidget(precios_->etiqueta());
-  botones->addStretch();
-  botones->addWidget(guardar_);
-  botones->addWidget(salir_);
+  auto* botones = FilaDeBotones(guardar_, salir_);
+  if (precios_ != nullptr) botones->insertWidget(0, precios_->etiqueta());
   auto* layout = new QVBoxLayout(this);
   layout->addLayout(cabeza);
   layout->addWidget(tabs_, 1);

@@ -12,7 +12,7 @@
 #include "core/ui/form_registry.h"
 #include "core/ui/mdi_inicio.h"
 #include "core/ui/message_box.h"
-#include "core/ui/usuarios_teclas.h"
+#include "core/ui/teclas_captura.h"
 
 namespace ventarix {
 
@@ -32,18 +32,12 @@ FrmProductosG::FrmProductosG(Session& session, const FormRegistry* registry, QWi
     connect(campo, &CampoCaptura::Salir, this, &QDialog::reject);
   }
   actual_->setText(session.RegistroActual);
-  guardar_ = BotonDeUsuarios("&Guardar", "Guardar", this);
-  salir_ = BotonDeUsuarios("&Salir", "Salir", this);
-  connect(guardar_, &QPushButton::clicked, this, &FrmProductosG::Guardar);
-  connect(salir_, &QPushButton::clicked, this, &QDialog::reject);
+  std::tie(guardar_, salir_) = BotonesGuardarSalir(this, [this] { Guardar(); });
 
   auto* campos = new QFormLayout;
   campos->addRow(u"&Actual:"_s, actual_);
   campos->addRow(u"&Nuevo:"_s, nuevo_);
-  auto* botones = new QHBoxLayout;
-  botones->addStretch();
-  botones->addWidget(guardar_);
-  botones->addWidget(salir_);
+  auto* botones = FilaDeBotones(guardar_, salir_);
   auto* layout = new QVBoxLayout(this);
   layout->addLayout(campos);
   layout->addLayout(botones);
@@ -86,7 +80,7 @@ void FrmProductosG::Cambiar() {
 }
 
 void FrmProductosG::keyPressEvent(QKeyEvent* event) {
-  if (!TeclaDeUsuarios(this, event)) QDialog::keyPressEvent(event);
+  if (!TeclaDeCaptura(this, event)) QDialog::keyPressEvent(event);
 }
 
 }  // namespace ventarix

@@ -12,7 +12,7 @@
 #include "catalogs/productos_codigos.h"
 #include "core/ui/campo_captura.h"
 #include "core/ui/message_box.h"
-#include "core/ui/usuarios_teclas.h"
+#include "core/ui/teclas_captura.h"
 #include "core/usuarios.h"
 
 namespace ventarix {
@@ -31,8 +31,7 @@ FrmProductosP::FrmProductosP(Session& session, QWidget* parent)
   costo_ = Campo("Costo", 4);
   venta_ = Campo("Venta", 4);
   costo_->setReadOnly(!usuarios::PuedeModificar(session, u"ModificarCosto"_s));
-  guardar_ = BotonDeUsuarios("&Guardar", "Guardar", this);
-  salir_ = BotonDeUsuarios("&Salir", "Salir", this);
+  std::tie(guardar_, salir_) = BotonesGuardarSalir(this, [this] { Guardar(); });
 
   auto* campos = new QFormLayout;
   campos->addRow(u"Producto:"_s, producto);
@@ -40,10 +39,7 @@ FrmProductosP::FrmProductosP(Session& session, QWidget* parent)
   campos->addRow(u"&Impuesto %:"_s, impuesto_);
   campos->addRow(u"C&osto:"_s, costo_);
   campos->addRow(u"&Venta:"_s, venta_);
-  auto* botones = new QHBoxLayout;
-  botones->addStretch();
-  botones->addWidget(guardar_);
-  botones->addWidget(salir_);
+  auto* botones = FilaDeBotones(guardar_, salir_);
   auto* layout = new QVBoxLayout(this);
   layout->addLayout(campos);
   layout->addLayout(botones);
@@ -52,8 +48,6 @@ FrmProductosP::FrmProductosP(Session& session, QWidget* parent)
   connect(precio_, &QLineEdit::textEdited, this, &FrmProductosP::VentaDesdePrecio);
   connect(impuesto_, &QLineEdit::textEdited, this, &FrmProductosP::VentaDesdePrecio);
   connect(venta_, &QLineEdit::textEdited, this, &FrmProductosP::PrecioDesdeVenta);
-  connect(guardar_, &QPushButton::clicked, this, &FrmProductosP::Guardar);
-  connect(salir_, &QPushButton::clicked, this, &QDialog::reject);
 
   productos::PreciosRapidos precios;
   const Outcome lectura = productos::LeerPreciosRapidos(session, codigo_, &precios);
@@ -101,7 +95,7 @@ void FrmProductosP::Guardar() {
 }
 
 void FrmProductosP::keyPressEvent(QKeyEvent* event) {
-  if (!TeclaDeUsuarios(this, event)) QDialog::keyPressEvent(event);
+  if (!TeclaDeCaptura(this, event)) QDialog::keyPressEvent(event);
 }
 
 }  // namespace ventarix

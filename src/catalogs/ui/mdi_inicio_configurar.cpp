@@ -12,7 +12,7 @@
 #include "catalogs/configurar_datos.h"
 #include "catalogs/ui/campos_ajustes.h"
 #include "core/ui/message_box.h"
-#include "core/ui/usuarios_teclas.h"
+#include "core/ui/teclas_captura.h"
 
 namespace ventarix {
 
@@ -37,14 +37,8 @@ MDIInicioConfigurar::MDIInicioConfigurar(Session& session, QWidget* parent)
   tabs_->addTab(PaginaFormulario(u"Nota"_s), u"Nota"_s);
   tabs_->addTab(PaginaFormulario(u"Cotizacion"_s), u"Cotización"_s);
 
-  guardar_ = BotonDeUsuarios("&Guardar", "Guardar", this);
-  salir_ = BotonDeUsuarios("&Salir", "Salir", this);
-  connect(guardar_, &QPushButton::clicked, this, &MDIInicioConfigurar::GuardarClicked);
-  connect(salir_, &QPushButton::clicked, this, &QDialog::reject);
-  auto* botones = new QHBoxLayout;
-  botones->addStretch();
-  botones->addWidget(guardar_);
-  botones->addWidget(salir_);
+  std::tie(guardar_, salir_) = BotonesGuardarSalir(this, [this] { GuardarClicked(); });
+  auto* botones = FilaDeBotones(guardar_, salir_);
   auto* layout = new QVBoxLayout(this);
   layout->addLayout(arriba);
   layout->addWidget(tabs_);
@@ -64,7 +58,7 @@ void MDIInicioConfigurar::showEvent(QShowEvent* event) {
 }
 
 void MDIInicioConfigurar::keyPressEvent(QKeyEvent* event) {
-  if (!TeclaDeUsuarios(this, event)) QDialog::keyPressEvent(event);
+  if (!TeclaDeCaptura(this, event)) QDialog::keyPressEvent(event);
 }
 
 // The chosen user's row replaces what the screen shows; a row that cannot be read is not

@@ -17,7 +17,7 @@
 #include "catalogs/ui/campos_ajustes.h"
 #include "core/ui/mdi_inicio_presentacion.h"
 #include "core/ui/message_box.h"
-#include "core/ui/usuarios_teclas.h"
+#include "core/ui/teclas_captura.h"
 
 namespace ventarix {
 
@@ -37,14 +37,8 @@ MDIInicioEmpresa::MDIInicioEmpresa(Session& session, QWidget* parent)
   tabs_->addTab(PaginaTimbrado(), u"Timbrado"_s);
   tabs_->addTab(PaginaLogotipo(), u"Logotipo"_s);
 
-  guardar_ = BotonDeUsuarios("&Guardar", "Guardar", this);
-  salir_ = BotonDeUsuarios("&Salir", "Salir", this);
-  connect(guardar_, &QPushButton::clicked, this, &MDIInicioEmpresa::GuardarClicked);
-  connect(salir_, &QPushButton::clicked, this, &QDialog::reject);
-  auto* botones = new QHBoxLayout;
-  botones->addStretch();
-  botones->addWidget(guardar_);
-  botones->addWidget(salir_);
+  std::tie(guardar_, salir_) = BotonesGuardarSalir(this, [this] { GuardarClicked(); });
+  auto* botones = FilaDeBotones(guardar_, salir_);
   auto* layout = new QVBoxLayout(this);
   layout->addWidget(tabs_);
   layout->addLayout(botones);
@@ -66,7 +60,7 @@ void MDIInicioEmpresa::showEvent(QShowEvent* event) {
 }
 
 void MDIInicioEmpresa::keyPressEvent(QKeyEvent* event) {
-  if (!TeclaDeUsuarios(this, event)) QDialog::keyPressEvent(event);
+  if (!TeclaDeCaptura(this, event)) QDialog::keyPressEvent(event);
 }
 
 void MDIInicioEmpresa::MostrarLogotipo() {

@@ -10,7 +10,7 @@
 #include "catalogs/ui/campos_ajustes.h"
 #include "catalogs/ui/mdi_inicio_empresa.h"
 #include "core/ui/campo_captura.h"
-#include "core/ui/usuarios_teclas.h"
+#include "core/ui/teclas_captura.h"
 
 namespace ventarix {
 
@@ -123,7 +123,7 @@ QWidget* MDIInicioEmpresa::PaginaTimbrado() {
   campos_->Texto(forma, u"PacUsuario"_s, u"Usuario del PAC"_s, Estilo::kLibre);
   campos_->Texto(forma, u"PacPassword"_s, u"Contraseña del PAC"_s, Estilo::kClave);
   campos_->Marca(forma, u"PacProduccion"_s, u"Timbrar en producción"_s);
-  prueba_ = BotonDeUsuarios("Cuenta de &prueba", "Prueba", this);
+  prueba_ = BotonDeCaptura("Cuenta de &prueba", "Prueba", this);
   forma->addRow(QString(), prueba_);
   connect(prueba_, &QPushButton::clicked, this, &MDIInicioEmpresa::PruebaClicked);
   return pagina;
@@ -139,7 +139,7 @@ QWidget* MDIInicioEmpresa::PaginaLogotipo() {
   image1_->setFrameShadow(QFrame::Sunken);
   tamano_ = new QLabel;
   tamano_->setObjectName(u"Tamano"_s);
-  agregar_ = BotonDeUsuarios("&Agregar", "Agregar", this);
+  agregar_ = BotonDeCaptura("&Agregar", "Agregar", this);
   connect(agregar_, &QPushButton::clicked, this, &MDIInicioEmpresa::AgregarClicked);
   auto* imagen = new QVBoxLayout;
   imagen->addWidget(image1_);

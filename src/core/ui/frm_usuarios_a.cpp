@@ -9,7 +9,7 @@
 
 #include "core/ui/message_box.h"
 #include "core/ui/usuarios_campos.h"
-#include "core/ui/usuarios_teclas.h"
+#include "core/ui/teclas_captura.h"
 #include "core/usuarios.h"
 
 namespace ventarix {
@@ -20,15 +20,9 @@ FrmUsuariosA::FrmUsuariosA(Session& session, QWidget* parent) : QDialog(parent),
   campos_ = std::make_unique<CamposDeUsuario>(this, session_);
   campos_->tienda->setText(QStringLiteral("1"));
 
-  guardar_ = BotonDeUsuarios("&Guardar", "Guardar", this);
-  salir_ = BotonDeUsuarios("&Salir", "Salir", this);
-  connect(guardar_, &QPushButton::clicked, this, &FrmUsuariosA::GuardarClicked);
-  connect(salir_, &QPushButton::clicked, this, &QDialog::reject);
+  std::tie(guardar_, salir_) = BotonesGuardarSalir(this, [this] { GuardarClicked(); });
 
-  auto* botones = new QHBoxLayout;
-  botones->addStretch();
-  botones->addWidget(guardar_);
-  botones->addWidget(salir_);
+  auto* botones = FilaDeBotones(guardar_, salir_);
   auto* layout = new QVBoxLayout(this);
   layout->addLayout(campos_->layout);
   layout->addLayout(botones);
@@ -50,7 +44,7 @@ void FrmUsuariosA::GuardarClicked() {
 }
 
 void FrmUsuariosA::keyPressEvent(QKeyEvent* event) {
-  if (!TeclaDeUsuarios(this, event)) QDialog::keyPressEvent(event);
+  if (!TeclaDeCaptura(this, event)) QDialog::keyPressEvent(event);
 }
 
 }  // namespace ventarix

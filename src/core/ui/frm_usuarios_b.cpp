@@ -7,7 +7,7 @@
 #include <QVBoxLayout>
 
 #include "core/ui/message_box.h"
-#include "core/ui/usuarios_teclas.h"
+#include "core/ui/teclas_captura.h"
 #include "core/usuarios.h"
 
 namespace ventarix {
@@ -18,8 +18,8 @@ FrmUsuariosB::FrmUsuariosB(Session& session, QWidget* parent)
   setWindowTitle(QStringLiteral("Usuarios - Borrar"));
   auto* pregunta = new QLabel(QStringLiteral("Borrar el usuario %1").arg(usuario_), this);
   pregunta->setObjectName(QStringLiteral("Pregunta"));
-  borrar_ = BotonDeUsuarios("&Borrar", "Borrar", this);
-  salir_ = BotonDeUsuarios("&Salir", "Salir", this);
+  borrar_ = BotonDeCaptura("&Borrar", "Borrar", this);
+  salir_ = BotonDeCaptura("&Salir", "Salir", this);
   connect(borrar_, &QPushButton::clicked, this, &FrmUsuariosB::BorrarClicked);
   connect(salir_, &QPushButton::clicked, this, &QDialog::reject);
   auto* botones = new QHBoxLayout;
@@ -45,7 +45,7 @@ void FrmUsuariosB::BorrarClicked() {
 }
 
 void FrmUsuariosB::keyPressEvent(QKeyEvent* event) {
-  if (!TeclaDeUsuarios(this, event)) QDialog::keyPressEvent(event);
+  if (!TeclaDeCaptura(this, event)) QDialog::keyPressEvent(event);
 }
 
 }  // namespace ventarix

@@ -12,7 +12,7 @@
 
 #include "core/ui/message_box.h"
 #include "core/ui/usuarios_campos.h"
-#include "core/ui/usuarios_teclas.h"
+#include "core/ui/teclas_captura.h"
 #include "core/usuarios.h"
 
 namespace ventarix {
@@ -35,14 +35,8 @@ FrmUsuariosC::FrmUsuariosC(Session& session, QWidget* parent) : QDialog(parent),
   connect(mostrar_, &QToolButton::released, this,
           [this] { campos_->contrasena->setEchoMode(QLineEdit::Password); });
 
-  guardar_ = BotonDeUsuarios("&Guardar", "Guardar", this);
-  salir_ = BotonDeUsuarios("&Salir", "Salir", this);
-  connect(guardar_, &QPushButton::clicked, this, &FrmUsuariosC::GuardarClicked);
-  connect(salir_, &QPushButton::clicked, this, &QDialog::reject);
-  auto* botones = new QHBoxLayout;
-  botones->addStretch();
-  botones->addWidget(guardar_);
-  botones->addWidget(salir_);
+  std::tie(guardar_, salir_) = BotonesGuardarSalir(this, [this] { GuardarClicked(); });
+  auto* botones = FilaDeBotones(guardar_, salir_);
   auto* layout = new QVBoxLayout(this);
   layout->addLayout(campos_->layout);
   layout->addLayout(botones);
@@ -85,7 +79,7 @@ void FrmUsuariosC::GuardarClicked() {
 }
 
 void FrmUsuariosC::keyPressEvent(QKeyEvent* event) {
-  if (!TeclaDeUsuarios(this, event)) QDialog::keyPressEvent(event);
+  if (!TeclaDeCaptura(this, event)) QDialog::keyPressEvent(event);
 }
 
 }  // namespace ventarix

@@ -19,7 +19,7 @@
 #include "core/menu_catalog.h"
 #include "core/ui/mayusculas.h"
 #include "core/ui/message_box.h"
-#include "core/ui/usuarios_teclas.h"
+#include "core/ui/teclas_captura.h"
 
 namespace ventarix {
 
@@ -119,10 +119,7 @@ FrmUsuariosP::FrmUsuariosP(Session& session, QWidget* parent)
   connect(check3_, &QCheckBox::toggled, this,
           [this](bool todos) { EscribirDerechos(usuarios::ColumnasDeCatalogos(), todos); });
 
-  guardar_ = BotonDeUsuarios("&Guardar", "Guardar", this);
-  salir_ = BotonDeUsuarios("&Salir", "Salir", this);
-  connect(guardar_, &QPushButton::clicked, this, &FrmUsuariosP::GuardarClicked);
-  connect(salir_, &QPushButton::clicked, this, &QDialog::reject);
+  std::tie(guardar_, salir_) = BotonesGuardarSalir(this, [this] { GuardarClicked(); });
 
   auto* cuerpo = new QHBoxLayout;
   cuerpo->addWidget(ConstruirMenus(), 3);
@@ -135,11 +132,8 @@ FrmUsuariosP::FrmUsuariosP(Session& session, QWidget* parent)
   derecha->addWidget(ConstruirOtros());
   derecha->addStretch();
   cuerpo->addLayout(derecha, 2);
-  auto* botones = new QHBoxLayout;
-  botones->addWidget(check1_);
-  botones->addStretch();
-  botones->addWidget(guardar_);
-  botones->addWidget(salir_);
+  auto* botones = FilaDeBotones(guardar_, salir_);
+  botones->insertWidget(0, check1_);
   auto* layout = new QVBoxLayout(this);
   layout->addLayout(cuerpo);
   layout->addLayout(botones);
@@ -286,7 +280,7 @@ void FrmUsuariosP::Rechazar() {
 }
 
 void FrmUsuariosP::keyPressEvent(QKeyEvent* event) {
-  if (!TeclaDeUsuarios(this, event)) QDialog::keyPressEvent(event);
+  if (!TeclaDeCaptura(this, event)) QDialog::keyPressEvent(event);
 }
 
 }  // namespace ventarix

@@ -17,7 +17,7 @@
 #include "core/mFunciones_valores.h"
 #include "core/ui/campo_captura.h"
 #include "core/ui/message_box.h"
-#include "core/ui/usuarios_teclas.h"
+#include "core/ui/teclas_captura.h"
 #include "edocs/ui/caja_leyenda.h"
 
 namespace ventarix {
@@ -275,7 +275,7 @@ void FormaFolios::Cargar() {
 }
 
 void FormaFolios::keyPressEvent(QKeyEvent* event) {
-  if (!TeclaDeUsuarios(this, event)) QDialog::keyPressEvent(event);
+  if (!TeclaDeCaptura(this, event)) QDialog::keyPressEvent(event);
 }
 
 }  // namespace ventarix

@@ -18,7 +18,7 @@
 
 #include "core/ui/campo_captura.h"
 #include "core/ui/message_box.h"
-#include "core/ui/usuarios_teclas.h"
+#include "core/ui/teclas_captura.h"
 #include "edocs/ui/caja_leyenda.h"
 #include "edocs/ui/forma_folios.h"
 
@@ -201,7 +201,7 @@ QWidget* FormaFolios::PaginaPagare() {
 }
 
 void FormaFolios::ConstruirBotones() {
-  etiquetas_ = BotonDeUsuarios("Etiq&uetas", "Etiquetas", this);
+  etiquetas_ = BotonDeCaptura("Etiq&uetas", "Etiquetas", this);
   // The tag goes where the legend's cursor is: the button never takes the focus from it.
   etiquetas_->setFocusPolicy(Qt::NoFocus);
   etiquetas_->setEnabled(false);
@@ -218,10 +218,7 @@ void FormaFolios::ConstruirBotones() {
     });
   }
   connect(etiquetas_, &QPushButton::clicked, this, &FormaFolios::MostrarEtiquetas);
-  guardar_ = BotonDeUsuarios("&Guardar", "Guardar", this);
-  salir_ = BotonDeUsuarios("&Salir", "Salir", this);
-  connect(guardar_, &QPushButton::clicked, this, &FormaFolios::Guardar);
-  connect(salir_, &QPushButton::clicked, this, &QDialog::reject);
+  std::tie(guardar_, salir_) = BotonesGuardarSalir(this, [this] { Guardar(); });
   for (CampoCaptura* campo : findChildren<CampoCaptura*>()) {
     connect(campo, &CampoCaptura::Salir, this, &QDialog::reject);
   }

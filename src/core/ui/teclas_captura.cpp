@@ -1,7 +1,8 @@
-#include "core/ui/usuarios_teclas.h"
+#include "core/ui/teclas_captura.h"
 
 #include <QAbstractButton>
 #include <QDialog>
+#include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QPushButton>
 
@@ -25,7 +26,7 @@ void Mover(QDialog* forma, bool adelante) {
 
 }  // namespace
 
-bool TeclaDeUsuarios(QDialog* forma, QKeyEvent* event) {
+bool TeclaDeCaptura(QDialog* forma, QKeyEvent* event) {
   switch (event->key()) {
     case Qt::Key_Return:
     case Qt::Key_Enter:
@@ -49,12 +50,29 @@ bool TeclaDeUsuarios(QDialog* forma, QKeyEvent* event) {
   }
 }
 
-QPushButton* BotonDeUsuarios(const char* texto, const char* nombre, QDialog* forma) {
+QPushButton* BotonDeCaptura(const char* texto, const char* nombre, QDialog* forma) {
   auto* boton = new QPushButton(QString::fromUtf8(texto), forma);
   boton->setObjectName(QString::fromLatin1(nombre));
   boton->setAutoDefault(false);
   boton->setDefault(false);
   return boton;
+}
+
+std::pair<QPushButton*, QPushButton*> BotonesGuardarSalir(QDialog* forma,
+                                                          std::function<void()> guardar) {
+  QPushButton* guardar_boton = BotonDeCaptura("&Guardar", "Guardar", forma);
+  QPushButton* salir_boton = BotonDeCaptura("&Salir", "Salir", forma);
+  QObject::connect(guardar_boton, &QPushButton::clicked, forma, std::move(guardar));
+  QObject::connect(salir_boton, &QPushButton::clicked, forma, &QDialog::reject);
+  return {guardar_boton, salir_boton};
+}
+
+QHBoxLayout* FilaDeBotones(QPushButton* guardar, QPushButton* salir) {
+  auto* fila = new QHBoxLayout;
+  fila->addStretch();
+  fila->addWidget(guardar);
+  fila->addWidget(salir);
+  return fila;
 }
 
 }  // namespace ventarix
