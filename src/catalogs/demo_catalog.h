@@ -18,7 +18,7 @@ struct Articulo {
   const char* unidad;
   int centavos;  // cost of the first variant
   QList<const char*> variantes;
-  int paso = 30;  // percent each further size costs more; 0 when variants are colours or kinds
+  int paso = 30;      // percent each further size costs more; 0 when variants are colours or kinds
   int impuesto = 16;  // seeds and fertiliser are sold at 0 %
 };
 

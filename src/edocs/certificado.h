@@ -10,8 +10,8 @@ namespace ventarix::edocs {
 // Base64 text that travels in the document.
 struct Certificado {
   bool ok = false;
-  QString error;          // the library's words when the file is not a certificate
-  QString NoCertificado;  // "20001000000100005867": every second character of the hex pairs
+  QString error;           // the library's words when the file is not a certificate
+  QString NoCertificado;   // "20001000000100005867": every second character of the hex pairs
   QDateTime valido_desde;  // local time
   QDateTime valido_hasta;  // local time
   QString base64;          // the whole DER in Base64, one line

@@ -17,10 +17,10 @@ int DocumentoFolios(FamiliaFolios familia) { return familia == FamiliaFolios::kF
 
 MaterialSellado LeerMaterial(Connection& connection, FamiliaFolios familia, int numero) {
   MaterialSellado material;
-  QSqlQuery query = connection.Exec(
-      QStringLiteral("select certificado, llave, password from certificados "
-                     "where documento = ? and numero = ?"),
-      {DocumentoFolios(familia), numero});
+  QSqlQuery query =
+      connection.Exec(QStringLiteral("select certificado, llave, password from certificados "
+                                     "where documento = ? and numero = ?"),
+                      {DocumentoFolios(familia), numero});
   if (!query.next()) return material;
   material.existe = true;
   material.certificado = query.value(0).toByteArray();

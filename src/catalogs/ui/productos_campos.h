@@ -52,8 +52,8 @@ struct CamposDeProducto {
   CampoCatalogo* linea = nullptr;
   QComboBox* moneda = nullptr;
   QCheckBox* pt = nullptr;
-  QLabel* utilidad = nullptr;  // margin in money, bold when negative
-  QLabel* impuesto = nullptr;  // tax in money
+  QLabel* utilidad = nullptr;        // margin in money, bold when negative
+  QLabel* impuesto = nullptr;        // tax in money
   EtiquetaStatus* status = nullptr;  // "ALTA" or "BAJA"
   GridNiveles* fg1 = nullptr;
   GridLista* fg2 = nullptr;

@@ -11,8 +11,8 @@
 #include <QVBoxLayout>
 
 #include "core/ui/message_box.h"
-#include "core/ui/usuarios_campos.h"
 #include "core/ui/teclas_captura.h"
+#include "core/ui/usuarios_campos.h"
 #include "core/usuarios.h"
 
 namespace ventarix {
