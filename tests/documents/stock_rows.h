@@ -13,11 +13,6 @@ namespace ventarix::testing {
 
 using namespace Qt::StringLiterals;
 
-inline bool Insertar(Connection& c, const QString& tabla, const QVariantMap& valores,
-                     QString* error = nullptr) {
-  return InsertarFila(c, tabla, valores, error);
-}
-
 inline std::array<double, 5> Existencias(Connection& c, const QString& codigo) {
   std::array<double, 5> stock{};
   QSqlQuery q = c.Exec(
@@ -86,7 +81,7 @@ inline bool Escribir(Connection& c, const Doc& d, bool cabecera = true) {
   if (t == u"notas cliente") row.insert(u"factura"_s, d.origen);
   if (t == u"notas proveedor") row.insert(u"compra"_s, d.origen);
   head.insert(d.cabecera);
-  if (cabecera && !Insertar(c, t, head)) return false;
+  if (cabecera && !InsertarFila(c, t, head)) return false;
   int item = 0;
   for (const Fila& f : d.filas) {
     QVariantMap v = row;
@@ -96,7 +91,7 @@ inline bool Escribir(Connection& c, const Doc& d, bool cabecera = true) {
     } else {
       v.insert(t == u"produccion" ? u"consumo"_s : u"cantidad"_s, f.cantidad);
     }
-    if (!Insertar(c, t + u" detalles"_s, v)) return false;
+    if (!InsertarFila(c, t + u" detalles"_s, v)) return false;
   }
   return true;
 }

@@ -11,14 +11,14 @@ using namespace ventarix;
 using namespace Qt::StringLiterals;
 using mChecarExistencias::Partida;
 using testing::Escribir;
-using testing::Insertar;
+using testing::InsertarFila;
 using testing::NuevoDoc;
 
 namespace {
 
 bool AltaProducto(Connection& c, const QString& codigo, int almacen, double existencia) {
-  return Insertar(c, u"productos"_s,
-                  {{u"codigo"_s, codigo}, {u"almacen%1"_s.arg(almacen), existencia}});
+  return InsertarFila(c, u"productos"_s,
+                      {{u"codigo"_s, codigo}, {u"almacen%1"_s.arg(almacen), existencia}});
 }
 
 Outcome Salida(const Session& s, Connection& c, const QString& clave, int almacen, bool guardada,

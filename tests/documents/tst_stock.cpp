@@ -15,7 +15,7 @@ using testing::Escribir;
 using testing::Existencia;
 using testing::Existencias;
 using testing::Fila;
-using testing::Insertar;
+using testing::InsertarFila;
 using testing::NuevoDoc;
 
 Q_DECLARE_METATYPE(QList<testing::Doc>)
@@ -26,7 +26,7 @@ bool Productos(Connection& c, const QStringList& codigos, double existencia = 0)
   for (const QString& codigo : codigos) {
     QVariantMap v{{u"codigo"_s, codigo}};
     for (int n = 1; n <= 5; ++n) v.insert(u"almacen%1"_s.arg(n), existencia);
-    if (!Insertar(c, u"productos"_s, v)) return false;
+    if (!InsertarFila(c, u"productos"_s, v)) return false;
   }
   return true;
 }

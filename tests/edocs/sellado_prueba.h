@@ -54,33 +54,24 @@ struct DatosDriver {
   bool nota;
 };
 
+// A preparing driver run where a sealing one would be: it takes no description.
+template <auto kPreparar>
+edocs::ResultadoSellado SinDescripcion(const Session& s, edocs::DocumentoCaptura& f,
+                                       const QString&) {
+  return kPreparar(s, f);
+}
+
 inline const DatosDriver& Datos(Driver d) {
-  using edocs::DocumentoCaptura;
   static const DatosDriver kDrivers[] = {
       {edocs::SellarIngresoCFDi, kFacturaCFDi, "A", false},
       {edocs::SellarIngresoCFD, kFacturaCFD, "B", false},
       {edocs::SellarEgresoCFDi, kNotaCFDi, "NC", true},
       {edocs::SellarEgresoCFD, kNotaCFD, "ND", true},
-      {[](const Session& s, DocumentoCaptura& f, const QString&) {
-         return edocs::PrepararIngresoCBB(s, f);
-       },
-       kFacturaCBB, "C", false},
-      {[](const Session& s, DocumentoCaptura& f, const QString&) {
-         return edocs::PrepararIngresoNOTA(s, f);
-       },
-       kFacturaNOTA, "N", false},
-      {[](const Session& s, DocumentoCaptura& f, const QString&) {
-         return edocs::PrepararEgresoCBB(s, f);
-       },
-       kNotaCBB, "NB", true},
-      {[](const Session& s, DocumentoCaptura& f, const QString&) {
-         return edocs::PrepararEgresoNOTA(s, f);
-       },
-       kNotaNOTA, "NN", true},
-      {[](const Session& s, DocumentoCaptura& f, const QString&) {
-         return edocs::PrepararRemision(s, f);
-       },
-       0, "", false}};
+      {SinDescripcion<edocs::PrepararIngresoCBB>, kFacturaCBB, "C", false},
+      {SinDescripcion<edocs::PrepararIngresoNOTA>, kFacturaNOTA, "N", false},
+      {SinDescripcion<edocs::PrepararEgresoCBB>, kNotaCBB, "NB", true},
+      {SinDescripcion<edocs::PrepararEgresoNOTA>, kNotaNOTA, "NN", true},
+      {SinDescripcion<edocs::PrepararRemision>, 0, "", false}};
   return kDrivers[d];
 }
 
