@@ -293,10 +293,17 @@ std::vector<Familia> Construir() {
        DeCatalogo("Número de Banco a Buscar", "Banco a Buscar")},
       {"FrmFoliosFacturas",
        "folios facturas",
-       // How much of each range is used and what is left.
-       R"(select f.*, (select count(*) from "facturas" where ingreso = f.numero) as ocupados, )"
-       R"(f.foliofinal - f.folioinicial + 1 - (select count(*) from "facturas" where ingreso = f.numero) )"
-       R"(as quedan from "folios facturas" f)",
+       // How much of each range is used and what is left, beside the range; never the key's
+       // password.
+       R"(select f.numero, f.serie, f.esquema, (select count(*) from "facturas" where )"
+       R"(ingreso = f.numero) as ocupados, f.foliofinal - f.folioinicial + 1 - (select )"
+       R"(count(*) from "facturas" where ingreso = f.numero) as quedan, f.folioinicial, )"
+       R"(f.foliofinal, f.cantidad, f.version, f.anoaprobacion, f.noaprobacion, )"
+       R"(f.nocertificado, f.validodesde, f.validohasta, f.archivocertificado, )"
+       R"(f.archivollave, f.algoritmosellodigital, f.regimenfiscal, f.predeterminar, )"
+       R"(f.imprimirlogotipo, f.alinearlogotipo, f.ubicarlogotipo, f.alinearempresa, )"
+       R"(f.domicilio, f.leyenda1, f.leyenda2, f.leyenda3, f.status, f.pagare from "folios )"
+       R"(facturas" f)",
        "FoliosFacturas",
        {"numero"},
        true,
@@ -307,10 +314,17 @@ std::vector<Familia> Construir() {
         {4, "esquema", "Esquema a Buscar", M::kContiene}}},
       {"FrmFoliosNotas",
        "folios notas",
-       // How much of each range is used and what is left.
-       R"(select f.*, (select count(*) from "notas cliente" where egreso = f.numero) as ocupados, )"
-       R"(f.foliofinal - f.folioinicial + 1 - (select count(*) from "notas cliente" where egreso = f.numero) )"
-       R"(as quedan from "folios notas" f)",
+       // How much of each range is used and what is left, beside the range; never the key's
+       // password.
+       R"(select f.numero, f.serie, f.esquema, (select count(*) from "notas cliente" where )"
+       R"(egreso = f.numero) as ocupados, f.foliofinal - f.folioinicial + 1 - (select )"
+       R"(count(*) from "notas cliente" where egreso = f.numero) as quedan, )"
+       R"(f.folioinicial, f.foliofinal, f.cantidad, f.version, f.anoaprobacion, )"
+       R"(f.noaprobacion, f.nocertificado, f.validodesde, f.validohasta, )"
+       R"(f.archivocertificado, f.archivollave, f.algoritmosellodigital, f.regimenfiscal, )"
+       R"(f.predeterminar, f.imprimirlogotipo, f.alinearlogotipo, f.ubicarlogotipo, )"
+       R"(f.alinearempresa, f.domicilio, f.leyenda1, f.leyenda2, f.leyenda3, f.status from )"
+       R"("folios notas" f)",
        "FoliosNotas",
        {"numero"},
        true,

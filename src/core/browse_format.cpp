@@ -157,6 +157,7 @@ Outcome GuardarFormato(const Session& session, const QString& tabla, const QStri
   Connection c(session.Cadena);
   if (!c.ok()) return Outcome::Stop(c.error());
   Transaction transaccion(c);
+  if (!transaccion.ok()) return Outcome::Stop(transaccion.error());
   QString error;
   for (const QString& usuario : usuarios) {
     if (!ExisteFila(c, tabla, usuario) && !AgregarFila(c, tabla, usuario, &error)) {
@@ -164,7 +165,7 @@ Outcome GuardarFormato(const Session& session, const QString& tabla, const QStri
     }
     if (!ActualizarFila(c, tabla, usuario, formato, &error)) return Outcome::Stop(error);
   }
-  if (!transaccion.Commit()) return Outcome::Stop(c.db().lastError().text());
+  if (!transaccion.Commit()) return Outcome::Stop(transaccion.error());
   return {true, u"Permisos guardados con éxito"_s, MessageIcon::kInformation, {}};
 }
 

@@ -1,12 +1,9 @@
 // The test a new view statement passes before the view editor stores it.
-#include <QSqlError>
-#include <QSqlField>
-#include <QSqlQuery>
-#include <QSqlRecord>
-
 #include "core/browse_filter.h"
 #include "core/browse_format.h"
+#include "core/browse_query.h"
 #include "core/database.h"
+#include "core/sentencia_vista.h"
 
 namespace ventarix::mBrowse {
 
@@ -66,11 +63,13 @@ Clase ClaseDeTipo(QMetaType::Type tipo) {
 // tells what the column holds. Dates are text there.
 Clase ClaseEnSqlite(Connection& c, const QString& sentencia, const QString& columna) {
   const QString columna_t = ColumnaDeVista(columna);
-  QSqlQuery q(c.db());
-  q.prepare(u"select typeof("_s + columna_t + u") from ("_s + sentencia + u") as t where "_s +
-            columna_t + u" is not null limit 1"_s);
-  if (!q.exec() || !q.next()) return Clase::kDesconocida;
-  const QString tipo = q.value(0).toString();
+  const ResultadoVista r =
+      EjecutarVista(c,
+                    u"select typeof("_s + columna_t + u") from ("_s + sentencia +
+                        u") as t where "_s + columna_t + u" is not null limit 1"_s,
+                    {});
+  if (!r.ok() || r.filas.empty()) return Clase::kDesconocida;
+  const QString tipo = r.filas.front().value(0).toString();
   if (tipo == u"integer"_s) return Clase::kEntero;
   if (tipo == u"real"_s) return Clase::kReal;
   if (tipo == u"blob"_s) return Clase::kBinario;
@@ -93,26 +92,28 @@ Outcome Falta(const ColumnaRequerida& requerida) {
 
 Outcome ProbarSentencia(const Session& session, const QString& sentencia,
                         const std::vector<ColumnaRequerida>& requeridas) {
-  Connection c(session.Cadena);
+  // On the connection of the views themselves: the statement under test runs as it would in
+  // the browser, and can change nothing.
+  Connection c(session.Cadena, Connection::Acceso::kVista);
   if (!c.ok()) return Outcome::Stop(c.error());
-  // Never committed, and read-only besides: a statement under test changes nothing. It is
-  // prepared, so a second statement behind a semicolon is refused rather than run.
-  Transaction transaccion(c);
-  QSqlQuery(c.db()).exec(c.sql() ? u"set transaction read only"_s : u"pragma query_only = 1"_s);
-  QSqlQuery q(c.db());
-  const bool ok = q.prepare(u"select * from ("_s + sentencia + u") as t limit 1"_s) && q.exec();
-  if (!ok) {
-    return Outcome::Warning(u"La sentencia no se puede ejecutar: "_s + QueryError(q),
+  if (const Outcome permitida = SentenciaPermitida(sentencia); !permitida) {
+    return Outcome::Warning(u"La sentencia no se puede ejecutar: "_s + permitida.message,
                             u"Sentencia"_s);
   }
-  const QSqlRecord record = q.record();
-  q.finish();
+  const ResultadoVista r =
+      EjecutarVista(c, u"select * from ("_s + sentencia + u") as t limit 1"_s, {});
+  if (!r.ok()) {
+    return Outcome::Warning(u"La sentencia no se puede ejecutar: "_s + r.error, u"Sentencia"_s);
+  }
   for (const ColumnaRequerida& requerida : requeridas) {
-    const int indice = record.indexOf(requerida.nombre);
+    qsizetype indice = -1;
+    for (qsizetype i = 0; i < r.nombres.size(); ++i) {
+      if (r.nombres.at(i).compare(requerida.nombre, Qt::CaseInsensitive) == 0) indice = i;
+    }
     if (indice < 0) return Falta(requerida);
-    Clase hallada = ClaseDeTipo(static_cast<QMetaType::Type>(record.field(indice).metaType().id()));
+    Clase hallada = ClaseDeTipo(static_cast<QMetaType::Type>(r.tipos.at(indice).id()));
     if (!c.sql() && hallada == Clase::kTexto) {
-      hallada = ClaseEnSqlite(c, sentencia, record.fieldName(indice));
+      hallada = ClaseEnSqlite(c, sentencia, r.nombres.at(indice));
     }
     if (!MismaClase(ClaseDeCodigo(requerida.tipo), hallada, c.sql())) return Falta(requerida);
   }

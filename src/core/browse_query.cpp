@@ -3,32 +3,41 @@
 #include <QDateTime>
 #include <QHash>
 #include <QRegularExpression>
-#include <QSqlError>
-#include <QSqlField>
-#include <QSqlRecord>
 
 #include "core/dialect.h"
 #include "core/schema.h"
+#include "core/sentencia_vista.h"
 
 namespace ventarix::mBrowse {
 
 namespace {
 
-// The text of a statement with its string literals and quoted names emptied, so that the
-// checks below see only the statement's own words.
+// The text of a statement with its string literals and quoted names emptied and its comments
+// dropped, so that the checks below see only the statement's own words. A quote inside a
+// comment starts nothing. These checks only give an early, clear answer: what keeps a view
+// from writing or reading secrets is the connection it runs on (sentencia_vista.h).
 QString SinLiterales(const QString& sentencia) {
   QString limpio;
-  QChar cierre;
-  for (const QChar c : sentencia) {
-    if (!cierre.isNull()) {
-      if (c == cierre) {
-        cierre = QChar();
-        limpio += c;
-      }
-      continue;
+  const qsizetype n = sentencia.size();
+  for (qsizetype i = 0; i < n; ++i) {
+    const QChar c = sentencia.at(i);
+    const QChar siguiente = i + 1 < n ? sentencia.at(i + 1) : QChar();
+    if (c == u'\'' || c == u'"') {
+      const qsizetype fin = sentencia.indexOf(c, i + 1);
+      limpio += c;
+      limpio += c;
+      i = fin < 0 ? n : fin;
+    } else if (c == u'-' && siguiente == u'-') {
+      const qsizetype fin = sentencia.indexOf(u'\n', i);
+      limpio += u' ';
+      i = fin < 0 ? n : fin;
+    } else if (c == u'/' && siguiente == u'*') {
+      const qsizetype fin = sentencia.indexOf(QStringLiteral("*/"), i + 2);
+      limpio += u' ';
+      i = fin < 0 ? n : fin + 1;
+    } else {
+      limpio += c;
     }
-    if (c == u'\'' || c == u'"') cierre = c;
-    limpio += c;
   }
   return limpio;
 }
@@ -42,20 +51,6 @@ const QRegularExpression& Prohibidas() {
                      R"(sqlite_\w+|attach|detach|pragma|copy|vacuum|into)\b)"),
       QRegularExpression::CaseInsensitiveOption);
   return kProhibidas;
-}
-
-// A statement typed by a person runs prepared, so that a server never takes two statements
-// from one text.
-QSqlQuery Preparada(Connection& connection, const QString& texto, const QVariantList& valores) {
-  QSqlQuery query(connection.db());
-  query.setForwardOnly(true);
-  if (!query.prepare(texto)) return query;
-  for (const QVariant& v : valores) {
-    const bool fecha = v.metaType().id() == QMetaType::QDateTime;
-    query.addBindValue(fecha ? dialect::DateValue(v.toDateTime(), connection.sql()) : v);
-  }
-  query.exec();
-  return query;
 }
 
 // SQLite reports only a few declared types to Qt: the company's schema tells numbers and
@@ -100,8 +95,8 @@ int TipoDeEsquema(const QString& nombre) {
   return kTipos.value(nombre.toLower(), kTipoTexto);
 }
 
-int TipoDeCampo(const QSqlField& campo) {
-  switch (campo.metaType().id()) {
+int TipoDeCampo(const QString& nombre, QMetaType tipo) {
+  switch (tipo.id()) {
     case QMetaType::Short:
     case QMetaType::UShort:
       return kTipoEntero16;
@@ -121,7 +116,7 @@ int TipoDeCampo(const QSqlField& campo) {
     case QMetaType::QByteArray:
       return kTipoBinario;
     default:
-      return TipoDeEsquema(campo.name());
+      return TipoDeEsquema(nombre);
   }
 }
 
@@ -196,22 +191,24 @@ std::optional<Condicion> DespuesDe(const Consulta& consulta, const QStringList& 
   return Condicion{texto, valores};
 }
 
-Pagina Leer(QSqlQuery& query, int columnas_por_fila) {
-  Pagina pagina;
-  if (query.lastError().isValid()) {
-    pagina.outcome = Outcome::Stop(QueryError(query));
-    return pagina;
+// Dates go to the engine as the text both engines compare as dates.
+QVariantList Valores(const QVariantList& valores, bool sql) {
+  QVariantList enviados;
+  for (const QVariant& v : valores) {
+    const bool fecha = v.metaType().id() == QMetaType::QDateTime;
+    enviados << (fecha ? dialect::DateValue(v.toDateTime(), sql) : v);
   }
-  // record() builds the whole row anew on each call: read the width once.
-  const int columnas = query.record().count();
-  Q_UNUSED(columnas_por_fila);
-  while (query.next()) {
-    QVariantList fila;
-    fila.reserve(columnas);
-    for (int c = 0; c < columnas; ++c) fila << query.value(c);
-    pagina.filas.push_back(std::move(fila));
-  }
-  return pagina;
+  return enviados;
+}
+
+ResultadoVista Ejecutar(Connection& connection, const QString& texto, const QVariantList& valores) {
+  return EjecutarVista(connection, texto, Valores(valores, connection.sql()));
+}
+
+Pagina Leer(Connection& connection, const QString& texto, const QVariantList& valores) {
+  ResultadoVista r = Ejecutar(connection, texto, valores);
+  if (!r.ok()) return {Outcome::Stop(r.error), {}};
+  return {Outcome::Ok(), std::move(r.filas)};
 }
 
 }  // namespace
@@ -243,15 +240,14 @@ Campos CamposDeSentencia(Connection& connection, const QString& sentencia) {
   if (!resultado.outcome) return resultado;
   QString texto = sentencia.trimmed();
   while (texto.endsWith(u';')) texto.chop(1);
-  QSqlQuery query = Preparada(
+  const ResultadoVista r = Ejecutar(
       connection, QStringLiteral("select * from (") + texto + QStringLiteral(") as t limit 0"), {});
-  if (query.lastError().isValid()) {
-    resultado.outcome = Outcome::Stop(QueryError(query));
+  if (!r.ok()) {
+    resultado.outcome = Outcome::Stop(r.error);
     return resultado;
   }
-  const QSqlRecord registro = query.record();
-  for (int i = 0; i < registro.count(); ++i) {
-    resultado.campos.push_back({registro.fieldName(i), TipoDeCampo(registro.field(i))});
+  for (qsizetype i = 0; i < r.nombres.size(); ++i) {
+    resultado.campos.push_back({r.nombres.at(i), TipoDeCampo(r.nombres.at(i), r.tipos.at(i))});
   }
   return resultado;
 }
@@ -304,15 +300,15 @@ std::optional<qint64> ContarFilas(Connection& connection, const Consulta& consul
     return std::nullopt;
   }
   const Condicion filtrada = SentenciaFiltrada(consulta);
-  QSqlQuery query = Preparada(
+  const ResultadoVista r = Ejecutar(
       connection,
       QStringLiteral("select count(*) as filas from (") + filtrada.texto + QStringLiteral(") as c"),
       filtrada.valores);
-  if (!query.next()) {
-    if (error) *error = QueryError(query);
+  if (!r.ok() || r.filas.empty()) {
+    if (error) *error = r.error;
     return std::nullopt;
   }
-  return query.value(0).toLongLong();
+  return r.filas.front().value(0).toLongLong();
 }
 
 Pagina LeerPagina(Connection& connection, const Consulta& consulta, const QStringList& columnas,
@@ -334,8 +330,7 @@ Pagina LeerPagina(Connection& connection, const Consulta& consulta, const QStrin
     texto += QStringLiteral(" offset ?");
     valores << desde;
   }
-  QSqlQuery query = Preparada(connection, texto, valores);
-  return Leer(query, static_cast<int>(columnas.size()));
+  return Leer(connection, texto, valores);
 }
 
 Pagina LeerFilas(Connection& connection, const QString& sentencia, const Condicion& donde,
@@ -345,9 +340,8 @@ Pagina LeerFilas(Connection& connection, const QString& sentencia, const Condici
   consulta.sentencia = sentencia;
   consulta.busqueda = donde;
   const Condicion filtrada = SentenciaFiltrada(consulta);
-  QSqlQuery query = Preparada(connection, filtrada.texto + QStringLiteral(" limit ?"),
-                              QVariantList(filtrada.valores) << cuantas);
-  return Leer(query, 0);
+  return Leer(connection, filtrada.texto + QStringLiteral(" limit ?"),
+              QVariantList(filtrada.valores) << cuantas);
 }
 
 }  // namespace ventarix::mBrowse

@@ -6,6 +6,7 @@
 #include "core/company_tables.h"
 #include "core/ddl.h"
 #include "core/dialect.h"
+#include "core/rol_consulta.h"
 #include "core/schema.h"
 #include "core/structure_catalog.h"
 
@@ -164,6 +165,7 @@ Outcome CopyTable(Connection& from, Connection& to, const QString& table,
   const std::optional<structure_catalog::Table> origin = structure_catalog::ReadTable(from, table);
   if (!origin) return Outcome::Ok();
   Transaction transaction(to);
+  if (!transaction.ok()) return Outcome::Stop(transaction.error());
   if (Outcome o = MatchStructure(to, *origin); !o) return o;
   const std::optional<structure_catalog::Table> target = structure_catalog::ReadTable(to, table);
   if (!target) return Outcome::Stop(QStringLiteral("No se pudo preparar la tabla ") + table);
@@ -181,6 +183,7 @@ Outcome CopyTable(Connection& from, Connection& to, const QString& table,
 // no rows, so its tables of the definition are made again.
 Outcome BareTables(Connection& to) {
   Transaction transaction(to);
+  if (!transaction.ok()) return Outcome::Stop(transaction.error());
   for (const QString& table : structure_catalog::Tables(to)) {
     if (!schema::FindTable(table)) continue;
     QString error;
@@ -213,11 +216,25 @@ Outcome CopiarEmpresa(const QString& origen, const QString& destino,
   }
   std::unique_ptr<Connection> to;
   if (Outcome o = company_tables::OpenEmpty(destino, to, true); !o) return o;
-  if (Outcome o = BareTables(*to); !o) return o;
-  for (const QString& table : structure_catalog::Tables(from)) {
-    if (Outcome o = CopyTable(from, *to, table, rows); !o) return o;
+  // The whole copy is one transaction: a copy that fails halfway leaves the destination as it
+  // found it, ready for another try.
+  Outcome copiada = Outcome::Ok();
+  {
+    Transaction transaction(*to);
+    if (!transaction.ok()) return Outcome::Stop(transaction.error());
+    if (Outcome o = BareTables(*to); !o) return o;
+    for (const QString& table : structure_catalog::Tables(from)) {
+      if (Outcome o = CopyTable(from, *to, table, rows); !o) return o;
+    }
+    copiada = RepararEstructura(*to, {});
+    if (!copiada) return copiada;
+    if (!transaction.Commit()) {
+      return Outcome::Stop(QStringLiteral("No se pudo confirmar la copia: ") + transaction.error());
+    }
   }
-  return RepararEstructura(*to, {});
+  if (Outcome rol = rol_consulta::Preparar(*to); !rol)
+    return {true, rol.message, MessageIcon::kInformation, {}};
+  return copiada;
 }
 
 }  // namespace ventarix

@@ -7,6 +7,7 @@
 
 #include "core/company_tables.h"
 #include "core/ddl.h"
+#include "core/rol_consulta.h"
 #include "core/schema.h"
 #include "core/structure_catalog.h"
 
@@ -129,13 +130,21 @@ Outcome CrearTablas(Connection& connection) {
   if (!structure_catalog::Tables(connection).isEmpty()) {
     return Outcome::Stop(QStringLiteral("La base de datos ya contiene tablas."));
   }
-  Transaction transaction(connection);
-  if (!transaction.ok()) {
-    return Outcome::Stop(QStringLiteral("No se pudo iniciar la transacción."));
+  {
+    Transaction transaction(connection);
+    if (!transaction.ok()) {
+      return Outcome::Stop(QStringLiteral("No se pudo iniciar la transacción: ") +
+                           transaction.error());
+    }
+    if (Outcome o = company_tables::CreateAll(connection, true); !o) return o;
+    if (!transaction.Commit()) {
+      return Outcome::Stop(QStringLiteral("No se pudo confirmar la creación de las tablas: ") +
+                           transaction.error());
+    }
   }
-  if (Outcome o = company_tables::CreateAll(connection, true); !o) return o;
-  if (!transaction.Commit()) {
-    return Outcome::Stop(QStringLiteral("No se pudo confirmar la creación de las tablas."));
+  // The company works without its query role; only its views are not kept from secrets.
+  if (Outcome rol = rol_consulta::Preparar(connection); !rol) {
+    return {true, rol.message, MessageIcon::kInformation, {}};
   }
   return Outcome::Ok();
 }

@@ -6,6 +6,9 @@
 #include <QSqlRecord>
 #include <QUrl>
 
+#include "core/engine_handles.h"
+#include "core/rol_consulta.h"
+
 namespace ventarix {
 
 namespace {
@@ -59,13 +62,15 @@ QString PostgresCadena(const ConnectionTarget& target) {
   return url.toString();
 }
 
-Connection::Connection(const QString& cadena, Acceso acceso) : name_(NextConnectionName()) {
+Connection::Connection(const QString& cadena, Acceso acceso)
+    : name_(NextConnectionName()), acceso_(acceso) {
   const std::optional<ConnectionTarget> target = ParseCadena(cadena);
   if (!target) {
     error_ = QStringLiteral("Cadena de conexión no válida: ") + cadena;
     return;
   }
   engine_ = target->engine;
+  const bool lectura = acceso != Acceso::kEscritura;
   if (engine_ == Engine::kSqlite) {
     if (!QFile::exists(target->path)) {
       error_ = QStringLiteral("No existe el archivo: ") + target->path;
@@ -74,7 +79,7 @@ Connection::Connection(const QString& cadena, Acceso acceso) : name_(NextConnect
     db_ = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), name_);
     db_.setDatabaseName(target->path);
     // Several workstations may share the file: a writer waits for another instead of failing.
-    db_.setConnectOptions(acceso == Acceso::kLectura
+    db_.setConnectOptions(lectura
                               ? QStringLiteral("QSQLITE_BUSY_TIMEOUT=15000;QSQLITE_OPEN_READONLY")
                               : QStringLiteral("QSQLITE_BUSY_TIMEOUT=15000"));
   } else {
@@ -91,15 +96,20 @@ Connection::Connection(const QString& cadena, Acceso acceso) : name_(NextConnect
     error_ = db_.lastError().text();
     return;
   }
-  if (engine_ == Engine::kPostgres) {
-    // Keep the server quiet about notices. The program sends many small statements: compiling
-    // them ahead costs more than it saves.
-    QSqlQuery(db_).exec(QStringLiteral("set client_min_messages to warning"));
-    QSqlQuery(db_).exec(QStringLiteral("set jit = off"));
-    if (acceso == Acceso::kLectura) {
-      QSqlQuery(db_).exec(QStringLiteral("set default_transaction_read_only = on"));
+  if (engine_ == Engine::kSqlite) {
+    if (acceso == Acceso::kVista) {
+      engine::SoloLecturaSinSecretos(engine::SqliteHandle(db_));
+    } else if (acceso == Acceso::kEscritura) {
+      engine::ExigirTransaccionParaEscribir(engine::SqliteHandle(db_));
     }
+    return;
   }
+  // Keep the server quiet about notices. The program sends many small statements: compiling
+  // them ahead costs more than it saves. Outside a Transaction the session cannot write.
+  QSqlQuery(db_).exec(QStringLiteral("set client_min_messages to warning"));
+  QSqlQuery(db_).exec(QStringLiteral("set jit = off"));
+  QSqlQuery(db_).exec(QStringLiteral("set default_transaction_read_only = on"));
+  if (acceso == Acceso::kVista) rol_consulta::Asumir(*this, target->catalog);
 }
 
 Connection::~Connection() {
@@ -141,17 +151,89 @@ QVariant Connection::Scalar(const QString& statement, const QVariantList& values
 QStringList Connection::Tables() { return db_.tables(QSql::Tables); }
 
 Transaction::Transaction(Connection& connection) : connection_(connection) {
-  started_ = connection_.db().transaction();
+  if (!connection_.ok()) {
+    error_ = connection_.error();
+    return;
+  }
+  if (connection_.acceso() != Connection::Acceso::kEscritura) {
+    error_ = QStringLiteral("La conexión es de solo lectura.");
+    return;
+  }
+  if (connection_.transacciones_ > 0) {
+    // Joins the transaction already begun on this connection.
+    started_ = true;
+    ++connection_.transacciones_;
+    return;
+  }
+  QSqlQuery begin(connection_.db());
+  started_ = begin.exec(connection_.sql() ? QStringLiteral("begin transaction read write")
+                                          : QStringLiteral("begin immediate"));
+  if (!started_) {
+    error_ = QueryError(begin);
+    connection_.error_ = error_;
+    return;
+  }
+  outer_ = true;
+  connection_.transacciones_ = 1;
+  connection_.interior_fallido_ = false;
 }
 
 Transaction::~Transaction() {
-  if (started_ && !done_) connection_.db().rollback();
+  if (!started_ || done_) return;
+  if (!outer_) {
+    connection_.interior_fallido_ = true;
+    --connection_.transacciones_;
+    return;
+  }
+  Rollback();
+}
+
+void Transaction::Rollback() {
+  QSqlQuery(connection_.db()).exec(QStringLiteral("rollback"));
+  connection_.transacciones_ = 0;
+  done_ = true;
 }
 
 bool Transaction::Commit() {
   if (!started_ || done_) return false;
-  done_ = connection_.db().commit();
-  return done_;
+  if (!outer_) {
+    done_ = true;
+    --connection_.transacciones_;
+    return true;
+  }
+  // A statement that failed on PostgreSQL leaves the transaction unable to commit: the server
+  // would roll back and call it done.
+  PGconn* pg = engine::PostgresHandle(connection_.db());
+  const bool fallida = connection_.interior_fallido_ ||
+                       (pg != nullptr && PQtransactionStatus(pg) == PQTRANS_INERROR);
+  if (fallida) {
+    error_ = QStringLiteral("La transacción no se completó: se deshizo.");
+    connection_.error_ = error_;
+    Rollback();
+    return false;
+  }
+  QSqlQuery commit(connection_.db());
+  if (!commit.exec(QStringLiteral("commit"))) {
+    error_ = QueryError(commit);
+    connection_.error_ = error_;
+    Rollback();
+    return false;
+  }
+  connection_.transacciones_ = 0;
+  done_ = true;
+  return true;
+}
+
+bool RunInTransaction(Connection& connection, const QString& statement, const QVariantList& values,
+                      QString* error) {
+  Transaction transaction(connection);
+  QString fallo = transaction.error();
+  if (transaction.ok() && connection.Run(statement, values, &fallo) && transaction.Commit()) {
+    return true;
+  }
+  if (fallo.isEmpty()) fallo = transaction.error();
+  if (error) *error = fallo;
+  return false;
 }
 
 QString QueryError(const QSqlQuery& query) {

@@ -2,9 +2,11 @@
 
 #include <QJsonArray>
 #include <QJsonDocument>
+#include <QJsonObject>
 #include <QLocale>
 #include <QSqlQuery>
 
+#include "core/browse_filter.h"
 #include "core/dialect.h"
 
 namespace ventarix::mBrowse {
@@ -107,8 +109,14 @@ VistaCargada ObtenerVista(const Session& session, const QString& tabla,
     resultado.outcome = Outcome::Stop(connection.error());
     return resultado;
   }
-  Connection lectura(session.Cadena, Connection::Acceso::kLectura);
+  Connection lectura(session.Cadena, Connection::Acceso::kVista);
   const QString plantilla = QString::fromLatin1(kPlantilla);
+  // A row that no longer matches its table is deleted and built again in one transaction.
+  Transaction transaccion(connection);
+  if (!transaccion.ok()) {
+    resultado.outcome = Outcome::Stop(transaccion.error());
+    return resultado;
+  }
   // At most three rounds: the user's row, the template row, a new template.
   for (int intento = 0; intento < 3; ++intento) {
     std::optional<Vista> fila = LeerFila(connection, tabla, session.Usuario);
@@ -144,6 +152,7 @@ VistaCargada ObtenerVista(const Session& session, const QString& tabla,
     if (CoincideCon(columnas, campos.campos)) {
       resultado.vista = *fila;
       resultado.columnas = std::move(columnas);
+      if (!transaccion.Commit()) resultado.outcome = Outcome::Stop(transaccion.error());
       return resultado;
     }
     connection.Run(QStringLiteral("delete from tablas where tabla = ? and usuario = ?"),
@@ -157,6 +166,7 @@ Outcome GuardarVista(const Session& session, const Vista& vista) {
   Connection connection(session.Cadena);
   if (!connection.ok()) return Outcome::Stop(connection.error());
   Transaction transaccion(connection);
+  if (!transaccion.ok()) return Outcome::Stop(transaccion.error());
   QString error;
   QSqlQuery existe =
       connection.Exec(QStringLiteral("select count(*) from tablas where tabla = ? and usuario = ?"),
@@ -181,47 +191,99 @@ Outcome GuardarVista(const Session& session, const Vista& vista) {
 
 Outcome BorrarVista(const Session& session, const QString& tabla) {
   Connection connection(session.Cadena);
+  Transaction transaccion(connection);
+  if (!transaccion.ok()) return Outcome::Stop(transaccion.error());
   QString error;
   if (!connection.Run(QStringLiteral("delete from tablas where tabla = ? and usuario = ?"),
                       {tabla, session.Usuario}, &error)) {
     return Outcome::Stop(error);
   }
+  if (!transaccion.Commit()) return Outcome::Stop(transaccion.error());
   return Outcome::Ok();
 }
 
-QString EscribirBusqueda(const Condicion& condicion) {
-  if (condicion.vacia()) return {};
-  QString texto = QStringLiteral("where ") + condicion.texto;
-  if (!condicion.valores.isEmpty()) {
-    QJsonArray valores;
-    for (const QVariant& v : condicion.valores) valores.append(QJsonValue::fromVariant(v));
-    texto += u'\n' + QString::fromUtf8(QJsonDocument(valores).toJson(QJsonDocument::Compact));
+QString EscribirBusqueda(const Busqueda& busqueda) {
+  if (busqueda.vacia()) return {};
+  QJsonObject objeto;
+  if (busqueda.tecla >= 0) {
+    objeto.insert(QStringLiteral("tecla"), busqueda.tecla);
+    objeto.insert(QStringLiteral("respuesta"), busqueda.respuesta);
+  } else {
+    QJsonArray filtro;
+    for (const auto& [columna, texto] : busqueda.filtro) filtro.append(QJsonArray{columna, texto});
+    objeto.insert(QStringLiteral("filtro"), filtro);
   }
-  return texto;
+  return QStringLiteral("where ") +
+         QString::fromUtf8(QJsonDocument(objeto).toJson(QJsonDocument::Compact));
 }
 
-Condicion LeerBusqueda(const QString& busqueda) {
-  const qsizetype salto = busqueda.indexOf(u'\n');
-  QString texto = (salto < 0 ? busqueda : busqueda.left(salto)).trimmed();
-  // Also a text saved by hand as "... as t where ..." keeps only the condition.
-  const qsizetype donde = texto.lastIndexOf(QStringLiteral("where "), -1, Qt::CaseInsensitive);
-  if (donde < 0) return {};
-  Condicion condicion{texto.mid(donde + 6).trimmed(), {}};
-  if (salto >= 0) {
-    const QJsonArray valores = QJsonDocument::fromJson(busqueda.mid(salto + 1).toUtf8()).array();
-    for (const QJsonValue& v : valores) condicion.valores << v.toVariant();
+Busqueda LeerBusqueda(const QString& guardada) {
+  const QString texto = guardada.trimmed();
+  if (!texto.startsWith(QLatin1String("where "), Qt::CaseInsensitive)) return {};
+  const QJsonObject objeto = QJsonDocument::fromJson(texto.mid(6).toUtf8()).object();
+  Busqueda busqueda;
+  if (objeto.contains(QStringLiteral("tecla"))) {
+    busqueda.tecla = objeto.value(QStringLiteral("tecla")).toInt(-1);
+    busqueda.respuesta = objeto.value(QStringLiteral("respuesta")).toString();
+    return busqueda;
   }
-  if (condicion.texto.count(u'?') != condicion.valores.size()) return {};
-  return condicion;
+  for (const QJsonValue& par : objeto.value(QStringLiteral("filtro")).toArray()) {
+    const QJsonArray a = par.toArray();
+    if (a.size() == 2 && a[0].isString() && a[1].isString()) {
+      busqueda.filtro.append({a[0].toString(), a[1].toString()});
+    }
+  }
+  return busqueda;
+}
+
+Condicion CondicionGuardada(const Busqueda& busqueda, Engine engine,
+                            const std::vector<ColumnaVista>& columnas,
+                            const std::vector<BusquedaFamilia>& busquedas) {
+  const auto columna_de = [&](const QString& nombre) -> const ColumnaVista* {
+    for (const ColumnaVista& c : columnas) {
+      if (c.nombre.compare(nombre, Qt::CaseInsensitive) == 0) return &c;
+    }
+    return nullptr;
+  };
+  if (busqueda.tecla >= 0) {
+    for (const BusquedaFamilia& b : busquedas) {
+      if (b.tecla != busqueda.tecla) continue;
+      const ColumnaVista* columna = columna_de(QString::fromUtf8(b.columna));
+      if (columna == nullptr) return {};
+      if (b.modo == ModoBusqueda::kSubconsulta) {
+        return CondicionDeSubconsulta(engine, columna->nombre, QString::fromUtf8(b.subconsulta),
+                                      QString::fromUtf8(b.detalle), busqueda.respuesta);
+      }
+      return CondicionDeBusqueda(engine, columna->nombre, b.modo == ModoBusqueda::kIgual,
+                                 busqueda.respuesta);
+    }
+    return {};
+  }
+  std::vector<Condicion> condiciones;
+  for (const auto& [nombre, texto] : busqueda.filtro) {
+    const ColumnaVista* columna = columna_de(nombre);
+    if (columna == nullptr) continue;
+    const ResultadoFiltro r =
+        CondicionDeFiltro(engine, TipoDe(columna->tipo), columna->nombre, texto);
+    if (r.outcome) condiciones.push_back(r.condicion);
+  }
+  return UnirCondiciones(condiciones);
 }
 
 Condicion LeerBusqueda(const Session& session, const QString& tabla) {
   Connection connection(session.Cadena);
   QSqlQuery query = connection.Exec(
-      QStringLiteral("select busqueda, ordenar from tablas where tabla = ? and usuario = ?"),
+      QStringLiteral("select busqueda, cadena from tablas where tabla = ? and usuario = ?"),
       {tabla, session.Usuario});
   if (!query.next()) return {};
-  return LeerBusqueda(query.value(0).toString());
+  std::vector<BusquedaFamilia> busquedas;
+  for (const Familia& f : Familias()) {
+    if (tabla.compare(QString::fromUtf8(f.titulo), Qt::CaseInsensitive) == 0)
+      busquedas = f.busquedas;
+  }
+  return CondicionGuardada(LeerBusqueda(query.value(0).toString()),
+                           connection.sql() ? Engine::kPostgres : Engine::kSqlite,
+                           LeerCadena(query.value(1).toString()), busquedas);
 }
 
 bool TienePeriodo(const std::vector<Campo>& campos) {

@@ -6,6 +6,7 @@
 #include <QString>
 #include <QVariantList>
 
+#include "core/browse_families.h"
 #include "core/browse_query.h"
 #include "core/browse_view.h"
 #include "core/outcome.h"
@@ -37,10 +38,25 @@ std::vector<ColumnaVista> DefinicionInicial(const std::vector<Campo>& campos);
 Outcome GuardarVista(const Session& session, const Vista& vista);
 Outcome BorrarVista(const Session& session, const QString& tabla);
 
-// `Busqueda` keeps "where " and the condition with its placeholders; the values follow on a
-// second line, so no typed text is ever part of the statement.
-QString EscribirBusqueda(const Condicion& condicion);
-Condicion LeerBusqueda(const QString& busqueda);
+// A search as the user gave it. `Busqueda` of the view keeps "where " and this, as JSON: the
+// prompt's key and answer, or the filter's text under each column. The condition is built
+// again from it at every load by the same routines that built it the first time, so a saved
+// search never carries SQL, and what the user typed only ever travels as a bound value.
+struct Busqueda {
+  int tecla = -1;     // the search prompt's key (BusquedaFamilia::tecla); -1: no prompt
+  QString respuesta;  // the prompt's answer
+  QList<QPair<QString, QString>> filtro;  // column name and the text typed under it
+  bool vacia() const { return tecla < 0 && filtro.isEmpty(); }
+};
+QString EscribirBusqueda(const Busqueda& busqueda);
+// Anything else (an empty text, a search saved by an older version) reads as no search.
+Busqueda LeerBusqueda(const QString& guardada);
+
+// The condition of a search over the view's columns. A column the view no longer has, or a
+// key its family does not search by, adds nothing.
+Condicion CondicionGuardada(const Busqueda& busqueda, Engine engine,
+                            const std::vector<ColumnaVista>& columnas,
+                            const std::vector<BusquedaFamilia>& busquedas);
 // The saved search of a view for the user, without the word "where", for reports.
 Condicion LeerBusqueda(const Session& session, const QString& tabla);
 

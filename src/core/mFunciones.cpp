@@ -98,6 +98,38 @@ qint32 NumeroSiguiente(const Session& session, const QString& column, const QStr
   return NumeroSiguiente(connection, column, table, condition, values);
 }
 
+bool InsertarConNumero(Connection& connection, const QString& table, const QString& column,
+                       const QVariantMap& fila, qint32* numero, QString* error) {
+  QStringList nombres = {dialect::Name(column)};
+  for (const QString& nombre : fila.keys()) {
+    if (nombre.compare(column, Qt::CaseInsensitive) != 0) nombres << dialect::Name(nombre);
+  }
+  const QString sentencia =
+      QStringLiteral("insert into %1 (%2) values (%3) on conflict do nothing")
+          .arg(dialect::Name(table), nombres.join(QStringLiteral(", ")),
+               QStringList(nombres.size(), QStringLiteral("?")).join(QStringLiteral(", ")));
+  // Enough for every workstation of a shop saving at once.
+  constexpr int kIntentos = 50;
+  for (int intento = 0; intento < kIntentos; ++intento) {
+    const qint32 siguiente = NumeroSiguiente(connection, column, table);
+    QVariantList valores = {siguiente};
+    for (auto it = fila.constBegin(); it != fila.constEnd(); ++it) {
+      if (it.key().compare(column, Qt::CaseInsensitive) != 0) valores << it.value();
+    }
+    QSqlQuery query = connection.Exec(sentencia, valores);
+    if (query.lastError().isValid()) {
+      if (error) *error = QueryError(query);
+      return false;
+    }
+    if (query.numRowsAffected() == 1) {
+      *numero = siguiente;
+      return true;
+    }
+  }
+  if (error) *error = QStringLiteral("No se pudo tomar un número nuevo en ") + table;
+  return false;
+}
+
 QDateTime FechaServidor(const Session& session, bool solo_fecha) {
   if (!session.FechaFija.isEmpty()) {
     const QDate fija = QDate::fromString(session.FechaFija, QStringLiteral("yyyyMMdd"));
@@ -144,7 +176,8 @@ bool ExisteFolio(const Session& session, const QString& tabla, const QString& se
 bool BorrarDetalles(Connection& connection, const QString& tabla, const QString& columna,
                     const QString& valor) {
   if (valor.isEmpty()) return true;
-  return connection.Run(
+  return RunInTransaction(
+      connection,
       QStringLiteral("delete from %1 where %2 = ?")
           .arg(dialect::Name(tabla + QStringLiteral(" detalles")), dialect::Name(columna)),
       {valor});

@@ -32,6 +32,13 @@ qint32 NumeroSiguiente(Connection& connection, const QString& column, const QStr
 qint32 NumeroSiguiente(const Session& session, const QString& column, const QString& table,
                        const QString& condition = {}, const QVariantList& values = {});
 
+// Inserts a row under the next number of `column` (NumeroSiguiente, inside the caller's
+// transaction): `fila` holds the other columns. When another workstation took that number in
+// the same instant, the table's unique index turns the insert into nothing and the next
+// number is tried, so a collision never reaches the user. *numero gets the number written.
+bool InsertarConNumero(Connection& connection, const QString& table, const QString& column,
+                       const QVariantMap& fila, qint32* numero, QString* error);
+
 // The server's date and time (PostgreSQL) or the workstation's (SQLite); date only when
 // asked. FechaFija "yyyyMMdd" overrides both.
 QDateTime FechaServidor(const Session& session, bool solo_fecha = false);

@@ -28,4 +28,23 @@ const Table* FindTable(const QString& name) {
   return nullptr;
 }
 
+const std::vector<ColumnaSecreta>& ColumnasSecretas() {
+  static const std::vector<ColumnaSecreta> secretas = {
+      {"usuarios", "contraseña"},      {"empresa", "password"},      {"empresa", "pacpassword"},
+      {"folios facturas", "password"}, {"folios notas", "password"}, {"certificados", "llave"},
+      {"certificados", "password"},
+  };
+  return secretas;
+}
+
+bool EsColumnaSecreta(const QString& tabla, const QString& columna) {
+  for (const ColumnaSecreta& s : ColumnasSecretas()) {
+    if (tabla.compare(QString::fromUtf8(s.tabla), Qt::CaseInsensitive) == 0 &&
+        columna.compare(QString::fromUtf8(s.columna), Qt::CaseInsensitive) == 0) {
+      return true;
+    }
+  }
+  return false;
+}
+
 }  // namespace ventarix::schema

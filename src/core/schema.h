@@ -34,6 +34,15 @@ const std::vector<Table>& Tables();
 const std::vector<Index>& Indexes();
 const Table* FindTable(const QString& name);
 
+// Passwords and private keys: the program reads them to log in and to seal, but no saved
+// view, look-up or report ever shows them.
+struct ColumnaSecreta {
+  const char* tabla;
+  const char* columna;
+};
+const std::vector<ColumnaSecreta>& ColumnasSecretas();
+bool EsColumnaSecreta(const QString& tabla, const QString& columna);
+
 // Pieces of the definition, one file each.
 std::vector<Table> DocumentTables();
 std::vector<Index> DocumentIndexes();

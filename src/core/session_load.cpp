@@ -10,6 +10,7 @@
 #include "core/database.h"
 #include "core/dialect.h"
 #include "core/mFunciones.h"
+#include "core/rol_consulta.h"
 
 namespace ventarix {
 
@@ -302,8 +303,27 @@ void CargarFolios(Session& session) {
   session.FolioNotas = FolioActivo(session, QStringLiteral("folios notas"), {}, {});
 }
 
+namespace {
+
+// A PostgreSQL company made before its views had a query role gets one at its first start;
+// when the company's user may not make roles the reason goes to the error log.
+void PrepararVistas(const Session& session) {
+  if (!session.Sql) return;
+  Connection connection(session.Cadena);
+  if (!connection.ok()) return;
+  const QString catalogo =
+      connection.Scalar(QStringLiteral("select current_database()")).toString();
+  if (rol_consulta::Disponible(connection, catalogo)) return;
+  if (const Outcome rol = rol_consulta::Preparar(connection); !rol) {
+    mFunciones::RegistrarError(session, rol.message);
+  }
+}
+
+}  // namespace
+
 void CargarSesion(Session& session) {
   CargarEmpresa(session);
+  PrepararVistas(session);
   mFunciones::CrearCarpetas(session);
   CargarPermisos(session);
   CargarConfiguracion(session);

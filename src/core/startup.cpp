@@ -162,8 +162,10 @@ bool EntrarSinAcceso(Session& session) {
   if (hay_administrador) return false;
   // A company without an administrator has no login: whoever opens it is the administrator.
   QString error;
-  if (!connection.Run(QStringLiteral("delete from usuarios"), {}, &error)) {
-    mFunciones::RegistrarError(session, error);
+  Transaction transaccion(connection);
+  if (!transaccion.ok() || !connection.Run(QStringLiteral("delete from usuarios"), {}, &error) ||
+      !transaccion.Commit()) {
+    mFunciones::RegistrarError(session, error.isEmpty() ? transaccion.error() : error);
     return false;
   }
   session.Contrasena.clear();

@@ -6,6 +6,7 @@
 #include "core/column_rules.h"
 #include "core/company_database.h"
 #include "core/ddl.h"
+#include "core/rol_consulta.h"
 #include "core/schema.h"
 #include "core/structure_catalog.h"
 
@@ -339,7 +340,8 @@ Outcome RepararEstructura(Connection& connection,
   {
     Transaction transaction(connection);
     if (!transaction.ok()) {
-      return Outcome::Stop(QStringLiteral("No se pudo iniciar la transacción."));
+      return Outcome::Stop(QStringLiteral("No se pudo iniciar la transacción: ") +
+                           transaction.error());
     }
     repair.AddMissing();
     for (const QString& table : structure_catalog::Tables(connection)) repair.ApplyRules(table);
@@ -350,6 +352,11 @@ Outcome RepararEstructura(Connection& connection,
   }
   if (report) {
     for (const QString& line : repair.lines) report(line);
+  }
+  // Tables added above are granted to the company's query role too; a role that cannot be
+  // made is reported with the rules left out.
+  if (connection.acceso() == Connection::Acceso::kEscritura) {
+    if (Outcome rol = rol_consulta::Preparar(connection); !rol) repair.skipped << rol.message;
   }
   if (repair.skipped.isEmpty()) return Outcome::Ok();
   return {true,

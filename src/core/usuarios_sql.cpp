@@ -19,7 +19,7 @@ Guardado::Guardado(const Session& session) : session_(session), connection_(sess
   }
   transaction_.emplace(connection_);
   if (!transaction_->ok()) {
-    Fallar(connection_.db().lastError().text());
+    Fallar(transaction_->error());
     return;
   }
   ok_ = true;
@@ -58,7 +58,7 @@ std::optional<int> Guardado::Actualizar(const QString& statement, const QVariant
 Outcome Guardado::Terminar() {
   if (!ok_) return falla_;
   if (!transaction_->Commit()) {
-    Fallar(connection_.db().lastError().text());
+    Fallar(transaction_->error());
     return falla_;
   }
   return Outcome::Ok();

@@ -8,6 +8,7 @@
 #include "core/database.h"
 #include "core/dialect.h"
 #include "core/mFunciones.h"
+#include "support/escribir.h"
 
 namespace ventarix::testing {
 
@@ -20,7 +21,8 @@ inline bool Insertar(Connection& c, const QString& tabla, const QVariantMap& pro
     marcas << QStringLiteral("?");
   }
   QString error;
-  const bool ok = c.Run(
+  const bool ok = testing::Escribir(
+      c,
       QStringLiteral("insert into %1 (%2) values (%3)")
           .arg(dialect::Name(tabla), nombres.join(QLatin1Char(',')), marcas.join(QLatin1Char(','))),
       fila.values(), &error);

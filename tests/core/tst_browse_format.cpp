@@ -21,7 +21,8 @@ const QString kTabla = u"facturas"_s;
 // The template's view of invoices, or the same view for another user.
 bool AgregarVista(Connection& c, const QString& usuario, const QString& permisos,
                   const QString& sentencia = u"select * from facturas"_s) {
-  return c.Run(
+  return testing::Escribir(
+      c,
       u"insert into tablas (tabla, usuario, sentencia, cadena, busqueda, ordenar, "
       u"permisos, seguridad, extender, renglon, altura, posicion) values (?, ?, ?, "
       u"'factura|202|90|0|0|', 'where t.serie = ''A''', '[folio] Asc', ?, "
@@ -191,7 +192,7 @@ class TestBrowseFormat : public QObject {
     testing::TestCompany& company = ConFactura();
     if (company.skipped()) QSKIP("VENTARIX_TEST_PG is not set");
     Connection c(company.cadena());
-    QVERIFY(c.Run(u"delete from tablas"_s));
+    QVERIFY(testing::Escribir(c, u"delete from tablas"_s));
     const Formato formato = Aplicar(false, false, false, true, sentencia);
     const Outcome o =
         GuardarFormato(company.MakeSession(), kTabla, {u"ANA"_s}, formato, {{nombre, tipo}});

@@ -32,7 +32,8 @@ bool Insert(Connection& c, const QString& table, const QVariantMap& values,
     marks << QStringLiteral("?");
     bound << it.value();
   }
-  return c.Run(
+  return testing::Escribir(
+      c,
       QStringLiteral("insert into %1 (%2) values (%3)")
           .arg(ddl::Quote(table), names.join(QLatin1Char(',')), marks.join(QLatin1Char(','))),
       bound, error);
@@ -208,7 +209,7 @@ class TestCompanyDatabase : public QObject {
     if (company->skipped()) QSKIP("VENTARIX_TEST_PG is not set");
     QVERIFY2(company->ok(), qPrintable(company->error()));
     Connection c(company->cadena());
-    QVERIFY(c.Run(QStringLiteral("delete from ") + ddl::Quote(table)));
+    QVERIFY(testing::Escribir(c, QStringLiteral("delete from ") + ddl::Quote(table)));
     QVariantMap row = Ordinary(table, company->sql());
     if (value.isValid()) {
       row.insert(column, value);
@@ -253,7 +254,7 @@ class TestCompanyDatabase : public QObject {
         });
         if (S(table.name) == QLatin1String("clientes"))
           table.columns.push_back({"tienda", schema::Type::kInt16});
-        QVERIFY(c.Run(ddl::CreateTableSql(table, c.engine(), false)));
+        QVERIFY(testing::Escribir(c, ddl::CreateTableSql(table, c.engine(), false)));
       }
       for (const schema::Index& index : schema::Indexes()) {
         const QString name = S(index.name);
@@ -261,7 +262,7 @@ class TestCompanyDatabase : public QObject {
             name == QLatin1String("clientes0") || structure_catalog::Indexes(c).contains(name)) {
           continue;
         }
-        QVERIFY(c.Run(ddl::CreateIndexSql(index)));
+        QVERIFY(testing::Escribir(c, ddl::CreateIndexSql(index)));
       }
       for (int folio : {1, 0, 3}) {
         QVariantMap row = Ordinary(S("facturas"), c.sql());
@@ -406,8 +407,8 @@ class TestCompanyDatabase : public QObject {
       Connection c(origin.cadena());
       schema::Table facturas = *schema::FindTable(S("facturas"));
       facturas.columns.push_back({"nota interna", schema::Type::kText});
-      QVERIFY(c.Run(ddl::CreateTableSql(facturas, c.engine(), false)));
-      QVERIFY(c.Run(S("create table bitacora (evento text, cuando timestamp)")));
+      QVERIFY(testing::Escribir(c, ddl::CreateTableSql(facturas, c.engine(), false)));
+      QVERIFY(testing::Escribir(c, S("create table bitacora (evento text, cuando timestamp)")));
       QVariantMap row = Ordinary(S("facturas"), c.sql());
       row.insert({{S("folio"), 0}, {S("nota interna"), S("revisar")}});
       QVERIFY(Insert(c, S("facturas"), row));

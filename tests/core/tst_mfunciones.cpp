@@ -277,7 +277,7 @@ class TestMFunciones : public QObject {
     QCOMPARE(file.readAll(), imagen);
     file.close();
     // An extracted logo is kept until the company screen deletes it.
-    QVERIFY(c.Run(u"update empresa set logotipo = null"_s));
+    QVERIFY(testing::Escribir(c, u"update empresa set logotipo = null"_s));
     QVERIFY(ExtraerLogo(s));
     QVERIFY(file.open(QIODevice::ReadOnly));
     QCOMPARE(file.readAll(), imagen);

@@ -279,7 +279,8 @@ class TestStartup : public QObject {
     QCOMPARE(s.ContrasenaGerente, S("GERENTE"));
     QCOMPARE(c.Scalar(S("select count(*) from usuarios")).toInt(), 3);
 
-    QVERIFY(c.Run(S("delete from usuarios where gerente = 'S' and administrador = 'N'")));
+    QVERIFY(testing::Escribir(
+        c, S("delete from usuarios where gerente = 'S' and administrador = 'N'")));
     Session t = company.MakeSession();
     QVERIFY(!EntrarSinAcceso(t));
     QCOMPARE(t.ContrasenaGerente, QString::fromLatin1(mFunciones::kClaveFija));
@@ -392,7 +393,7 @@ class TestStartup : public QObject {
     QCOMPARE(file.readAll(), logo);
 
     // A half-written code change is no pending change; an empty RFC gets the generic one.
-    QVERIFY(c.Run(S("update empresa set rfc = '', \"codigo nuevo\" = ''")));
+    QVERIFY(testing::Escribir(c, S("update empresa set rfc = '', \"codigo nuevo\" = ''")));
     CargarSesion(s);
     QVERIFY(!s.CambioDeCodigoPendiente);
     QCOMPARE(s.empresa.Text(S("Rfc")), S("XAXX010101000"));
@@ -450,7 +451,7 @@ class TestStartup : public QObject {
 
   void UnPasoQueFallaConservaSusValores() {
     VENTARIX_COMPANY_CONNECTION(company, c);
-    QVERIFY(c.Run(S("drop table series")));
+    QVERIFY(testing::Escribir(c, S("drop table series")));
     Session s = company.MakeSession();
     s.SerieRemisiones = S("VIEJA");
     CargarSesion(s);
@@ -474,12 +475,13 @@ class TestStartup : public QObject {
     QCOMPARE(s.FolioFacturas, 2);  // "+" wins over the highest number
     QCOMPARE(s.FolioNotas, 1);
 
-    QVERIFY(c.Run(S("update \"folios facturas\" set predeterminar = ''")));
+    QVERIFY(testing::Escribir(c, S("update \"folios facturas\" set predeterminar = ''")));
     CargarFolios(s);
     QCOMPARE(s.FolioFacturas, 3);
 
     // A user limited to series A never gets the default range of series B.
-    QVERIFY(c.Run(S("update \"folios facturas\" set predeterminar = '+' where numero = 2")));
+    QVERIFY(testing::Escribir(
+        c, S("update \"folios facturas\" set predeterminar = '+' where numero = 2")));
     s.usuario.Set(S("AplicarSeriesEnFacturas"), S("S"));
     s.usuario.Set(S("SerieFacturacion1"), S("A"));
     CargarFolios(s);
@@ -491,13 +493,14 @@ class TestStartup : public QObject {
 
   void MuchosProductosPasandoDe20000() {
     VENTARIX_COMPANY_CONNECTION(company, c);
-    QVERIFY(c.Run(
-        S("with recursive n(i) as (select 1 union all select i + 1 from n where i < "
-          "20000) insert into productos (codigo, marca, linea) select 'P' || i, 1, 1 from n")));
+    QVERIFY(testing::Escribir(
+        c, S("with recursive n(i) as (select 1 union all select i + 1 from n where i < "
+             "20000) insert into productos (codigo, marca, linea) select 'P' || i, 1, 1 from n")));
     Session s = company.MakeSession();
     CargarSesion(s);
     QVERIFY(!s.MuchosProductos);
-    QVERIFY(c.Run(S("insert into productos (codigo, marca, linea) values ('ULTIMO', 1, 1)")));
+    QVERIFY(testing::Escribir(
+        c, S("insert into productos (codigo, marca, linea) values ('ULTIMO', 1, 1)")));
     CargarSesion(s);
     QVERIFY(s.MuchosProductos);
   }

@@ -33,10 +33,11 @@ bool Insertar(Connection& c, const QString& tabla, int numero, const QString& no
   QVariantList valores = {numero, nombre};
   if (agente) valores << 1;
   QString error;
-  const bool ok =
-      c.Run(u"insert into %1 (numero, nombre%2) values (?, ?%3)"_s.arg(
-                tabla, agente ? u", tienda"_s : QString(), agente ? u", ?"_s : QString()),
-            valores, &error);
+  const bool ok = testing::Escribir(
+      c,
+      u"insert into %1 (numero, nombre%2) values (?, ?%3)"_s.arg(
+          tabla, agente ? u", tienda"_s : QString(), agente ? u", ?"_s : QString()),
+      valores, &error);
   if (!ok) qWarning("%s", qPrintable(error));
   return ok;
 }
@@ -317,7 +318,8 @@ class TestValores : public QObject {
                          u"SIETE DE "_s + QString::fromLatin1(tabla).toUpper()));
       }
       QVERIFY(Insertar(c, u"metodos"_s, 3, u"TRANSFERENCIA"_s));
-      QVERIFY(c.Run(
+      QVERIFY(testing::Escribir(
+          c,
           u"insert into clientes (numero, nombre, rfc, plazo, credito, saldo, agente, metodo, "
           "banco, email1, codigopostal, addenda) values (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)"_s,
           {15, u"FERRETERIA O'HIGGINS"_s, u"FOH850101AB1"_s, 30, 50000.0, 1234.56, 7, 3, 7,

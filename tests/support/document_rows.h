@@ -10,6 +10,7 @@
 #include "core/database.h"
 #include "core/dialect.h"
 #include "core/schema.h"
+#include "support/escribir.h"
 
 namespace ventarix::testing {
 
@@ -88,10 +89,12 @@ inline bool InsertarFila(Connection& c, const QString& tabla, const QVariantMap&
     }
     values << value;
   }
-  return c.Run(QStringLiteral("insert into ") + dialect::Name(tabla) + QStringLiteral(" (") +
-                   names.join(QLatin1Char(',')) + QStringLiteral(") values (") +
-                   marks.join(QLatin1Char(',')) + QLatin1Char(')'),
-               values, error);
+  return testing::Escribir(c,
+                           QStringLiteral("insert into ") + dialect::Name(tabla) +
+                               QStringLiteral(" (") + names.join(QLatin1Char(',')) +
+                               QStringLiteral(") values (") + marks.join(QLatin1Char(',')) +
+                               QLatin1Char(')'),
+                           values, error);
 }
 
 }  // namespace ventarix::testing

@@ -10,6 +10,7 @@
 
 #include "core/company_database.h"
 #include "core/mFunciones.h"
+#include "core/rol_consulta.h"
 
 namespace ventarix::testing {
 
@@ -31,6 +32,11 @@ bool WriteConnectionFile(const QString& path, const QString& cadena, QString* er
   return true;
 }
 
+// Catalogs are made and dropped outside any transaction, on a session that may write.
+void Administrar(Connection& admin) {
+  admin.Run(QStringLiteral("set default_transaction_read_only = off"));
+}
+
 // Creating every table and index takes seconds on PostgreSQL; a test program makes one
 // company per engine and clones it for every test (a file copy, or CREATE DATABASE ...
 // TEMPLATE). The template goes when the program ends.
@@ -49,9 +55,12 @@ Templates& SharedTemplates() {
       Templates& s = SharedTemplates();
       if (!s.pg_catalog.isEmpty()) {
         Connection admin(s.pg_admin);
+        Administrar(admin);
         if (admin.ok()) {
           admin.Run(QStringLiteral("drop database if exists ") + s.pg_catalog +
                     QStringLiteral(" with (force)"));
+          admin.Run(QStringLiteral("drop role if exists ") + s.pg_catalog +
+                    QStringLiteral("_consulta"));
         }
       }
     });
@@ -81,6 +90,7 @@ QString PostgresTemplate(const QString& admin_cadena, QString* error) {
   const QString catalog = QStringLiteral("vtx_tpl_") + RandomSuffix();
   {
     Connection admin(admin_cadena);
+    Administrar(admin);
     if (!admin.ok() || !admin.Run(QStringLiteral("create database ") + catalog, {}, error)) {
       if (error->isEmpty()) *error = admin.error();
       return {};
@@ -152,6 +162,7 @@ TestCompany::TestCompany(const QString& engine, bool with_tables) {
     }
     {
       Connection admin(admin_cadena_);
+      Administrar(admin);
       if (!admin.ok() || !admin.Run(create, {}, &error_)) {
         if (error_.isEmpty()) error_ = admin.error();
         catalog_.clear();
@@ -161,6 +172,14 @@ TestCompany::TestCompany(const QString& engine, bool with_tables) {
     target->catalog = catalog_;
     path_ = dir_.filePath(QStringLiteral("empresa.txt"));
     if (!WriteConnectionFile(path_, PostgresCadena(*target), &error_)) return;
+    if (with_tables) {
+      // A clone carries the template's grants; its own query role is made here.
+      Connection c(PostgresCadena(*target));
+      if (const Outcome rol = rol_consulta::Preparar(c); !rol) {
+        error_ = rol.message;
+        return;
+      }
+    }
   }
   cadena_ = CadenaDeRuta(path_);
   ok_ = true;
@@ -169,9 +188,11 @@ TestCompany::TestCompany(const QString& engine, bool with_tables) {
 TestCompany::~TestCompany() {
   if (catalog_.isEmpty()) return;
   Connection admin(admin_cadena_);
+  Administrar(admin);
   if (admin.ok()) {
     admin.Run(QStringLiteral("drop database if exists ") + catalog_ +
               QStringLiteral(" with (force)"));
+    admin.Run(QStringLiteral("drop role if exists ") + catalog_ + QStringLiteral("_consulta"));
   }
 }
 

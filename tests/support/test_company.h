@@ -7,6 +7,7 @@
 
 #include "core/database.h"
 #include "core/session.h"
+#include "support/escribir.h"
 
 namespace ventarix::testing {
 

@@ -50,7 +50,7 @@ Outcome ModeloVista::Cargar(const mBrowse::Consulta& consulta,
   limite_ = 0;
   Outcome resultado;
   // One connection counts the rows and reads the first page.
-  Connection lectura(session_.Cadena, Connection::Acceso::kLectura);
+  Connection lectura(session_.Cadena, Connection::Acceso::kVista);
   QString error;
   const std::optional<qint64> filas =
       lectura.ok() ? mBrowse::ContarFilas(lectura, consulta_, &error) : std::nullopt;
@@ -81,7 +81,7 @@ void ModeloVista::AsegurarFila(int fila) {
   const qint64 faltan = static_cast<qint64>(fila) + 1 - static_cast<qint64>(filas_.size());
   if (faltan <= 0 || !canFetchMore()) return;
   // A jump far down reads the whole gap at once, in whole pages, on one connection.
-  Connection lectura(session_.Cadena, Connection::Acceso::kLectura);
+  Connection lectura(session_.Cadena, Connection::Acceso::kVista);
   Anexar(lectura, (faltan + pagina_ - 1) / pagina_ * pagina_);
 }
 
@@ -163,7 +163,7 @@ bool ModeloVista::canFetchMore(const QModelIndex& parent) const {
 
 void ModeloVista::fetchMore(const QModelIndex& parent) {
   if (parent.isValid() || leyendo_ || !canFetchMore()) return;
-  Connection lectura(session_.Cadena, Connection::Acceso::kLectura);
+  Connection lectura(session_.Cadena, Connection::Acceso::kVista);
   Anexar(lectura, pagina_);
 }
 

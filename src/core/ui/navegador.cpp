@@ -91,7 +91,7 @@ bool Navegador::CargarVista() {
                                 : vista_.Sentencia;
   mBrowse::Campos campos;
   {
-    Connection lectura(session_.Cadena, Connection::Acceso::kLectura);
+    Connection lectura(session_.Cadena, Connection::Acceso::kVista);
     campos = mBrowse::CamposDeSentencia(lectura, sentencia);
   }
   if (!campos.outcome) {
@@ -100,7 +100,7 @@ bool Navegador::CargarVista() {
   }
   mBrowse::Consulta consulta;
   consulta.sentencia = sentencia;
-  consulta.busqueda = mBrowse::LeerBusqueda(vista_.Busqueda);
+  busqueda_ = mBrowse::LeerBusqueda(vista_.Busqueda);
   session_.VistaBusqueda = vista_.Busqueda;
   session_.VistaOrden = vista_.Ordenar;
   if (mBrowse::TienePeriodo(campos.campos) && session_.AnoAMostrar > 0) {
@@ -108,6 +108,8 @@ bool Navegador::CargarVista() {
   }
   const std::vector<mBrowse::ColumnaVista> columnas =
       EnOrdenDeSentencia(campos.campos, cargada.columnas);
+  consulta.busqueda = mBrowse::CondicionGuardada(
+      busqueda_, session_.Sql ? Engine::kPostgres : Engine::kSqlite, columnas, familia_.busquedas);
   auto nombre_en_vista = [&](const QString& nombre) -> QString {
     for (const mBrowse::Campo& c : campos.campos) {
       if (c.nombre.compare(nombre, Qt::CaseInsensitive) == 0) return c.nombre;
@@ -163,7 +165,7 @@ void Navegador::RefrescarFila(const QString& llave) {
   if (indice < 0) return;
   mBrowse::Pagina pagina;
   {
-    Connection lectura(session_.Cadena, Connection::Acceso::kLectura);
+    Connection lectura(session_.Cadena, Connection::Acceso::kVista);
     const mBrowse::Condicion donde{QStringLiteral("t.") +
                                        dialect::Name(modelo_->columnas()[indice].nombre) +
                                        QStringLiteral(" = ?"),
@@ -189,7 +191,7 @@ void Navegador::GuardarVista() {
   vista_.Renglon = qMax(0, fg1_->currentIndex().row());
   vista_.Posicion = qMax(0, fg1_->columnAt(0));
   vista_.Ordenar = mBrowse::EscribirOrdenar(modelo_->consulta().orden);
-  vista_.Busqueda = mBrowse::EscribirBusqueda(modelo_->consulta().busqueda);
+  vista_.Busqueda = mBrowse::EscribirBusqueda(busqueda_);
   const Outcome guardada = mBrowse::GuardarVista(session_, vista_);
   if (!guardada) MostrarError(this, session_, guardada.message);
 }

@@ -5,6 +5,7 @@
 
 #include "core/browse_families.h"
 #include "core/browse_view.h"
+#include "core/mBrowse.h"
 #include "core/session.h"
 
 class QAction;
@@ -69,7 +70,7 @@ class Navegador : public QWidget {
   void Formato();
   void Copiar();
   void MostrarSuma();
-  void AplicarBusqueda(const mBrowse::Condicion& condicion, bool filtro);
+  void AplicarBusqueda(const mBrowse::Busqueda& busqueda, bool filtro);
   void AbrirForma(const QString& forma);
   QString LlaveActual() const;
   void PintarFondo();
@@ -83,8 +84,8 @@ class Navegador : public QWidget {
   QTableView* fg1_;
   QToolBar* barra_;
   QLabel* estado_;
-  QStringList textos_filtro_;
-  bool modo_precios_ = false;  // products: Enter opens the quick price screen
+  mBrowse::Busqueda busqueda_;  // the search in force, as the user gave it
+  bool modo_precios_ = false;   // products: Enter opens the quick price screen
   bool cargada_ = false;
 };
 

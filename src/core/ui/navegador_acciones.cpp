@@ -313,21 +313,19 @@ void Navegador::Buscar(int tecla) {
                             QLineEdit::Normal, QString(), &aceptado)
           .trimmed();
   if (!aceptado || respuesta.isEmpty()) return;
-  const QString nombre = modelo_->columnas()[indice].nombre;
-  const Engine engine = session_.Sql ? Engine::kPostgres : Engine::kSqlite;
-  const mBrowse::Condicion condicion =
-      busqueda->modo == mBrowse::ModoBusqueda::kSubconsulta
-          ? mBrowse::CondicionDeSubconsulta(engine, nombre,
-                                            QString::fromUtf8(busqueda->subconsulta),
-                                            QString::fromUtf8(busqueda->detalle), respuesta)
-          : mBrowse::CondicionDeBusqueda(
-                engine, nombre, busqueda->modo == mBrowse::ModoBusqueda::kIgual, respuesta);
-  AplicarBusqueda(condicion, false);
+  mBrowse::Busqueda nueva;
+  nueva.tecla = tecla;
+  nueva.respuesta = respuesta;
+  AplicarBusqueda(nueva, false);
 }
 
-void Navegador::AplicarBusqueda(const mBrowse::Condicion& condicion, bool filtro) {
+void Navegador::AplicarBusqueda(const mBrowse::Busqueda& busqueda, bool filtro) {
+  const mBrowse::Condicion condicion =
+      mBrowse::CondicionGuardada(busqueda, session_.Sql ? Engine::kPostgres : Engine::kSqlite,
+                                 modelo_->columnas(), familia_.busquedas);
   session_.FiltroActivo = filtro && !condicion.vacia();
-  vista_.Busqueda = mBrowse::EscribirBusqueda(condicion);
+  busqueda_ = condicion.vacia() ? mBrowse::Busqueda{} : busqueda;
+  vista_.Busqueda = mBrowse::EscribirBusqueda(busqueda_);
   session_.VistaBusqueda = vista_.Busqueda;
   mBrowse::Consulta consulta = modelo_->consulta();
   consulta.busqueda = condicion;

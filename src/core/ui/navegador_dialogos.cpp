@@ -13,10 +13,26 @@
 namespace ventarix {
 
 void Navegador::Filtrar() {
-  MDIInicioFiltrar filtro(session_, modelo_->columnas(), textos_filtro_, this);
+  // The dialog opens with the texts of the filter in force.
+  const std::vector<mBrowse::ColumnaVista>& columnas = modelo_->columnas();
+  QStringList previos;
+  for (const mBrowse::ColumnaVista& columna : columnas) {
+    QString texto;
+    for (const auto& [nombre, escrito] : busqueda_.filtro) {
+      if (nombre.compare(columna.nombre, Qt::CaseInsensitive) == 0) texto = escrito;
+    }
+    previos << texto;
+  }
+  MDIInicioFiltrar filtro(session_, columnas, previos, this);
   if (filtro.exec() != QDialog::Accepted) return;
-  textos_filtro_ = filtro.textos();
-  AplicarBusqueda(filtro.condicion(), true);
+  mBrowse::Busqueda nueva;
+  const QStringList textos = filtro.textos();
+  for (qsizetype i = 0; i < textos.size() && i < static_cast<qsizetype>(columnas.size()); ++i) {
+    if (!textos.at(i).isEmpty()) {
+      nueva.filtro.append({columnas[static_cast<size_t>(i)].nombre, textos.at(i)});
+    }
+  }
+  AplicarBusqueda(nueva, true);
 }
 
 // The view editor is for administrators, after their password.

@@ -76,7 +76,8 @@ struct Forma {
 bool AgregarCliente(const QString& cadena, int numero, const QString& nombre) {
   Connection c(cadena);
   QString error;
-  const bool ok = c.Run(
+  const bool ok = testing::Escribir(
+      c,
       u"insert into clientes (numero, nombre, rfc, plazo, credito, saldo, agente, metodo) "
       "values (?, ?, ?, 30, 25000, 1500.5, 2, 1)"_s,
       {numero, nombre, u"FOH850101AB1"_s}, &error);

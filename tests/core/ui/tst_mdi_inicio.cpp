@@ -54,7 +54,8 @@ namespace {
 bool AgregarUsuario(const QString& cadena, const QString& usuario, const QString& contrasena,
                     int tienda, bool administrador, const QString& permisos) {
   Connection c(cadena);
-  return c.Run(
+  return testing::Escribir(
+      c,
       QStringLiteral("insert into usuarios (usuario, \"contraseña\", tienda, "
                      "administrador, gerente, permisos) values (?, ?, ?, ?, 'N', ?)"),
       {usuario, passwords::Hash(contrasena), tienda, administrador ? u"S"_s : u"N"_s, permisos});
@@ -304,9 +305,9 @@ class TestMdiInicio : public QObject {
     VENTARIX_COMPANY(company);
     {
       Connection c(company.cadena());
-      QVERIFY(
-          c.Run(QStringLiteral("insert into configurar (usuario, pantallapordefaultentpv, "
-                               "entrardirectamenteatpv) values ('ADMINISTRADOR', 3, 'S')")));
+      QVERIFY(testing::Escribir(
+          c, QStringLiteral("insert into configurar (usuario, pantallapordefaultentpv, "
+                            "entrardirectamenteatpv) values ('ADMINISTRADOR', 3, 'S')")));
     }
     Session session = Sesion(company);
     Principal principal(session, {}, false);
@@ -325,9 +326,11 @@ class TestMdiInicio : public QObject {
     QVERIFY(imagen.save(&buffer, "PNG"));
     {
       Connection c(company.cadena());
-      QVERIFY(c.Run(QStringLiteral("insert into empresa (numero, empresa, rfc, logotipo) "
-                                   "values (1, ?, 'FES990101AB1', ?)"),
-                    {u"FERRETERÍA LA ESTRELLA"_s, png}));
+      QVERIFY(
+          testing::Escribir(c,
+                            QStringLiteral("insert into empresa (numero, empresa, rfc, logotipo) "
+                                           "values (1, ?, 'FES990101AB1', ?)"),
+                            {u"FERRETERÍA LA ESTRELLA"_s, png}));
     }
     Session session = Sesion(company);
     {
@@ -343,7 +346,7 @@ class TestMdiInicio : public QObject {
     QCOMPARE(ventana.windowTitle(), u"Ventarix - FERRETERÍA LA ESTRELLA"_s);
     {
       Connection c(company.cadena());
-      QVERIFY(c.Run(u"update empresa set empresa = 'ABARROTES EL SOL'"_s));
+      QVERIFY(testing::Escribir(c, u"update empresa set empresa = 'ABARROTES EL SOL'"_s));
     }
     Elegir(ventana, "mnuPresenta");
     QCOMPARE(ventana.windowTitle(), u"Ventarix - ABARROTES EL SOL"_s);

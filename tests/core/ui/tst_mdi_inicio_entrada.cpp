@@ -26,10 +26,12 @@ namespace {
 bool AgregarUsuario(const QString& cadena, const QString& usuario, const QString& contrasena,
                     int tienda, bool administrador) {
   ventarix::Connection c(cadena);
-  return c.Run(QStringLiteral("insert into usuarios (usuario, \"contraseña\", tienda, "
-                              "administrador, gerente, permisos) values (?, ?, ?, ?, 'N', ?)"),
-               {usuario, ventarix::passwords::Hash(contrasena), tienda,
-                administrador ? u"S"_s : u"N"_s, QString(200, u'1')});
+  return ventarix::testing::Escribir(
+      c,
+      QStringLiteral("insert into usuarios (usuario, \"contraseña\", tienda, "
+                     "administrador, gerente, permisos) values (?, ?, ?, ?, 'N', ?)"),
+      {usuario, ventarix::passwords::Hash(contrasena), tienda, administrador ? u"S"_s : u"N"_s,
+       QString(200, u'1')});
 }
 
 }  // namespace

@@ -31,15 +31,17 @@ class TestMdiInicioFormato : public QObject {
     Session session = company.MakeSession();
     Connection c(session.Cadena);
     for (const auto& [usuario, gerente] : {std::pair{u"ANA"_s, u"N"_s}, {u"LUIS"_s, u"S"_s}}) {
-      QVERIFY(
-          c.Run(u"insert into usuarios (usuario, \"contraseña\", tienda, administrador, "
-                u"gerente, permisos) values (?, ?, 1, 'N', ?, '')"_s,
-                {usuario, passwords::Hash(u"X"_s), gerente}));
+      QVERIFY(testing::Escribir(
+          c,
+          u"insert into usuarios (usuario, \"contraseña\", tienda, administrador, "
+          u"gerente, permisos) values (?, ?, 1, 'N', ?, '')"_s,
+          {usuario, passwords::Hash(u"X"_s), gerente}));
     }
-    QVERIFY(
-        c.Run(u"insert into tablas (tabla, usuario, sentencia, permisos, ordenar) values "
-              u"('facturas', 'ADMINISTRADOR', 'select * from facturas', '1111', "
-              u"'[folio] Asc')"_s));
+    QVERIFY(testing::Escribir(
+        c,
+        u"insert into tablas (tabla, usuario, sentencia, permisos, ordenar) values "
+        u"('facturas', 'ADMINISTRADOR', 'select * from facturas', '1111', "
+        u"'[folio] Asc')"_s));
 
     MDIInicioFormato dialogo(session, u"facturas"_s, {{u"factura"_s, mBrowse::kTipoTexto}});
     dialogo.show();

@@ -51,10 +51,11 @@ Session Sesion(const testing::TestCompany& company, const QString& usuario) {
 
 void AgregarUsuario(const QString& cadena, const QString& usuario, const QString& clientes) {
   Connection c(cadena);
-  QVERIFY(
-      c.Run(QStringLiteral("insert into usuarios (usuario, \"contraseña\", tienda, administrador, "
-                           "gerente, permisos, clientes) values (?, ?, 1, 'N', 'N', ?, ?)"),
-            {usuario, passwords::Hash(u"CAJA"_s), QString(200, u'1'), clientes}));
+  QVERIFY(testing::Escribir(
+      c,
+      QStringLiteral("insert into usuarios (usuario, \"contraseña\", tienda, administrador, "
+                     "gerente, permisos, clientes) values (?, ?, 1, 'N', 'N', ?, ?)"),
+      {usuario, passwords::Hash(u"CAJA"_s), QString(200, u'1'), clientes}));
 }
 
 QStringList Columna(const Navegador& navegador, const QString& nombre) {
@@ -162,7 +163,8 @@ class TestNavegador : public QObject {
     AgregarUsuario(company->cadena(), u"ADMIN"_s, u"SSS"_s);
     {
       Connection c(company->cadena());
-      QVERIFY(c.Run(u"update usuarios set administrador = 'S' where usuario = 'ADMIN'"_s));
+      QVERIFY(testing::Escribir(
+          c, u"update usuarios set administrador = 'S' where usuario = 'ADMIN'"_s));
     }
     FormRegistry registry;
     Session mostrador = Sesion(*company, u"MOSTRADOR"_s);
@@ -182,9 +184,9 @@ class TestNavegador : public QObject {
     {
       // The browser above made the template view; the administrator guards its add button.
       Connection c(company->cadena());
-      QVERIFY(
-          c.Run(QStringLiteral("update tablas set seguridad = '1|Nuevo|0|x|1' where tabla = "
-                               "'clientes'")));
+      QVERIFY(testing::Escribir(
+          c, QStringLiteral("update tablas set seguridad = '1|Nuevo|0|x|1' where tabla = "
+                            "'clientes'")));
     }
     Navegador navegador(cajero, *mBrowse::FamiliaDeForma(u"FrmClientes"_s), registry);
     navegador.show();
@@ -258,12 +260,12 @@ class TestNavegador : public QObject {
     if (company.skipped()) QSKIP("VENTARIX_TEST_PG is not set");
     QVERIFY(company.ok());
     Connection c(company.cadena());
-    QVERIFY(c.Run(u"create table muchas (id integer not null)"_s));
-    QVERIFY(
-        c.Run(company.sql()
-                  ? u"insert into muchas select g from generate_series(1, 200000) g"_s
-                  : QStringLiteral("insert into muchas with recursive s(g) as (select 1 union all "
-                                   "select g + 1 from s where g < 200000) select g from s")));
+    QVERIFY(testing::Escribir(c, u"create table muchas (id integer not null)"_s));
+    QVERIFY(testing::Escribir(
+        c, company.sql()
+               ? u"insert into muchas select g from generate_series(1, 200000) g"_s
+               : QStringLiteral("insert into muchas with recursive s(g) as (select 1 union all "
+                                "select g + 1 from s where g < 200000) select g from s")));
     Session session = company.MakeSession();
     mBrowse::Consulta consulta;
     consulta.sentencia = u"select * from muchas"_s;
@@ -279,7 +281,7 @@ class TestNavegador : public QObject {
     QCOMPARE(modelo.Valor(199999, 0).toInt(), 200000);
     QVERIFY(!modelo.canFetchMore());
 
-    QVERIFY(c.Run(u"insert into muchas (id) values (200001)"_s));
+    QVERIFY(testing::Escribir(c, u"insert into muchas (id) values (200001)"_s));
     QVERIFY(modelo.Recargar().ok);
     QCOMPARE(modelo.filas_totales(), qint64(200001));
     QCOMPARE(modelo.limite(), qint64(200000));
