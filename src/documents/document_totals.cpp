@@ -98,6 +98,8 @@ Outcome WriteHeader(Connection& connection, const TotalsFamily& family, const QS
 Outcome TotalizeDocument(Connection& connection, const TotalsFamily& family, const QString& key,
                          const std::vector<Deduction>& deductions, DocumentSums* sums,
                          double* total) {
+  Transaction transaction(connection);
+  if (!transaction.ok()) return Outcome::Stop(transaction.error());
   std::vector<StoredRow> rows;
   if (Outcome read = ReadRows(connection, family, key, &rows); !read) return read;
   DocumentSums running;
@@ -117,6 +119,7 @@ Outcome TotalizeDocument(Connection& connection, const TotalsFamily& family, con
       !written) {
     return written;
   }
+  if (!transaction.Commit()) return Outcome::Stop(transaction.error());
   if (sums) *sums = stored;
   if (total) *total = header_total;
   return Outcome::Ok();

@@ -4,6 +4,7 @@
 #include <QSqlQuery>
 
 #include "core/dialect.h"
+#include "documents/set_statements.h"
 
 namespace ventarix::mInventario {
 
@@ -28,13 +29,20 @@ bool NombreValido(const QString& name) {
   return kNombre.match(name).hasMatch();
 }
 
+bool Confirmar(Transaction& transaction, QString* error) {
+  return transaction.Commit() || Fallo(error, transaction.error());
+}
+
 QString Detalles(const QString& tabla) { return dialect::Name(tabla + u" detalles"_s); }
 
 // Runs `statement` for the codes: once for every product, or once per slice of the list with
 // " where codigo in (...)" appended. A list of nothing runs nothing.
 bool RunForCodigos(Connection& connection, const QString& statement, const QVariantList& values,
                    const Codigos& codigos, QString* error) {
-  if (!codigos) return connection.Run(statement, values, error);
+  Transaction transaction(connection);
+  if (!transaction.ok()) return Fallo(error, transaction.error());
+  if (!TurnoDeRecalculo(connection, error)) return false;
+  if (!codigos) return connection.Run(statement, values, error) && Confirmar(transaction, error);
   for (qsizetype first = 0; first < codigos->size(); first += kCodigosPorSentencia) {
     const QStringList slice = codigos->mid(first, kCodigosPorSentencia);
     QVariantList bound = values;
@@ -43,7 +51,7 @@ bool RunForCodigos(Connection& connection, const QString& statement, const QVari
     const QString text = statement + u" where codigo in ("_s + marks.join(u',') + u')';
     if (!connection.Run(text, bound, error)) return false;
   }
-  return true;
+  return Confirmar(transaction, error);
 }
 
 // What a family's row moves: its quantity expression, and whether only the rows of the
@@ -166,7 +174,7 @@ bool ActualizarExistencias(Connection& connection, const QString& tabla,
                        u" and d.codigo = productos.codigo), 0)"
                        u" where codigo in (select d.codigo"_s +
                        filas + u')';
-  return connection.Run(text, filtro + filtro, error);
+  return RunInTransaction(connection, text, filtro + filtro, error);
 }
 
 bool ActualizarExistenciasProduccion(Connection& connection, const QString& clave, int signo,
@@ -176,7 +184,7 @@ bool ActualizarExistenciasProduccion(Connection& connection, const QString& clav
       u" coalesce((select sum(o.cantidad) from produccion o"
       u" where o.produccion = ? and o.codigo = productos.codigo), 0)"
       u" where codigo in (select o.codigo from produccion o where o.produccion = ?)"_s;
-  return connection.Run(text, {clave, clave}, error);
+  return RunInTransaction(connection, text, {clave, clave}, error);
 }
 
 }  // namespace ventarix::mInventario

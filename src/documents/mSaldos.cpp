@@ -28,19 +28,26 @@ Outcome TotalizeWithSummary(Connection& connection, const Session& session,
                             const TotalsFamily& family, const SummaryFamily& summary,
                             const QString& key, const std::vector<Deduction>& deductions,
                             const QString& resumen, const QDateTime& fecha) {
+  Transaction transaction(connection);
+  if (!transaction.ok()) return Outcome::Stop(transaction.error());
   DocumentSums sums;
   double total = 0;
   if (Outcome done = TotalizeDocument(connection, family, key, deductions, &sums, &total); !done) {
     return done;
   }
-  if (resumen.isEmpty()) return Outcome::Ok();
   SummaryRow row;
   row.descripcion = resumen;
   row.fecha = fecha;
   row.impuesto = session.empresa.Number(QStringLiteral("impuesto"));
   row.tienda = session.Tienda;
   row.total = total;
-  return WriteSummaryRow(connection, summary, key, row, sums);
+  if (!resumen.isEmpty()) {
+    if (Outcome written = WriteSummaryRow(connection, summary, key, row, sums); !written) {
+      return written;
+    }
+  }
+  if (!transaction.Commit()) return Outcome::Stop(transaction.error());
+  return Outcome::Ok();
 }
 
 }  // namespace
@@ -105,10 +112,13 @@ Outcome TotalizarAjuste(Connection& connection, const QString& ajuste) {
     total += (rows.value(0).toDouble() - rows.value(1).toDouble()) * rows.value(2).toDouble();
   }
   QString error;
-  if (!connection.Run(
+  Transaction transaction(connection);
+  if (!transaction.ok() ||
+      !connection.Run(
           QStringLiteral("update \"ajustes de inventario\" set total = ? where ajuste = ?"),
-          {HeaderFigure(total), ajuste}, &error)) {
-    return Outcome::Stop(error);
+          {HeaderFigure(total), ajuste}, &error) ||
+      !transaction.Commit()) {
+    return Outcome::Stop(error.isEmpty() ? transaction.error() : error);
   }
   return Outcome::Ok();
 }

@@ -12,8 +12,9 @@
 // reads them back, rewrites each with fixed rounding and puts the sums in the header. Balances,
 // statuses and pending quantities: rebuilt from the rows by set-wise statements.
 //
-// Every routine works inside the caller's transaction on the connection it is given and
-// answers Ok, or a stop Outcome with the engine's words; the caller then rolls back.
+// Every routine joins the transaction the caller began on the connection it is given (or
+// makes its own when there is none) and answers Ok, or a stop Outcome with the engine's words;
+// a failure makes the caller's transaction roll back.
 //
 // Scopes of the recomputations are lists of document keys bound as values: an empty list means
 // every document, and the list of nothing {""} (what ListaDocumentosRelacionados gives when

@@ -18,7 +18,15 @@ struct SetStatement {
 };
 
 // Runs the statements in order; the first that fails stops the rest and its words come back.
+// Takes the recomputation turn first (TurnoDeRecalculo).
 Outcome RunSetStatements(Connection& connection, const std::vector<SetStatement>& statements);
+
+// Recomputations read sums of other rows. On PostgreSQL each statement sees what was committed
+// when it began, so two saves recomputing at once would each miss the other's document and
+// the last to write would win. Every recomputation therefore waits for its turn, held until
+// its transaction ends: the second save's statements begin after the first committed and see
+// its rows. SQLite needs nothing: its writers already take turns at BEGIN IMMEDIATE.
+bool TurnoDeRecalculo(Connection& connection, QString* error);
 
 // A recomputation lets the screen repaint once before its statements; what the user types
 // waits, so no other operation starts in the middle of this one.
