@@ -44,6 +44,10 @@ std::optional<int> CambiarTabla(const Session& session, const QString& tabla, co
     return std::nullopt;
   }
   Transaction transaccion(c);
+  if (!transaccion.ok()) {
+    *error = transaccion.error();
+    return std::nullopt;
+  }
   std::optional<int> filas;
   if (tabla == u"productos") {
     filas = CambiarProducto(c, cambio, error);
@@ -61,7 +65,7 @@ std::optional<int> CambiarTabla(const Session& session, const QString& tabla, co
   }
   if (!filas) return std::nullopt;
   if (!transaccion.Commit()) {
-    *error = c.db().lastError().text();
+    *error = transaccion.error();
     return std::nullopt;
   }
   return filas;
@@ -73,10 +77,10 @@ bool Vaciar(const Session& session, QString* error) {
     *error = c.error();
     return false;
   }
-  return c.Run(
-      u"update empresa set \"codigo actual\" = '', \"codigo nuevo\" = '' "
-      "where numero = 1"_s,
-      {}, error);
+  return RunInTransaction(c,
+                          u"update empresa set \"codigo actual\" = '', \"codigo nuevo\" = '' "
+                          "where numero = 1"_s,
+                          {}, error);
 }
 
 }  // namespace

@@ -63,7 +63,7 @@ Resultado Recorrer(const Session& session, const QList<Fila>& filas, const Guard
   Connection c(session.Cadena);
   if (!c.ok()) return Fallo(c.error(), 1);
   Transaction transaccion(c);
-  if (!transaccion.ok()) return Fallo(c.db().lastError().text(), 1);
+  if (!transaccion.ok()) return Fallo(c.error(), 1);
 
   Resultado resultado;
   qsizetype i = 0;
@@ -83,7 +83,7 @@ Resultado Recorrer(const Session& session, const QList<Fila>& filas, const Guard
     if (paso.escrito) ++resultado.productos;
   }
   resultado.fila = static_cast<int>(i) + 1;
-  if (!transaccion.Commit()) return Fallo(c.db().lastError().text(), resultado.fila);
+  if (!transaccion.Commit()) return Fallo(c.error(), resultado.fila);
   resultado.outcome = {true, mensaje + QString::number(resultado.fila), MessageIcon::kInformation,
                        QString()};
   return resultado;

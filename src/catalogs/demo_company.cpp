@@ -1,7 +1,10 @@
 #include "catalogs/demo_company.h"
 
+#include <memory>
+
 #include "catalogs/demo_tables.h"
 #include "core/company_database.h"
+#include "core/company_tables.h"
 #include "core/database.h"
 
 namespace ventarix {
@@ -27,21 +30,21 @@ bool EscribirTodo(Connection& c, QString* error) {
 }  // namespace
 
 Outcome CrearEmpresaDemo(const QString& path) {
-  const Outcome made = CrearEmpresa(path);
+  std::unique_ptr<Connection> connection;
+  if (Outcome o = company_tables::OpenEmpty(path, connection); !o) return o;
+  // Tables and rows in one transaction: a demo cut short leaves an empty database that
+  // another `demo` accepts.
+  Transaction transaction(*connection);
+  if (!transaction.ok()) return Outcome::Stop(transaction.error());
+  const Outcome made = CrearTablas(*connection);
   if (!made) return made;
-  Connection connection(CadenaDeRuta(path));
-  if (!connection.ok()) return Outcome::Stop(connection.error());
   QString error;
-  {
-    Transaction transaction(connection);
-    if (!transaction.ok())
-      return Outcome::Stop(QStringLiteral("No se pudo iniciar la transacción"));
-    if (!EscribirTodo(connection, &error)) return Outcome::Stop(error);
-    if (!transaction.Commit()) {
-      return Outcome::Stop(QStringLiteral("No se pudo guardar la empresa de demostración"));
-    }
+  if (!EscribirTodo(*connection, &error)) return Outcome::Stop(error);
+  if (!transaction.Commit()) {
+    return Outcome::Stop(QStringLiteral("No se pudo guardar la empresa de demostración: ") +
+                         transaction.error());
   }
-  return Outcome::Ok();
+  return made;
 }
 
 }  // namespace ventarix

@@ -7,11 +7,11 @@
 
 namespace ventarix::catalogs {
 
-// The stop a failed save shows: the statement's error, or else the connection's (a commit
-// refused, a connection that did not open).
+// The stop a failed save shows: the statement's error, or else the connection's (a
+// transaction that could not begin or commit, a connection that did not open).
 inline Outcome ErrorAlGuardar(Connection& c, const QString& error) {
   if (!error.isEmpty()) return Outcome::Stop(error);
-  if (!c.ok()) return Outcome::Stop(c.error());
+  if (!c.error().isEmpty()) return Outcome::Stop(c.error());
   return Outcome::Stop(c.db().lastError().text());
 }
 

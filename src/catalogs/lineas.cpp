@@ -41,12 +41,14 @@ Outcome AltaLinea(const Session& session, const Linea& linea, qint32* numero) {
   Connection c(session.Cadena);
   if (!c.ok()) return Outcome::Stop(c.error());
   Transaction t(c);
-  const qint32 nuevo = mFunciones::NumeroSiguiente(c, u"numero"_s, u"lineas"_s);
+  if (!t.ok()) return Outcome::Stop(t.error());
+  qint32 nuevo = 0;
   QString error;
-  if (!c.Run(u"insert into lineas (numero, nombre, status) values (?, ?, ?)"_s,
-             {nuevo, mFunciones::ValorTexto(linea.nombre), Status(linea)}, &error) ||
+  const QVariantMap fila = {{u"nombre"_s, mFunciones::ValorTexto(linea.nombre)},
+                            {u"status"_s, Status(linea)}};
+  if (!mFunciones::InsertarConNumero(c, u"lineas"_s, u"numero"_s, fila, &nuevo, &error) ||
       !t.Commit()) {
-    return catalogs::ErrorAlGuardar(c, error);
+    return catalogs::ErrorAlGuardar(c, error.isEmpty() ? t.error() : error);
   }
   *numero = nuevo;
   return Outcome::Ok();
@@ -57,6 +59,7 @@ Outcome CambioLinea(const Session& session, const Linea& linea) {
   Connection c(session.Cadena);
   if (!c.ok()) return Outcome::Stop(c.error());
   Transaction t(c);
+  if (!t.ok()) return Outcome::Stop(t.error());
   QString error;
   if (!c.Run(u"update lineas set nombre = ?, status = ? where numero = ?"_s,
              {mFunciones::ValorTexto(linea.nombre), Status(linea), linea.numero}, &error) ||

@@ -105,7 +105,8 @@ Outcome ActualizarCostoDesdeCompra(Connection& c, const RowValues& empresa, cons
   const QString texto = Asignaciones(p, costo, producto.Number(u"impuesto"_s), valores);
   valores << codigo;
   QString error;
-  if (!c.Run(u"update productos set "_s + texto + u" where codigo = ?"_s, valores, &error)) {
+  if (!RunInTransaction(c, u"update productos set "_s + texto + u" where codigo = ?"_s, valores,
+                        &error)) {
     return Outcome::Stop(error);
   }
   if (aplicado) *aplicado = true;

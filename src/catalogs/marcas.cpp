@@ -67,13 +67,17 @@ Outcome AltaMarca(const Session& session, const Marca& marca, qint32* numero) {
   Connection c(session.Cadena);
   if (!c.ok()) return Outcome::Stop(c.error());
   Transaction t(c);
-  const qint32 nuevo = mFunciones::NumeroSiguiente(c, u"numero"_s, u"marcas"_s);
+  if (!t.ok()) return Outcome::Stop(t.error());
+  const QVariantList valores = Valores(marca);
+  QVariantMap fila = {{u"nombre"_s, valores.value(0)}, {u"status"_s, valores.value(6)}};
+  for (int k = 0; k < catalogs::kNiveles; ++k) {
+    fila.insert(u"utilidad%1"_s.arg(k + 1), valores.value(1 + k));
+  }
+  qint32 nuevo = 0;
   QString error;
-  if (!c.Run(u"insert into marcas (nombre, utilidad1, utilidad2, utilidad3, utilidad4, "
-             u"utilidad5, status, numero) values (?, ?, ?, ?, ?, ?, ?, ?)"_s,
-             Valores(marca) << nuevo, &error) ||
+  if (!mFunciones::InsertarConNumero(c, u"marcas"_s, u"numero"_s, fila, &nuevo, &error) ||
       !t.Commit()) {
-    return catalogs::ErrorAlGuardar(c, error);
+    return catalogs::ErrorAlGuardar(c, error.isEmpty() ? t.error() : error);
   }
   *numero = nuevo;
   return Outcome::Ok();
@@ -86,8 +90,9 @@ bool RecalcularPreciosDeMarca(Connection& c, catalogs::Formula formula, qint32 m
   for (int k = 1; k <= catalogs::kNiveles; ++k) {
     asignaciones << Columna("precio", k) + u" = "_s + ExpresionDeNivel(formula, k);
   }
-  return c.Run(u"update productos set "_s + asignaciones.join(u", "_s) + u" where marca = ?"_s,
-               {marca}, error);
+  return RunInTransaction(
+      c, u"update productos set "_s + asignaciones.join(u", "_s) + u" where marca = ?"_s, {marca},
+      error);
 }
 
 bool AplicarUtilidadesEnProductos(Connection& c, catalogs::Formula formula, const Marca& marca,
@@ -95,15 +100,26 @@ bool AplicarUtilidadesEnProductos(Connection& c, catalogs::Formula formula, cons
   QVariantList valores;
   for (double u : marca.utilidades) valores << u;
   valores << marca.numero;
-  return c.Run(
-             u"update productos set utilidad1 = ?, utilidad2 = ?, utilidad3 = ?, "
-             u"utilidad4 = ?, utilidad5 = ? where marca = ?"_s,
-             valores, error) &&
-         RecalcularPreciosDeMarca(c, formula, marca.numero, error) &&
-         c.Run(
-             u"update productos set venta = precio1, precio = precio1 * ( 1 + (impuesto/100) ) "
-             u"where marca = ?"_s,
-             {marca.numero}, error);
+  Transaction t(c);
+  if (!t.ok()) {
+    if (error) *error = t.error();
+    return false;
+  }
+  const bool hecho =
+      c.Run(
+          u"update productos set utilidad1 = ?, utilidad2 = ?, utilidad3 = ?, "
+          u"utilidad4 = ?, utilidad5 = ? where marca = ?"_s,
+          valores, error) &&
+      RecalcularPreciosDeMarca(c, formula, marca.numero, error) &&
+      c.Run(
+          u"update productos set venta = precio1, precio = precio1 * ( 1 + (impuesto/100) ) "
+          u"where marca = ?"_s,
+          {marca.numero}, error);
+  if (hecho && !t.Commit()) {
+    if (error) *error = t.error();
+    return false;
+  }
+  return hecho;
 }
 
 Outcome CambioMarca(const Session& session, const Marca& marca) {
@@ -111,6 +127,7 @@ Outcome CambioMarca(const Session& session, const Marca& marca) {
   Connection c(session.Cadena);
   if (!c.ok()) return Outcome::Stop(c.error());
   Transaction t(c);
+  if (!t.ok()) return Outcome::Stop(t.error());
   QString error;
   bool ok = c.Run(
       u"update marcas set nombre = ?, utilidad1 = ?, utilidad2 = ?, utilidad3 = ?, "

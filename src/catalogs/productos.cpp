@@ -101,6 +101,7 @@ Outcome AltaProducto(const Session& session, const Producto& p) {
   if (Outcome revision = RevisarProducto(session, p, true); !revision) return revision;
   Connection c(session.Cadena);
   Transaction t(c);
+  if (!t.ok()) return Outcome::Stop(t.error());
   const QStringList& columnas = Columnas();
   const QString marcas = QStringList(columnas.size(), u"?"_s).join(u", "_s);
   QString error;
@@ -125,6 +126,7 @@ Outcome CambioProducto(const Session& session, const Producto& cambiado) {
   Producto p = cambiado;
   if (!usuarios::PuedeModificar(session, u"ModificarCosto"_s)) p.costo = guardado.toDouble();
   Transaction t(c);
+  if (!t.ok()) return Outcome::Stop(t.error());
   QStringList asignaciones;
   for (const QString& columna : Columnas().mid(0, Columnas().size() - 1)) {
     asignaciones << columna + u" = ?"_s;

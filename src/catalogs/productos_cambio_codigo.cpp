@@ -30,6 +30,7 @@ Outcome AnotarCambioDeCodigo(const Session& session, const QString& actual, cons
                             u"Actual"_s);
   }
   Transaction t(c);
+  if (!t.ok()) return Outcome::Stop(t.error());
   QSqlQuery q =
       c.Exec(u"update empresa set \"codigo nuevo\" = ?, \"codigo actual\" = ?"_s, {otro, viejo});
   if (q.lastError().isValid()) return catalogs::ErrorAlGuardar(c, QueryError(q));

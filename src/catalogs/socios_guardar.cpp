@@ -155,13 +155,12 @@ Outcome Escribir(Connection& c, const Familia& familia, bool cambio, const RowVa
   const QString tabla = QLatin1String(familia.tabla).toString();
   QString error;
   if (!cambio) {
-    *numero = mFunciones::NumeroSiguiente(c, u"numero"_s, tabla);
-    valores.prepend(*numero);
-    valores << u"ALTA"_s;
-    const QString marcas = QStringList(columnas.size() + 1, u"?"_s).join(u", "_s);
-    if (!c.Run(
-            u"insert into %1 (numero, %2) values (%3)"_s.arg(tabla, columnas.join(u", "_s), marcas),
-            valores, &error)) {
+    QVariantMap fila;
+    for (const Campo* campo : Campos(familia, cambio)) {
+      fila.insert(Columna(*campo), v.Value(Columna(*campo)));
+    }
+    fila.insert(u"status"_s, u"ALTA"_s);
+    if (!mFunciones::InsertarConNumero(c, tabla, u"numero"_s, fila, numero, &error)) {
       return Outcome::Stop(error);
     }
     return Outcome::Ok();
@@ -200,14 +199,14 @@ Resultado GuardarSocio(const Session& session, Socio socio, bool cambio, const R
 
   Transaction transaction(c);
   if (!transaction.ok()) {
-    resultado.outcome = Falla(session, c.db().lastError().text());
+    resultado.outcome = Falla(session, transaction.error());
     return resultado;
   }
   Outcome escrito = Escribir(c, familia, cambio, v, registro.status, &resultado.numero);
   if (escrito && precios != nullptr && socio == Socio::kClientes) {
     escrito = EscribirPreciosCliente(c, resultado.numero, *precios);
   }
-  if (escrito && !transaction.Commit()) escrito = Outcome::Stop(c.db().lastError().text());
+  if (escrito && !transaction.Commit()) escrito = Outcome::Stop(transaction.error());
   if (!escrito && escrito.icon == MessageIcon::kStop) escrito = Falla(session, escrito.message);
   resultado.outcome = escrito;
   return resultado;

@@ -244,7 +244,12 @@ bool EscribirComprobante(Connection& connection, const QString& tabla, const QSt
   asignar(QStringLiteral("hora"), dialect::DateValue(bloque.fecha, connection.sql()));
   asignar(QStringLiteral("receptorcliente"), bloque.receptor.cliente);
   valores << documento;
-  // One statement: it joins the save of the screen that calls it, inside that transaction.
+  // One statement: it joins the save of the screen that calls it, or makes its own.
+  Transaction transaccion(connection);
+  if (!transaccion.ok()) {
+    if (error) *error = transaccion.error();
+    return false;
+  }
   QSqlQuery cambio =
       connection.Exec(QStringLiteral("update ") + dialect::Name(tabla) + QStringLiteral(" set ") +
                           asignaciones.join(QStringLiteral(", ")) + QStringLiteral(" where ") +
@@ -256,6 +261,10 @@ bool EscribirComprobante(Connection& connection, const QString& tabla, const QSt
   }
   if (cambio.numRowsAffected() < 1) {
     if (error) *error = tabla + QStringLiteral(": no existe ") + documento;
+    return false;
+  }
+  if (!transaccion.Commit()) {
+    if (error) *error = transaccion.error();
     return false;
   }
   return true;

@@ -129,7 +129,7 @@ bool GuardarMaterial(Connection& c, FamiliaFolios familia, const RangoFolios& r,
 
 Outcome ErrorAlGuardar(Connection& c, const QString& error) {
   if (!error.isEmpty()) return Outcome::Stop(error);
-  return Outcome::Stop(c.ok() ? c.db().lastError().text() : c.error());
+  return Outcome::Stop(!c.error().isEmpty() ? c.error() : c.db().lastError().text());
 }
 
 }  // namespace
@@ -150,18 +150,16 @@ Outcome GuardarRango(const Session& session, FamiliaFolios familia, bool alta, R
   Connection c(session.Cadena);
   if (!c.ok()) return Outcome::Stop(c.error());
   Transaction t(c);
+  if (!t.ok()) return Outcome::Stop(t.error());
   const QString tabla = Tabla(familia);
   QVariantMap fila;
-  if (alta) {
-    fila = mFunciones::InicializarRegistro(tabla);
-    rango->numero = mFunciones::NumeroSiguiente(c, u"numero"_s, tabla);
-    fila.insert(u"numero"_s, rango->numero);
-  }
+  if (alta) fila = mFunciones::InicializarRegistro(tabla);
   ColumnasDelEsquema(*rango, c.sql(), &fila);
   ColumnasComunes(*rango, familia, &fila);
   QString error;
-  const bool escrito = alta ? Insertar(c, tabla, fila, &error)
-                            : Actualizar(c, tabla, fila, u"numero = ?"_s, {rango->numero}, &error);
+  const bool escrito =
+      alta ? mFunciones::InsertarConNumero(c, tabla, u"numero"_s, fila, &rango->numero, &error)
+           : Actualizar(c, tabla, fila, u"numero = ?"_s, {rango->numero}, &error);
   if (!escrito || !GuardarMaterial(c, familia, *rango, nuevo, &error) || !t.Commit()) {
     return ErrorAlGuardar(c, error);
   }
@@ -238,6 +236,7 @@ Outcome Predeterminar(Session& session, FamiliaFolios familia, qint32 numero) {
   if (!c.ok()) return Outcome::Stop(c.error());
   const QString tabla = dialect::Name(Tabla(familia));
   Transaction t(c);
+  if (!t.ok()) return Outcome::Stop(t.error());
   QString error;
   // A number no row holds would leave the table without a default: nothing changes.
   QSqlQuery q = c.Exec(u"select count(*) from "_s + tabla + u" where numero = ?"_s, {numero});

@@ -4,6 +4,7 @@
 // the row with the block this leaves when no message came back.
 #include <QDir>
 #include <QFile>
+#include <QSaveFile>
 
 #include "core/database.h"
 #include "core/mFunciones.h"
@@ -53,6 +54,19 @@ bool Correr(Paso paso, Contexto& ctx) {
   return false;
 }
 
+// Invoices and credit notes keep their files side by side in xml/, named by serie and folio.
+bool FolioGuardado(Connection& connection, const QString& serie, const QString& folio) {
+  bool numero = false;
+  const qint32 valor = folio.toInt(&numero);
+  if (!numero) return false;
+  return connection
+             .Scalar(QStringLiteral("select (select count(*) from facturas where serie = ? and "
+                                    "folio = ?) + (select count(*) from \"notas cliente\" where "
+                                    "serie = ? and folio = ?)"),
+                     {serie, valor, serie, valor})
+             .toInt() > 0;
+}
+
 // A fault inside the sealing itself is logged and leaves Msg1 as it stands; the screen learns
 // of it through error_interno.
 void Trampa(Contexto& ctx, const QString& descripcion) {
@@ -89,9 +103,16 @@ void Sellar(Contexto& ctx) {
   const QByteArray xml = ConstruirXml(comprobante, formato, ctx.familia.impuestos);
   const QString ruta =
       QDir(ctx.session.CarpetaXml).filePath(NombreArchivoXml(comprobante.Serie, comprobante.Folio));
-  QFile archivo(ruta);
-  if (!archivo.open(QIODevice::WriteOnly | QIODevice::Truncate) ||
-      archivo.write(xml) != xml.size()) {
+  // The file of a document already saved under this serie and folio stays as it is: another
+  // workstation took the folio first, and this document will be saved under the next one.
+  if (QFile::exists(ruta) && FolioGuardado(ctx.connection, comprobante.Serie, comprobante.Folio)) {
+    Falla(ctx, QStringLiteral("El archivo XML pertenece a otro documento ya guardado: ") + ruta);
+    return;
+  }
+  // Written beside and moved into place: a failed write leaves no half file.
+  QSaveFile archivo(ruta);
+  if (!archivo.open(QIODevice::WriteOnly) || archivo.write(xml) != xml.size() ||
+      !archivo.commit()) {
     return Trampa(ctx,
                   QStringLiteral("Sellar: ") + ruta + QLatin1Char(' ') + archivo.errorString());
   }

@@ -38,7 +38,7 @@ Outcome Correr(const Session& session, const std::vector<Paso>& pasos, const Ava
   Connection connection(session.Cadena);
   if (!connection.ok()) return Outcome::Stop(connection.error());
   Transaction transaction(connection);
-  if (!transaction.ok()) return Outcome::Stop(connection.db().lastError().text());
+  if (!transaction.ok()) return Outcome::Stop(connection.error());
   const int total = static_cast<int>(pasos.size());
   for (int i = 0; i < total; ++i) {
     if (avance.paso) avance.paso(pasos[i].etiqueta, i + 1, total);
@@ -48,7 +48,7 @@ Outcome Correr(const Session& session, const std::vector<Paso>& pasos, const Ava
     if (!hecho) return hecho;
     if (avance.terminado) avance.terminado(pasos[i].etiqueta, reloj.elapsed());
   }
-  if (!transaction.Commit()) return Outcome::Stop(connection.db().lastError().text());
+  if (!transaction.Commit()) return Outcome::Stop(connection.error());
   return Outcome::Ok();
 }
 
