@@ -132,8 +132,9 @@ class TestCommands : public QObject {
       for (const char* table : {"tablas", "empresa", "productos", "facturas detalles"}) {
         QVERIFY2(tables.contains(QString::fromUtf8(table)), table);
       }
-      QVERIFY(c.Run(QStringLiteral("insert into marcas (numero, nombre, status) values (?, ?, ?)"),
-                    {7, QStringLiteral("PROPIA"), QStringLiteral("ALTA")}));
+      QVERIFY(testing::Escribir(
+          c, QStringLiteral("insert into marcas (numero, nombre, status) values (?, ?, ?)"),
+          {7, QStringLiteral("PROPIA"), QStringLiteral("ALTA")}));
     }
     run = Ventarix({QStringLiteral("empresa"), QStringLiteral("nueva"), path});
     QCOMPARE(run.code, 1);
@@ -178,7 +179,7 @@ class TestCommands : public QObject {
     const qint64 productos = Count(path, QStringLiteral("productos"));
     {
       Connection c(CadenaDeRuta(path));
-      QVERIFY(c.Run(QStringLiteral("drop table campos")));
+      QVERIFY(testing::Escribir(c, QStringLiteral("drop table campos")));
     }
     run = Ventarix({QStringLiteral("empresa"), QStringLiteral("reparar"), path});
     QVERIFY2(run.code == 0, qPrintable(Describe(run)));

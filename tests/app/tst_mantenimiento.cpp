@@ -82,7 +82,8 @@ class TestMantenimiento : public QObject {
 
   void failureSaysWhyAndExitsNonZero() {
     VENTARIX_COMPANY(company);
-    QVERIFY(Connection(company.cadena()).Run(u"drop table \"traspasos detalles\""_s));
+    Connection c(company.cadena());
+    QVERIFY(testing::Escribir(c, u"drop table \"traspasos detalles\""_s));
     const Run run = Ventarix({u"mantenimiento"_s, u"manto1"_s, u"--empresa="_s + company.path()});
     QCOMPARE(run.code, 1);
     QVERIFY2(run.err.startsWith(u"El mantenimiento no terminó: "_s), qPrintable(Describe(run)));

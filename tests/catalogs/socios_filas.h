@@ -8,6 +8,7 @@
 #include "catalogs/socios.h"
 #include "core/database.h"
 #include "core/session.h"
+#include "support/escribir.h"
 
 namespace ventarix::testing {
 
@@ -33,7 +34,7 @@ inline bool PrepararSocios(const QString& cadena) {
   };
   for (const QString& sentencia : sentencias) {
     QString error;
-    if (!c.Run(sentencia, {}, &error)) {
+    if (!testing::Escribir(c, sentencia, {}, &error)) {
       qWarning("%s", qPrintable(error));
       return false;
     }

@@ -183,7 +183,8 @@ class TestEmpresa : public QObject {
 
     {
       Connection c(s.Cadena);
-      QVERIFY(c.Run(u"update empresa set \"codigo actual\" = 'A1', \"codigo nuevo\" = 'B1'"_s));
+      QVERIFY(testing::Escribir(
+          c, u"update empresa set \"codigo actual\" = 'A1', \"codigo nuevo\" = 'B1'"_s));
     }
     datos = empresa::LeerEmpresa(s);
     datos.Set(u"codigo actual"_s, QString());

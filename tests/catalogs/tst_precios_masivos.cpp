@@ -165,7 +165,7 @@ class TestPreciosMasivos : public QObject {
     QCOMPARE(nuevo.value(7).toDouble(), 0.0);
     nuevo.finish();  // an open read would keep this connection on the old rows
 
-    QVERIFY(c.Run(u"delete from productos where codigo = 'NUEVO-1'"_s));
+    QVERIFY(testing::Escribir(c, u"delete from productos where codigo = 'NUEVO-1'"_s));
     const auto actualizados =
         costos_masivos::GuardarCostos(session, filas, Modo::kActualizar, false);
     QCOMPARE(actualizados.productos, 1);
@@ -213,7 +213,7 @@ class TestPreciosMasivos : public QObject {
     Connection c(company.cadena());
     QVERIFY(ProductoConMargenes(c, u"A1"_s));
     QVERIFY(ProductoConMargenes(c, u"B2"_s));
-    QVERIFY(c.Run(u"update productos set utilidad3 = 100 where codigo = 'B2'"_s));
+    QVERIFY(testing::Escribir(c, u"update productos set utilidad3 = 100 where codigo = 'B2'"_s));
     Session session = SesionCon(company, u"aplicar_utilidad_financiera"_s);
     const auto resultado = costos_masivos::GuardarCostos(
         session, {{u"A1"_s, u"10"_s}, {u"B2"_s, u"10"_s}}, Modo::kActualizar, false);
@@ -230,7 +230,8 @@ class TestPreciosMasivos : public QObject {
     Connection c(company.cadena());
     QVERIFY(ProductoConMargenes(c, u"A1"_s));
     QVERIFY(ProductoConMargenes(c, u"B2"_s));
-    QVERIFY(c.Run(u"update productos set precio = 50, venta = 40 where codigo = 'B2'"_s));
+    QVERIFY(testing::Escribir(
+        c, u"update productos set precio = 50, venta = 40 where codigo = 'B2'"_s));
     Session session = company.MakeSession();
     const Fila a1 = {u"A1"_s, u"1"_s, QString(), QString(), u"1"_s, u"1"_s, u"0"_s, u"116"_s};
     const Fila b2 = {u"B2"_s, u"1"_s, QString(), QString(), u"1"_s, u"1"_s, u"0"_s, QString()};
@@ -299,7 +300,8 @@ class TestPreciosMasivos : public QObject {
 
     // A company row without both codes has nothing waiting: the run ends at once and clears
     // the session's flag.
-    QVERIFY(c.Run(u"update empresa set \"codigo actual\" = 'NUEVO', \"codigo nuevo\" = null"_s));
+    QVERIFY(testing::Escribir(
+        c, u"update empresa set \"codigo actual\" = 'NUEVO', \"codigo nuevo\" = null"_s));
     session.CambioDeCodigoPendiente = true;
     tablas.clear();
     QVERIFY(cambio_codigo::Cambiar(session, avance).ok);
@@ -379,10 +381,11 @@ class TestPreciosMasivos : public QObject {
     QFETCH(QList<double>, esperado);
     Connection c(company.cadena());
     QVERIFY(ProductoConMargenes(c, u"P1"_s, costo));
-    QVERIFY(
-        c.Run(u"update productos set precio = ?, venta = ?, utilidad1 = ?, utilidad2 = 20, "
-              "precio1 = 10, precio2 = 20, precio3 = 30, precio4 = 40, precio5 = 50"_s,
-              {precio, venta, utilidad1}));
+    QVERIFY(testing::Escribir(
+        c,
+        u"update productos set precio = ?, venta = ?, utilidad1 = ?, utilidad2 = 20, "
+        "precio1 = 10, precio2 = 20, precio3 = 30, precio4 = 40, precio5 = 50"_s,
+        {precio, venta, utilidad1}));
     Session session = company.MakeSession();
     precios_producto::Niveles niveles;
     QVERIFY(precios_producto::Leer(session, u"P1"_s, niveles).ok);

@@ -122,7 +122,7 @@ void TstBalances::receiptAndNoteSettleThenCancellationsHold() {
   QCOMPARE(Saldos(c, u"clientes"_s, {7}), QList<double>{20});
 
   // The receipt is cancelled: its rows leave the sum and the invoice is owed again.
-  QVERIFY(c.Run(u"update \"cxc detalles\" set abono = 0 where pago = 'P-3'"_s));
+  QVERIFY(testing::Escribir(c, u"update \"cxc detalles\" set abono = 0 where pago = 'P-3'"_s));
   QVERIFY(mSaldos::RecalcularSaldosFacturas(c, scope).ok);
   QVERIFY(mSaldos::RecalcularSaldoClientes(c, 7).ok);
   COMPARE_ROW(c, u"facturas"_s, u"factura"_s, u"A-10"_s, u"saldo=500|status=POR COBRAR"_s);
@@ -205,7 +205,7 @@ void TstBalances::partyBalances() {
     return clients ? mSaldos::RecalcularSaldoClientes(c, numero)
                    : mSaldos::RecalcularSaldoProveedores(c, numero);
   };
-  QVERIFY(c.Run(u"update %1 set saldo = 999"_s.arg(tables[0])));
+  QVERIFY(testing::Escribir(c, u"update %1 set saldo = 999"_s.arg(tables[0])));
   QVERIFY(parties(2).ok);
   QCOMPARE(Saldos(c, tables[0], {1, 2, 3}), (QList<double>{999, 75.5, 999}));
   QVERIFY(parties(0).ok);
@@ -258,7 +258,7 @@ void TstBalances::deliveryNotesFollowTheirInvoice() {
   QCOMPARE(invoiced("R-6"), old);
 
   // A year later on the server's calendar, nothing of 2024 moves any more.
-  QVERIFY(c.Run(u"update \"facturas detalles\" set remision = 'R-3'"_s));
+  QVERIFY(testing::Escribir(c, u"update \"facturas detalles\" set remision = 'R-3'"_s));
   session.FechaFija = u"20250102"_s;
   QVERIFY(mSaldos::RecalcularStatusRemisiones(c, session, {}).ok);
   QCOMPARE(status({u"R-1"_s, u"R-3"_s}), u"A-1|BAJA"_s);

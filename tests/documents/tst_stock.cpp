@@ -96,9 +96,11 @@ bool Cancelar(Connection& c, Doc& d) {
   const QString where = u" where "_s + dialect::Name(d.columna_clave) + u" = ?"_s;
   const QString header =
       d.tabla == u"produccion" ? u"cantidad = 0, status = 'BAJA'"_s : u"status = 'BAJA'"_s;
-  if (!c.Run(u"update "_s + dialect::Name(d.tabla + u" detalles"_s) + u" set "_s + zero + where,
-             {d.clave}) ||
-      !c.Run(u"update "_s + dialect::Name(d.tabla) + u" set "_s + header + where, {d.clave})) {
+  if (!testing::Escribir(
+          c, u"update "_s + dialect::Name(d.tabla + u" detalles"_s) + u" set "_s + zero + where,
+          {d.clave}) ||
+      !testing::Escribir(c, u"update "_s + dialect::Name(d.tabla) + u" set "_s + header + where,
+                         {d.clave})) {
     return false;
   }
   d.baja = true;
@@ -208,8 +210,9 @@ void TestStock::productionCountsByEngine() {
   QCOMPARE(Existencia(c, u"A"_s, 1), -2.5);
   QCOMPARE(Existencia(c, u"B"_s, 1), company.sql() ? 3.0 : 0.0);
 
-  QVERIFY(c.Run(u"update produccion set termino = ?, status = 'CERRADA' where produccion = ?"_s,
-                {dialect::DateValue(testing::DiaDePrueba(), c.sql()), u"O-1"_s}));
+  QVERIFY(testing::Escribir(
+      c, u"update produccion set termino = ?, status = 'CERRADA' where produccion = ?"_s,
+      {dialect::DateValue(testing::DiaDePrueba(), c.sql()), u"O-1"_s}));
   QVERIFY(mInventario::RecalcularExistencias(c, 1, QStringList{u"A"_s, u"B"_s}, &error));
   QCOMPARE(Existencia(c, u"B"_s, 1), 3.0);
 }
@@ -273,9 +276,11 @@ void TestStock::incrementalMovesMatchRebuild() {
     if (abierto && abierto->baja) abierto = nullptr;
     if (accion >= 5 && accion <= 7 && abierto) {  // change: undo, rewrite the rows, apply
       QVERIFY(Mover(c, *abierto, -1));
-      QVERIFY(c.Run(u"delete from "_s + dialect::Name(abierto->tabla + u" detalles"_s) +
-                        u" where "_s + dialect::Name(abierto->columna_clave) + u" = ?"_s,
-                    {abierto->clave}));
+      QVERIFY(testing::Escribir(c,
+                                u"delete from "_s + dialect::Name(abierto->tabla + u" detalles"_s) +
+                                    u" where "_s + dialect::Name(abierto->columna_clave) +
+                                    u" = ?"_s,
+                                {abierto->clave}));
       abierto->filas = filas(*abierto);
       QVERIFY(Escribir(c, *abierto, false));
       QVERIFY(Mover(c, *abierto, 1));
@@ -286,10 +291,11 @@ void TestStock::incrementalMovesMatchRebuild() {
       abierto->cerrada = !abierto->cerrada;
       QVERIFY(mInventario::ActualizarExistenciasProduccion(c, abierto->clave,
                                                            abierto->cerrada ? 1 : -1));
-      QVERIFY(c.Run(u"update produccion set termino = ? where produccion = ?"_s,
-                    {abierto->cerrada ? dialect::DateValue(testing::DiaDePrueba(), c.sql())
-                                      : dialect::DateValue(QDateTime(), c.sql()),
-                     abierto->clave}));
+      QVERIFY(
+          testing::Escribir(c, u"update produccion set termino = ? where produccion = ?"_s,
+                            {abierto->cerrada ? dialect::DateValue(testing::DiaDePrueba(), c.sql())
+                                              : dialect::DateValue(QDateTime(), c.sql()),
+                             abierto->clave}));
     } else {
       Doc d = NuevoDoc(familias[gen.bounded(familias.size())], u"D-%1"_s.arg(paso),
                        1 + gen.bounded(5), {});

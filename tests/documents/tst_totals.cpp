@@ -166,8 +166,8 @@ void TstTotals::clerksInvoiceAndCreditNote() {
   const QDateTime fecha(QDate(2024, 3, 15), QTime(9, 0));
   QVERIFY(AddDocument(c, u"notas cliente"_s, u"nota"_s, u"NC-1"_s, {{1, 100, 0, 16}}));
   QVERIFY(mSaldos::TotalizarNotaCliente(c, session, u"NC-1"_s, fecha, u"DEVOLUCION"_s).ok);
-  QVERIFY(
-      c.Run(u"update \"notas cliente detalles\" set precio = 50 where nota = ?"_s, {u"NC-1"_s}));
+  QVERIFY(testing::Escribir(
+      c, u"update \"notas cliente detalles\" set precio = 50 where nota = ?"_s, {u"NC-1"_s}));
   QVERIFY(mSaldos::TotalizarNotaCliente(c, session, u"NC-1"_s, fecha, u"DESCUENTO"_s).ok);
   // An empty text afterwards leaves the existing summary as it stands.
   QVERIFY(mSaldos::TotalizarNotaCliente(c, session, u"NC-1"_s, fecha, QString()).ok);
@@ -264,7 +264,7 @@ void TstTotals::relatedDocumentsList() {
            QStringList{QString()});
   // The orders behind a purchase, read from another family's rows.
   QVERIFY(AddDocument(c, u"compras"_s, u"compra"_s, u"C-1"_s, {{1, 1}}));
-  QVERIFY(c.Run(u"update \"compras detalles\" set orden = 'O-5'"_s));
+  QVERIFY(testing::Escribir(c, u"update \"compras detalles\" set orden = 'O-5'"_s));
   QCOMPARE(mSaldos::ListaDocumentosRelacionados(c, u"compras"_s, u"compra"_s, u"C-1"_s, u"orden"_s),
            QStringList{u"O-5"_s});
 }

@@ -9,6 +9,7 @@
 #include "core/database.h"
 #include "edocs/empresa_sellado.h"
 #include "edocs/mDigital.h"
+#include "support/escribir.h"
 #include "support/test_company.h"
 
 // The sealing company of the current global engine row and its session.
@@ -28,7 +29,7 @@ inline bool EjecutarSql(const Session& s, const QString& sentencia,
                         const QVariantList& valores = {}) {
   Connection c(s.Cadena);
   QString error;
-  if (!c.Run(sentencia, valores, &error)) qWarning() << error;
+  if (!testing::Escribir(c, sentencia, valores, &error)) qWarning() << error;
   return error.isEmpty();
 }
 

@@ -80,8 +80,8 @@ bool GuardarFactura(const Session& s, const QString& factura, const Comprobante&
   Connection c(s.Cadena);
   return InsertarDocumento(c, u"facturas"_s, u"factura"_s, factura, bloque, error) &&
          EscribirComprobante(c, u"facturas"_s, u"factura"_s, factura, bloque, error) &&
-         c.Run(u"update facturas set esquema = ?, status = ? where factura = ?"_s,
-               {esquema, status, factura}, error);
+         testing::Escribir(c, u"update facturas set esquema = ?, status = ? where factura = ?"_s,
+                           {esquema, status, factura}, error);
 }
 
 Session SesionConXml(const testing::TestCompany& company) {
@@ -167,7 +167,7 @@ class TestCfdiXmlFilas : public QObject {
           "'16', '185.68')"_s,
           u"insert into \"viejas detalles\" values ('V-1', 1, 'TOR-01', '3', '386.8333', "
           "'1,160.50')"_s}) {
-      QVERIFY2(c.Run(ddl, {}, &error), qPrintable(error));
+      QVERIFY2(testing::Escribir(c, ddl, {}, &error), qPrintable(error));
     }
     Comprobante leido;
     QVERIFY(LeerComprobante(c, u"viejas"_s, u"factura"_s, u"V-1"_s, &leido));

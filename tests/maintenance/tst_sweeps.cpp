@@ -103,7 +103,8 @@ const QMap<QString, Stock> kEnAnaquel = {
 };
 
 bool Estropear(Connection& c, double existencia) {
-  return c.Run(
+  return testing::Escribir(
+      c,
       u"update productos set almacen1 = ?, almacen2 = ?, almacen3 = ?, almacen4 = ?, "
       u"almacen5 = ?"_s,
       {existencia, existencia, existencia, existencia, existencia});
@@ -173,7 +174,7 @@ class TestSweeps : public QObject {
     Connection c(company.cadena());
     QVERIFY(Tienda(c));
     QVERIFY(Estropear(c, 7));
-    QVERIFY(c.Run(u"drop table \"produccion detalles\""_s));
+    QVERIFY(testing::Escribir(c, u"drop table \"produccion detalles\""_s));
 
     Pasos pasos;
     const Outcome hecho = mantenimiento::Manto1(company.MakeSession(), pasos.avance());

@@ -181,7 +181,7 @@ class TestPreciosMasivosForms : public QObject {
     QVERIFY(InsertarFila(
         c, u"empresa"_s,
         {{u"numero"_s, 1}, {u"codigo actual"_s, u"VIEJO"_s}, {u"codigo nuevo"_s, u"NUEVO"_s}}));
-    QVERIFY(c.Run(u"drop table \"traspasos detalles\""_s));
+    QVERIFY(testing::Escribir(c, u"drop table \"traspasos detalles\""_s));
     Session session = Sesion(company);
     session.RegistroActual = u"VIEJO"_s;
     ModalCatcher catcher;
@@ -203,9 +203,10 @@ class TestPreciosMasivosForms : public QObject {
     VENTARIX_COMPANY(company);
     Connection c(company.cadena());
     QVERIFY(ProductoConMargenes(c, u"A1"_s));
-    QVERIFY(
-        c.Run(u"update productos set costo = 10, precio1 = 13, precio2 = 12.5, precio3 = 12, "
-              "precio4 = 11.5, precio5 = 11 where codigo = 'A1'"_s));
+    QVERIFY(testing::Escribir(
+        c,
+        u"update productos set costo = 10, precio1 = 13, precio2 = 12.5, precio3 = 12, "
+        "precio4 = 11.5, precio5 = 11 where codigo = 'A1'"_s));
     Session session = Sesion(company);
     session.RegistroActual = u"A1"_s;
     {

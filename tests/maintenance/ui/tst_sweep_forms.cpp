@@ -111,7 +111,7 @@ class TestSweepForms : public QObject {
   void failureIsShownAndTheWindowCloses() {
     VENTARIX_COMPANY(company);
     Connection c(company.cadena());
-    QVERIFY(c.Run(u"drop table \"traspasos detalles\""_s));
+    QVERIFY(testing::Escribir(c, u"drop table \"traspasos detalles\""_s));
     Session session = Sesion(company);
     ModalCatcher catcher;
     Apertura apertura(session, u"MDIInicioManto1"_s, [](QMdiSubWindow*) {});
