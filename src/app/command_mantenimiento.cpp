@@ -37,11 +37,6 @@ QString Empresa(const QStringList& args) {
 bool AbrirEmpresa(const QString& path, Session& session, QString* error) {
   inicio::PrepararSesion(session);
   startup::AplicarEleccion(session, startup::EleccionDeArchivo(path));
-  if (session.BaseDatos.isEmpty()) {
-    *error = QStringLiteral("La empresa debe ser un archivo .mdb o un archivo de conexión .txt: ") +
-             path;
-    return false;
-  }
   if (!QFileInfo::exists(session.BaseDatos)) {
     *error = QStringLiteral("No existe la empresa ") + path;
     return false;

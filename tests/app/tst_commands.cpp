@@ -1,4 +1,7 @@
+#include <unistd.h>
+
 #include <QDir>
+#include <QFileInfo>
 #include <QRegularExpression>
 #include <QSqlQuery>
 #include <QTest>
@@ -100,12 +103,10 @@ class TestCommands : public QObject {
         << QStringList{mant, QStringLiteral("manto2"), QStringLiteral("--empresa"),
                        QStringLiteral("/no/existe/e.mdb")}
         << 1 << QStringLiteral("No existe la empresa /no/existe/e.mdb");
-    QTest::newRow("mantenimiento de archivo de otra clase")
+    QTest::newRow("mantenimiento de archivo de otra extensión")
         << QStringList{mant, QStringLiteral("manto2"), QStringLiteral("--empresa"),
-                       QStringLiteral("/tmp/e.xls")}
-        << 1
-        << QStringLiteral(
-               "La empresa debe ser un archivo .mdb o un archivo de conexión .txt: /tmp/e.xls");
+                       QStringLiteral("/no/existe/e.db")}
+        << 1 << QStringLiteral("No existe la empresa /no/existe/e.db");
   }
   void MalUsoExplicaLaOrden() {
     QFETCH_GLOBAL(QString, engine);
@@ -118,10 +119,11 @@ class TestCommands : public QObject {
     QVERIFY2((run.out + run.err).contains(says), qPrintable(Describe(run)));
   }
 
-  // A new company has every table; a second `nueva` on it is refused and loses nothing.
+  // A new company has every table, whatever its file's extension, and the sweeps open it; a
+  // second `nueva` on it is refused and loses nothing.
   void NuevaNoSobrescribe() {
     VENTARIX_EMPTY(target);
-    const QString path = NewPath(target, QStringLiteral("nueva.mdb"));
+    const QString path = NewPath(target, QStringLiteral("tienda.db"));
     Run run = Ventarix({QStringLiteral("empresa"), QStringLiteral("nueva"), path});
     QVERIFY2(run.code == 0, qPrintable(Describe(run)));
     QVERIFY(run.out.contains(QStringLiteral("Empresa creada: ") + path));
@@ -135,6 +137,9 @@ class TestCommands : public QObject {
       QVERIFY(c.Run(QStringLiteral("insert into marcas (numero, nombre, status) values (?, ?, ?)"),
                     {7, QStringLiteral("PROPIA"), QStringLiteral("ALTA")}));
     }
+    run = Ventarix({QStringLiteral("mantenimiento"), QStringLiteral("manto2"),
+                    QStringLiteral("--empresa"), path});
+    QVERIFY2(run.code == 0, qPrintable(Describe(run)));
     run = Ventarix({QStringLiteral("empresa"), QStringLiteral("nueva"), path});
     QCOMPARE(run.code, 1);
     QVERIFY2(run.err.contains(QStringLiteral("No se creó la empresa")), qPrintable(Describe(run)));
@@ -192,6 +197,76 @@ class TestCommands : public QObject {
     QVERIFY2(run.code == 0, qPrintable(Describe(run)));
     QVERIFY2(run.out.contains(QStringLiteral("La estructura de la empresa está completa.")),
              qPrintable(Describe(run)));
+  }
+
+  void EmpresaIlegibleLoDice_data() {
+    QTest::addColumn<QString>("dano");
+    QTest::addColumn<QStringList>("orden");
+    QTest::addColumn<QString>("says");
+    const QStringList reparar{QStringLiteral("empresa"), QStringLiteral("reparar")};
+    const QStringList manto2{QStringLiteral("mantenimiento"), QStringLiteral("manto2"),
+                             QStringLiteral("--empresa")};
+    const QString danada = QStringLiteral("La base de datos está dañada o no se puede leer: ");
+    QTest::newRow("texto, reparar") << QStringLiteral("texto") << reparar << danada;
+    QTest::newRow("texto, manto2") << QStringLiteral("texto") << manto2 << danada;
+    QTest::newRow("cortada, reparar") << QStringLiteral("cortada") << reparar << danada;
+    QTest::newRow("cortada, manto2") << QStringLiteral("cortada") << manto2 << danada;
+    QTest::newRow("carpeta de solo lectura, reparar")
+        << QStringLiteral("solo lectura") << reparar << danada;
+    QTest::newRow("claves repetidas, reparar")
+        << QStringLiteral("repetidas") << reparar
+        << QStringLiteral("Índice único marcas0 no creado: 1 claves repetidas en marcas");
+  }
+
+  // A company that can't be read whole, or that the repair could not complete, is never called
+  // complete nor swept: the command says why and fails.
+  void EmpresaIlegibleLoDice() {
+    QFETCH(QString, dano);
+    QFETCH(QStringList, orden);
+    QFETCH(QString, says);
+    VENTARIX_COMPANY(company);
+    const bool archivo = dano != QLatin1String("repetidas");
+    if (archivo && company.sql()) QSKIP("a damaged file is a SQLite company's");
+    const QString path = company.path();
+    const QString carpeta = company.folder();
+    if (dano == QLatin1String("texto")) {
+      QVERIFY(QFile::remove(path));
+      QFile texto(path);
+      QVERIFY(texto.open(QIODevice::WriteOnly));
+      texto.write(QByteArray("Lista de precios\n").repeated(400));
+    } else if (dano == QLatin1String("cortada")) {
+      QVERIFY(QFile::resize(path, QFileInfo(path).size() / 2));
+    } else if (dano == QLatin1String("solo lectura")) {
+      if (!SoloLectura(carpeta, true)) QSKIP("this file system keeps no folder from root");
+    } else {
+      Connection c(company.cadena());
+      QVERIFY(c.Run(QStringLiteral("drop index marcas0")));
+      for (const char* nombre : {"PROPIA", "OTRA"}) {
+        QVERIFY(c.Run(QStringLiteral("insert into marcas (numero, nombre, status) values (7, ?, "
+                                     "'ALTA')"),
+                      {QString::fromLatin1(nombre)}));
+      }
+    }
+    const Run run = Ventarix(orden << path);
+    if (dano == QLatin1String("solo lectura")) SoloLectura(carpeta, false);
+    QCOMPARE(run.code, 1);
+    QVERIFY2(run.err.contains(says), qPrintable(Describe(run)));
+    QVERIFY2(!run.out.contains(QStringLiteral("completa")) &&
+                 !run.out.contains(QStringLiteral("Terminado")),
+             qPrintable(Describe(run)));
+  }
+
+ private:
+  // A folder nobody may write in, not even root (who passes over permissions): made
+  // immutable then. False when the file system can't do that.
+  static bool SoloLectura(const QString& carpeta, bool solo) {
+    if (::geteuid() == 0) {
+      return QProcess::execute(QStringLiteral("chattr"),
+                               {solo ? QStringLiteral("+i") : QStringLiteral("-i"), carpeta}) == 0;
+    }
+    return QFile::setPermissions(carpeta,
+                                 solo ? QFile::ReadOwner | QFile::ExeOwner
+                                      : QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
   }
 };
 
