@@ -7,6 +7,7 @@
 #include "app/commands.h"
 #include "core/database.h"
 #include "core/inicio.h"
+#include "core/mFunciones.h"
 #include "core/session_load.h"
 #include "core/startup.h"
 #include "maintenance/sweeps.h"
@@ -110,6 +111,8 @@ int RunMantenimiento(const QStringList& args) {
   if (!hecho) {
     out << Qt::endl;
     PrintError(QStringLiteral("El mantenimiento no terminó: ") + hecho.message);
+    // The company's folder tree is known by now: the month's error log keeps it too.
+    mFunciones::RegistrarError(session, hecho.message);
     return kExitFailed;
   }
   if (barrido == &mantenimiento::Barrido)

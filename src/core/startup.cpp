@@ -104,8 +104,8 @@ Outcome ChecarEmpresa(Session& session) {
   for (const QString& name : connection.Tables()) {
     if (name.compare(tabla, Qt::CaseInsensitive) == 0) return Outcome::Ok();
   }
-  return Outcome::Stop(QStringLiteral("En la base de datos:\n") + session.BaseDatos +
-                       QStringLiteral("\nno existe la tabla: ") + tabla);
+  return Outcome::Refuse(QStringLiteral("En la base de datos:\n") + session.BaseDatos +
+                         QStringLiteral("\nno existe la tabla: ") + tabla);
 }
 
 bool PedirDireccionRemota(const Session& session) {

@@ -45,8 +45,10 @@ void FocusField(QWidget* form, const QString& field) {
   if (auto* spin = qobject_cast<QAbstractSpinBox*>(target)) spin->selectAll();
 }
 
-void ShowOutcome(QWidget* form, const Outcome& outcome) {
-  if (!outcome.message.isEmpty()) {
+void ShowOutcome(QWidget* form, const Session& session, const Outcome& outcome) {
+  if (outcome.IsRunTimeError() && !outcome.message.isEmpty()) {
+    MostrarError(form, session, outcome.message);
+  } else if (!outcome.message.isEmpty()) {
     Show(form, outcome.message, IconOf(outcome.icon), QMessageBox::Ok, QMessageBox::Ok);
   }
   FocusField(form, outcome.field);
