@@ -71,9 +71,14 @@ Outcome OpenEmpty(const QString& path, std::unique_ptr<Connection>& connection, 
   }
   const QFileInfo info(path);
   const bool existed = info.exists() && info.size() > 0;
-  if (!info.exists()) {
+  if (!existed) {
+    // The company's whole business is in the file: the workstations' accounts, which share
+    // the owner's group on one machine, read and write it; nobody else reads it. SQLite gives
+    // its -wal and -shm files the same permissions.
+    constexpr QFile::Permissions kEmpresa =
+        QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup | QFile::WriteGroup;
     QFile file(path);
-    if (!file.open(QIODevice::WriteOnly)) {
+    if (!file.open(QIODevice::WriteOnly, kEmpresa) || !file.setPermissions(kEmpresa)) {
       return Outcome::Stop(QStringLiteral("No se pudo crear el archivo: ") + path +
                            QLatin1Char('\n') + file.errorString());
     }

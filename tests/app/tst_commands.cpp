@@ -256,6 +256,31 @@ class TestCommands : public QObject {
              qPrintable(Describe(run)));
   }
 
+  void EmpresaPrivada_data() {
+    QTest::addColumn<QStringList>("orden");
+    QTest::newRow("nueva") << QStringList{QStringLiteral("empresa"), QStringLiteral("nueva")};
+    QTest::newRow("demo") << QStringList{QStringLiteral("demo")};
+    QTest::newRow("copiar") << QStringList{QStringLiteral("empresa"), QStringLiteral("copiar"),
+                                           QStringLiteral("ORIGEN")};
+  }
+
+  // A SQLite company made by any command is read and written by its owner and the owner's
+  // group (the workstations' accounts on one machine), by nobody else.
+  void EmpresaPrivada() {
+    QFETCH(QStringList, orden);
+    VENTARIX_COMPANY(company);
+    if (company.sql()) QSKIP("a PostgreSQL company has no file of its own");
+    const QString path = QDir(company.folder()).filePath(QStringLiteral("nueva.mdb"));
+    orden.replaceInStrings(QStringLiteral("ORIGEN"), company.path());
+    const Run run = Ventarix(orden << path);
+    QVERIFY2(run.code == 0, qPrintable(Describe(run)));
+    const QFile::Permissions todos = QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner |
+                                     QFile::ReadGroup | QFile::WriteGroup | QFile::ExeGroup |
+                                     QFile::ReadOther | QFile::WriteOther | QFile::ExeOther;
+    QCOMPARE(QFileInfo(path).permissions() & todos,
+             QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup | QFile::WriteGroup);
+  }
+
  private:
   // A folder nobody may write in, not even root (who passes over permissions): made
   // immutable then. False when the file system can't do that.
