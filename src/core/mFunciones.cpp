@@ -70,6 +70,8 @@ void CrearCarpetas(Session& session) {
   session.CarpetaEmpresa = Carpeta(session.CarpetaEmpresas + QLatin1Char('/') +
                                    NombreDeCarpeta(session.empresa.Text(QStringLiteral("rfc"))));
   session.CarpetaCer = Carpeta(session.CarpetaEmpresa + QStringLiteral("/cer"));
+  // Certificates and private keys: for the owner of the account alone.
+  QFile::setPermissions(session.CarpetaCer, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
   session.CarpetaXml = Carpeta(session.CarpetaEmpresa + QStringLiteral("/xml"));
   session.CarpetaRpt = Carpeta(session.CarpetaEmpresa + QStringLiteral("/rpt"));
   session.CarpetaBak = Carpeta(session.CarpetaEmpresa + QStringLiteral("/bak"));
