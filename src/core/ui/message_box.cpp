@@ -6,6 +6,7 @@
 #include <QWidget>
 
 #include "core/mFunciones.h"
+#include "core/passwords.h"
 
 namespace ventarix::ui {
 
@@ -13,7 +14,8 @@ namespace {
 
 int Show(QWidget* parent, const QString& text, QMessageBox::Icon icon,
          QMessageBox::StandardButtons buttons, QMessageBox::StandardButton default_button) {
-  QMessageBox box(icon, QString::fromLatin1(kTitulo), text, buttons, parent);
+  // Whatever a box says, a connection string's password is not shown.
+  QMessageBox box(icon, QString::fromLatin1(kTitulo), passwords::Enmascarar(text), buttons, parent);
   box.setDefaultButton(default_button);
   return box.exec();
 }
