@@ -85,7 +85,7 @@ void Medir(const char* motor, const QString& cadena, const QString& carpeta) {
   const qint64 listar = reloj.elapsed();
   reloj.restart();
   const QString path = edocs::ArchivoInforme(session, QDate(2024, 6, 1));
-  const Outcome escrito = edocs::EscribirInforme(session, path, listado.renglones);
+  const Outcome escrito = edocs::EscribirInforme(path, listado.renglones);
   const qint64 escribir = reloj.elapsed();
   std::printf("%-10s month listed %6lld ms, file written %6lld ms   %lld rows %s\n", motor,
               static_cast<long long>(listar), static_cast<long long>(escribir),

@@ -28,7 +28,8 @@ int Nueva(const QString& path) {
   return kExitOk;
 }
 
-// An existing company opened for upkeep or as the source of a copy; *error says why not.
+// An existing company opened for upkeep or as the source of a copy, its file read whole;
+// *error says why not.
 QString CadenaExistente(const QString& path, QString* error) {
   const QString cadena = CadenaDeRuta(path);
   if (cadena.isEmpty()) {
@@ -36,9 +37,8 @@ QString CadenaExistente(const QString& path, QString* error) {
     return {};
   }
   Connection connection(cadena);
-  if (!connection.ok()) {
-    *error = QStringLiteral("No se puede abrir la empresa ") + path + QStringLiteral(": ") +
-             connection.error();
+  if (const Outcome legible = RevisarIntegridad(connection, path, true); !legible) {
+    *error = legible.message;
     return {};
   }
   return cadena;
@@ -55,8 +55,10 @@ int Reparar(const QString& path) {
     ++changes;
   });
   if (!done) return Failed(QStringLiteral("La reparación no terminó: ") + done.message);
-  Print(changes == 0 ? QStringLiteral("La estructura de la empresa está completa.")
-                     : QStringLiteral("Cambios aplicados: %1").arg(changes));
+  if (changes > 0) Print(QStringLiteral("Cambios aplicados: %1").arg(changes));
+  // What the stored rows did not allow is still to do: the company is not complete.
+  if (!done.message.isEmpty()) return Failed(done.message);
+  if (changes == 0) Print(QStringLiteral("La estructura de la empresa está completa."));
   return kExitOk;
 }
 

@@ -7,6 +7,7 @@
 #include "app/commands.h"
 #include "core/database.h"
 #include "core/inicio.h"
+#include "core/mFunciones.h"
 #include "core/session_load.h"
 #include "core/startup.h"
 #include "maintenance/sweeps.h"
@@ -37,11 +38,6 @@ QString Empresa(const QStringList& args) {
 bool AbrirEmpresa(const QString& path, Session& session, QString* error) {
   inicio::PrepararSesion(session);
   startup::AplicarEleccion(session, startup::EleccionDeArchivo(path));
-  if (session.BaseDatos.isEmpty()) {
-    *error = QStringLiteral("La empresa debe ser un archivo .mdb o un archivo de conexión .txt: ") +
-             path;
-    return false;
-  }
   if (!QFileInfo::exists(session.BaseDatos)) {
     *error = QStringLiteral("No existe la empresa ") + path;
     return false;
@@ -115,6 +111,8 @@ int RunMantenimiento(const QStringList& args) {
   if (!hecho) {
     out << Qt::endl;
     PrintError(QStringLiteral("El mantenimiento no terminó: ") + hecho.message);
+    // The company's folder tree is known by now: the month's error log keeps it too.
+    mFunciones::RegistrarError(session, hecho.message);
     return kExitFailed;
   }
   if (barrido == &mantenimiento::Barrido)

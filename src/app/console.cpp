@@ -3,17 +3,19 @@
 #include <QTextStream>
 
 #include "app/commands.h"
+#include "core/passwords.h"
 
 namespace ventarix::app {
 
+// A connection string's password never reaches the console (nor a night's log of it).
 void Print(const QString& line) {
   QTextStream out(stdout);
-  out << line << '\n';
+  out << passwords::Enmascarar(line) << '\n';
 }
 
 void PrintError(const QString& line) {
   QTextStream err(stderr);
-  err << line << '\n';
+  err << passwords::Enmascarar(line) << '\n';
 }
 
 void PrintHelp() {

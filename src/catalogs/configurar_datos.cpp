@@ -64,8 +64,7 @@ QStringList UsuariosConfigurables(const Session& session, Outcome* error) {
   QSqlQuery query;
   if (connection.ok()) query = connection.Exec(u"select usuario from usuarios order by usuario"_s);
   if (!connection.ok() || !query.isActive()) {
-    const Outcome falla =
-        usuarios::sql::Falla(session, connection.ok() ? QueryError(query) : connection.error());
+    const Outcome falla = Outcome::Stop(connection.ok() ? QueryError(query) : connection.error());
     if (error) *error = falla;
     return {session.Usuario};
   }
@@ -93,8 +92,7 @@ RowValues LeerConfiguracion(const Session& session, const QString& usuario, Outc
         {usuario});
   }
   if (!connection.ok() || !query.isActive()) {
-    const Outcome falla =
-        usuarios::sql::Falla(session, connection.ok() ? QueryError(query) : connection.error());
+    const Outcome falla = Outcome::Stop(connection.ok() ? QueryError(query) : connection.error());
     if (error) *error = falla;
     return fila;
   }

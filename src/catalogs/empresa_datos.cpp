@@ -61,7 +61,7 @@ RowValues LeerEmpresa(const Session& session, Outcome* error) {
                         : !query.isActive() ? QueryError(query)
                                             : QString();
   if (!falla.isEmpty()) {
-    const Outcome stop = usuarios::sql::Falla(session, falla);
+    const Outcome stop = Outcome::Stop(falla);
     if (error) *error = stop;
     return EmpresaNueva(session);
   }

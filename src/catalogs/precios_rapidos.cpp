@@ -26,7 +26,7 @@ Outcome LeerPreciosRapidos(const Session& session, const QString& codigo, Precio
   QSqlQuery q =
       c.Exec(u"select precio, impuesto, costo, venta from productos where codigo = ?"_s, {codigo});
   if (!q.next()) {
-    return Outcome::Stop(u"Este código no existe en el catálogo de productos"_s);
+    return Outcome::Refuse(u"Este código no existe en el catálogo de productos"_s);
   }
   *precios = {q.value(0).toDouble(), q.value(1).toDouble(), q.value(2).toDouble(),
               q.value(3).toDouble()};
@@ -51,7 +51,7 @@ Outcome GuardarPreciosRapidos(const Session& session, const QString& codigo,
                        valores);
   if (q.lastError().isValid()) return catalogs::ErrorAlGuardar(c, QueryError(q));
   if (q.numRowsAffected() == 0) {
-    return Outcome::Stop(u"Este código no existe en el catálogo de productos"_s);
+    return Outcome::Refuse(u"Este código no existe en el catálogo de productos"_s);
   }
   if (!t.Commit()) return catalogs::ErrorAlGuardar(c, error);
   return Outcome::Ok();

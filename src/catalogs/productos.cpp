@@ -120,7 +120,7 @@ Outcome CambioProducto(const Session& session, const Producto& cambiado) {
   const QVariant guardado =
       c.Scalar(u"select costo from productos where codigo = ?"_s, {Texto(cambiado.codigo)});
   if (!guardado.isValid()) {
-    return Outcome::Stop(u"Este código no existe en el catálogo de productos"_s, u"Codigo"_s);
+    return Outcome::Refuse(u"Este código no existe en el catálogo de productos"_s, u"Codigo"_s);
   }
   // A user barred from costs keeps the stored one, and the levels are priced from it.
   Producto p = cambiado;

@@ -20,12 +20,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// The engine's words, kept in the month's error log and shown with a stop.
-Outcome Falla(const Session& session, const QString& descripcion) {
-  mFunciones::RegistrarError(session, descripcion);
-  return Outcome::Stop(descripcion);
-}
-
 QString Columna(const Campo& campo) { return QLatin1String(campo.columna).toString().toLower(); }
 
 // Any text gives a number; one too large for the column gives the largest it holds.
@@ -185,7 +179,7 @@ Resultado GuardarSocio(const Session& session, Socio socio, bool cambio, const R
   resultado.numero = registro.numero;
   Connection c(session.Cadena);
   if (!c.ok()) {
-    resultado.outcome = Falla(session, c.error());
+    resultado.outcome = Outcome::Stop(c.error());
     return resultado;
   }
   const RowValues v = Limpiar(familia, cambio, registro);
@@ -199,7 +193,7 @@ Resultado GuardarSocio(const Session& session, Socio socio, bool cambio, const R
 
   Transaction transaction(c);
   if (!transaction.ok()) {
-    resultado.outcome = Falla(session, transaction.error());
+    resultado.outcome = Outcome::Stop(transaction.error());
     return resultado;
   }
   Outcome escrito = Escribir(c, familia, cambio, v, registro.status, &resultado.numero);
@@ -207,7 +201,6 @@ Resultado GuardarSocio(const Session& session, Socio socio, bool cambio, const R
     escrito = EscribirPreciosCliente(c, resultado.numero, *precios);
   }
   if (escrito && !transaction.Commit()) escrito = Outcome::Stop(transaction.error());
-  if (!escrito && escrito.icon == MessageIcon::kStop) escrito = Falla(session, escrito.message);
   resultado.outcome = escrito;
   return resultado;
 }

@@ -1,10 +1,9 @@
 #include "core/ayuda.h"
 
-#include <cmath>
-
 #include <QLocale>
 
 #include "core/ayuda_peticiones.h"
+#include "core/browse_filter.h"
 #include "core/dialect.h"
 
 namespace ventarix::ayuda {
@@ -71,18 +70,8 @@ mBrowse::Condicion BusquedaEnAyuda(Engine engine, const BusquedaAyuda& busqueda,
                                    const QString& respuesta) {
   const QString texto = respuesta.trimmed();
   if (texto == QLatin1String("*")) return {};
-  if (busqueda.igual) {
-    const double numero = Numero(texto);
-    if (numero == std::trunc(numero) && std::abs(numero) < 9.0e15) {
-      return {busqueda.columna + QStringLiteral(" = ?"), {static_cast<qlonglong>(numero)}};
-    }
-    // PostgreSQL would round a fraction to the integer key column's type and find the
-    // neighbour; compared as a decimal it finds nothing, as it should.
-    return {busqueda.columna + QStringLiteral(" * 1.0 = ?"), {numero}};
-  }
-  return {busqueda.columna + QLatin1Char(' ') + dialect::ILike(engine == Engine::kPostgres) +
-              QStringLiteral(" ?"),
-          {QLatin1Char('%') + texto + QLatin1Char('%')}};
+  if (busqueda.igual) return mBrowse::IgualAClave(busqueda.columna, Numero(texto));
+  return mBrowse::Contiene(engine, busqueda.columna, texto);
 }
 
 PeticionAyuda Buscar(PeticionAyuda peticion, const mBrowse::Condicion& condicion) {

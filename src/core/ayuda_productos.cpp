@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "core/ayuda_peticiones.h"
-#include "core/dialect.h"
+#include "core/browse_filter.h"
 
 namespace ventarix::ayuda::detalle {
 
@@ -40,8 +40,8 @@ std::optional<PeticionAyuda> Productos(const Session& session, const ParametrosA
     p.inmediata = true;
     p.resultado_inmediato = QString::fromUtf16(kDescuentoProntoPago);
   } else if (!codigo.isEmpty()) {
-    p.restriccion = {QStringLiteral("codigo ") + dialect::ILike(session.Sql) + QStringLiteral(" ?"),
-                     {QLatin1Char('%') + codigo + QLatin1Char('%')}};
+    p.restriccion = mBrowse::Contiene(session.Sql ? Engine::kPostgres : Engine::kSqlite,
+                                      QStringLiteral("codigo"), codigo);
   } else {
     p.restriccion = PrimeraMarca(session, {});
   }
@@ -147,8 +147,8 @@ PeticionAyuda ProductosTpv(const Session& session, const ParametrosAyuda& param,
             por_codigo ? QStringLiteral(" order by marca,codigo limit 32767")
                        : QStringLiteral(" order by producto limit 32767"));
   const QString columna = por_codigo ? QStringLiteral("codigo") : QStringLiteral("producto");
-  p.restriccion = {columna + QLatin1Char(' ') + dialect::ILike(session.Sql) + QStringLiteral(" ?"),
-                   {QLatin1Char('%') + param.codigo.trimmed() + QLatin1Char('%')}};
+  p.restriccion = mBrowse::Contiene(session.Sql ? Engine::kPostgres : Engine::kSqlite, columna,
+                                    param.codigo.trimmed());
   p.columnas = {Texto(QStringLiteral("Código"), 1500),
                 Cifra(QStringLiteral("Marca"), 900),
                 Texto(QStringLiteral("Producto"), 4600),

@@ -47,6 +47,8 @@ Condicion Entre(const QString& texto, QVariantList valores) {
   return {u'(' + texto + u')', std::move(valores)};
 }
 
+Condicion Entre(const Condicion& condicion) { return Entre(condicion.texto, condicion.valores); }
+
 ResultadoFiltro Ok(Condicion condicion) { return {Outcome::Ok(), std::move(condicion)}; }
 
 ResultadoFiltro NoValido(const QString& columna, const QString& como) {
@@ -61,7 +63,7 @@ Condicion Nulo(TipoColumna tipo, const QString& c) {
 }
 
 Condicion FiltroTexto(Engine engine, const QString& c, const QString& texto) {
-  if (!texto.contains(u',')) return Entre(Like(engine, c), {u'%' + Literal(texto) + u'%'});
+  if (!texto.contains(u',')) return Entre(Contiene(engine, c, texto));
   // The list compares whole values; like the plain form it ignores case.
   QStringList partes;
   QVariantList valores;
@@ -98,14 +100,13 @@ std::optional<std::pair<QString, QString>> Rango(const QString& texto) {
 
 ResultadoFiltro FiltroNumero(const QString& columna, const QString& c, const QString& texto) {
   const QString como = u"un número (125), un rango (10-20) o una lista (1,5,9)"_s;
+  QStringList partes;
+  QVariantList valores;
   if (texto.contains(u',')) {
-    QStringList partes;
-    QVariantList valores;
     for (const QString& termino : texto.split(u',')) {
       const std::optional<double> valor = Numero(termino);
       if (!valor) return NoValido(columna, como);
-      partes << c + u" = ?"_s;
-      valores << *valor;
+      partes << ComparaNumero(c, u"="_s, *valor, valores);
     }
     return Ok(Entre(partes.join(u" or "_s), valores));
   }
@@ -113,11 +114,14 @@ ResultadoFiltro FiltroNumero(const QString& columna, const QString& c, const QSt
     const std::optional<double> desde = Numero(rango->first);
     const std::optional<double> hasta = Numero(rango->second);
     if (!desde || !hasta) return NoValido(columna, como);
-    return Ok(Entre(c + u" >= ? and "_s + c + u" <= ?"_s, {*desde, *hasta}));
+    partes << ComparaNumero(c, u">="_s, *desde, valores)
+           << ComparaNumero(c, u"<="_s, *hasta, valores);
+    return Ok(Entre(partes.join(u" and "_s), valores));
   }
   const std::optional<double> valor = Numero(texto);
   if (!valor) return NoValido(columna, como);
-  return Ok(Entre(c + u" = ?"_s, {*valor}));
+  partes << ComparaNumero(c, u"="_s, *valor, valores);
+  return Ok(Entre(partes.front(), valores));
 }
 
 // Days from `desde` up to, not including, `hasta`.
@@ -182,6 +186,27 @@ ResultadoFiltro FiltroFecha(Engine engine, const QString& columna, const QString
 
 }  // namespace
 
+Condicion Contiene(Engine engine, const QString& expresion, const QString& texto) {
+  return {Like(engine, expresion), {u'%' + Literal(texto) + u'%'}};
+}
+
+QString ComparaNumero(const QString& expresion, const QString& operador, double valor,
+                      QVariantList& valores) {
+  if (valor == std::trunc(valor) && std::abs(valor) <= 2147483647.0) {
+    valores << static_cast<qlonglong>(valor);
+    return expresion + u' ' + operador + u" ?"_s;
+  }
+  // PostgreSQL takes the value as the type of an integer column: a fraction rounded to its
+  // nearest neighbour, a big number refused. As a decimal it compares the way SQLite does.
+  valores << valor;
+  return expresion + u" * 1.0 "_s + operador + u" ?"_s;
+}
+
+Condicion IgualAClave(const QString& expresion, double valor) {
+  if (valor != std::trunc(valor) || std::abs(valor) > 2147483647.0) return {u"1 = 0"_s, {}};
+  return {expresion + u" = ?"_s, {static_cast<qlonglong>(valor)}};
+}
+
 QString ColumnaDeVista(const QString& columna) {
   QString nombre = columna;
   nombre.replace(u'"', u"\"\""_s);
@@ -227,10 +252,10 @@ Condicion CondicionDeBusqueda(Engine engine, const QString& columna, bool igual,
   const QString t = SinControles(respuesta).trimmed();
   if (t == u"*"_s) return {};
   const QString c = ColumnaDeVista(columna);
-  if (igual) return Entre(c + u" = ?"_s, {mFunciones::ValorNumerico(t)});
+  if (igual) return Entre(IgualAClave(c, mFunciones::ValorNumerico(t)));
   if (t.size() > kLargoMaximoFiltro) return Entre(u"1 = 0"_s, {});
   // A search may fall on a column of any type; read as text it compares on both engines.
-  return Entre(Like(engine, u"cast("_s + c + u" as text)"_s), {u'%' + Literal(t) + u'%'});
+  return Entre(Contiene(engine, u"cast("_s + c + u" as text)"_s, t));
 }
 
 Condicion CondicionDeSubconsulta(Engine engine, const QString& columna, const QString& subconsulta,
@@ -238,10 +263,10 @@ Condicion CondicionDeSubconsulta(Engine engine, const QString& columna, const QS
   const QString t = SinControles(respuesta).trimmed();
   if (t == u"*"_s) return {};
   if (t.size() > kLargoMaximoFiltro) return Entre(u"1 = 0"_s, {});
-  const QString comparacion =
-      Like(engine, u"cast("_s + dialect::Name(columna_detalle) + u" as text)"_s);
-  return Entre(ColumnaDeVista(columna) + u" in ("_s + subconsulta.arg(comparacion) + u')',
-               {u'%' + Literal(t) + u'%'});
+  const Condicion comparacion =
+      Contiene(engine, u"cast("_s + dialect::Name(columna_detalle) + u" as text)"_s, t);
+  return Entre(ColumnaDeVista(columna) + u" in ("_s + subconsulta.arg(comparacion.texto) + u')',
+               comparacion.valores);
 }
 
 }  // namespace ventarix::mBrowse

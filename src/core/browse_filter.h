@@ -24,6 +24,21 @@ struct ResultadoFiltro {
   Condicion condicion;
 };
 
+// `expresion` holds `texto` anywhere, ignoring case (ilike on PostgreSQL, like on SQLite: the
+// letters of ASCII on both); %, _ and ! are plain characters of the text, not wildcards. Every
+// "contains" search of the browsers and look-ups is this one.
+Condicion Contiene(Engine engine, const QString& expresion, const QString& texto);
+
+// `expresion`, a number column, compared with a number (`operador` "=", ">=", "<="); the
+// value goes into `valores`. A fraction compares as a decimal, so that a column of whole
+// numbers holds no value equal to it on either engine.
+QString ComparaNumero(const QString& expresion, const QString& operador, double valor,
+                      QVariantList& valores);
+
+// `expresion`, a key of whole numbers (folio, numero, cliente), equal to a number: a fraction,
+// or a number beyond any key, matches nothing.
+Condicion IgualAClave(const QString& expresion, double valor);
+
 // A column of the view as the conditions name it: t."name", quotes inside doubled.
 QString ColumnaDeVista(const QString& columna);
 
@@ -42,8 +57,9 @@ ResultadoFiltro CondicionDeFiltro(Engine engine, TipoColumna tipo, const QString
 Condicion UnirCondiciones(const std::vector<Condicion>& condiciones);
 
 // The answer of a browser's search prompt (F2, F3, F4) over one column: "*" is all rows (an
-// empty condition); `igual` compares the column with the answer read as a number (anything not
-// a number reads as 0); otherwise the column, read as text, contains the answer ignoring case.
+// empty condition); `igual` compares a key column with the answer read as a number (anything
+// not a number reads as 0; see IgualAClave); otherwise the column, read as text, contains the
+// answer ignoring case.
 // An answer longer than kLargoMaximoFiltro finds nothing.
 Condicion CondicionDeBusqueda(Engine engine, const QString& columna, bool igual,
                               const QString& respuesta);

@@ -3,6 +3,8 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QSet>
+#include <QSqlError>
+#include <QSqlQuery>
 #include <QTextStream>
 
 #include "core/company_tables.h"
@@ -70,9 +72,14 @@ Outcome OpenEmpty(const QString& path, std::unique_ptr<Connection>& connection, 
   }
   const QFileInfo info(path);
   const bool existed = info.exists() && info.size() > 0;
-  if (!info.exists()) {
+  if (!existed) {
+    // The company's whole business is in the file: the workstations' accounts, which share
+    // the owner's group on one machine, read and write it; nobody else reads it. SQLite gives
+    // its -wal and -shm files the same permissions.
+    constexpr QFile::Permissions kEmpresa =
+        QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup | QFile::WriteGroup;
     QFile file(path);
-    if (!file.open(QIODevice::WriteOnly)) {
+    if (!file.open(QIODevice::WriteOnly, kEmpresa) || !file.setPermissions(kEmpresa)) {
       return Outcome::Stop(QStringLiteral("No se pudo crear el archivo: ") + path +
                            QLatin1Char('\n') + file.errorString());
     }
@@ -118,6 +125,30 @@ QString CadenaDeRuta(const QString& path) {
   if (!file.open(QIODevice::ReadOnly | QIODevice::Text)) return {};
   QTextStream in(&file);
   return in.readLine().trimmed();
+}
+
+Outcome RevisarIntegridad(Connection& connection, const QString& path, bool completa) {
+  const auto danada = [&path](const QString& detalle) {
+    return Outcome::Stop(QStringLiteral("La base de datos está dañada o no se puede leer: ") +
+                         path + QLatin1Char('\n') + detalle);
+  };
+  if (!connection.ok()) {
+    return Outcome::Stop(QStringLiteral("No se puede abrir la empresa ") + path +
+                         QStringLiteral(": ") + connection.error());
+  }
+  // Reading the catalogue is what fails first on a file that is no database at all.
+  QSqlQuery catalogo = connection.Exec(
+      connection.sql() ? QStringLiteral("select count(*) from information_schema.tables")
+                       : QStringLiteral("select count(*) from sqlite_master"));
+  if (!catalogo.next()) return danada(QueryError(catalogo));
+  if (connection.sql() || !completa) return Outcome::Ok();
+  // A truncated or overwritten file reads its catalogue and fails on the pages it lost.
+  QSqlQuery revision = connection.Exec(QStringLiteral("pragma quick_check(10)"));
+  QStringList problemas;
+  while (revision.next()) problemas << revision.value(0).toString();
+  if (revision.lastError().isValid()) return danada(QueryError(revision));
+  if (problemas == QStringList{QStringLiteral("ok")}) return Outcome::Ok();
+  return danada(problemas.join(QLatin1Char('\n')));
 }
 
 Outcome CrearEmpresa(const QString& path) {

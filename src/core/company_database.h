@@ -17,6 +17,12 @@ namespace ventarix {
 // Empty when a .txt file cannot be read.
 QString CadenaDeRuta(const QString& path);
 
+// Whether the company database PATH can be read: a file that is no SQLite database, or one
+// whose catalogue can't be read, or a PostgreSQL catalogue that answers nothing, gives a stop
+// naming PATH with the engine's words. With `completa` (the sweeps, the repair, the source of
+// a copy) every page of a SQLite file is checked as well.
+Outcome RevisarIntegridad(Connection& connection, const QString& path, bool completa);
+
 // `ventarix empresa nueva PATH`: every table and index, in a new SQLite file or an empty
 // PostgreSQL catalog. Refuses a database that already holds tables.
 Outcome CrearEmpresa(const QString& path);

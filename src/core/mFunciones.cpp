@@ -13,6 +13,7 @@
 #include "core/column_rules.h"
 #include "core/datos_instalacion.h"
 #include "core/dialect.h"
+#include "core/passwords.h"
 #include "core/schema.h"
 
 namespace ventarix::mFunciones {
@@ -70,6 +71,8 @@ void CrearCarpetas(Session& session) {
   session.CarpetaEmpresa = Carpeta(session.CarpetaEmpresas + QLatin1Char('/') +
                                    NombreDeCarpeta(session.empresa.Text(QStringLiteral("rfc"))));
   session.CarpetaCer = Carpeta(session.CarpetaEmpresa + QStringLiteral("/cer"));
+  // Certificates and private keys: for the owner of the account alone.
+  QFile::setPermissions(session.CarpetaCer, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
   session.CarpetaXml = Carpeta(session.CarpetaEmpresa + QStringLiteral("/xml"));
   session.CarpetaRpt = Carpeta(session.CarpetaEmpresa + QStringLiteral("/rpt"));
   session.CarpetaBak = Carpeta(session.CarpetaEmpresa + QStringLiteral("/bak"));
@@ -336,9 +339,11 @@ QString LineaDeError(const Session& session, const QString& descripcion, const Q
                             .arg(hora.minute(), 2, 10, QLatin1Char('0'))
                             .arg(hora.second(), 2, 10, QLatin1Char('0'))
                             .arg(hora.hour() < 12 ? QStringLiteral("am") : QStringLiteral("pm"));
-  // One error, one line: the server's messages come with line breaks of their own.
+  // One error, one line: the server's messages come with line breaks of their own. A
+  // connection string in them keeps its password out of the file.
   return session.CarpetaEmpresa + QStringLiteral(", USUARIO: ") + session.Usuario +
-         QStringLiteral(",  ") + descripcion.simplified() + QStringLiteral("   ") + fecha;
+         QStringLiteral(",  ") + passwords::Enmascarar(descripcion).simplified() +
+         QStringLiteral("   ") + fecha;
 }
 
 void RegistrarError(const Session& session, const QString& descripcion) {

@@ -155,8 +155,8 @@ Outcome RfcValido(const QString& rfc) {
   }
   const int mes = rfc.mid(letras + 2, 2).toInt();
   const int dia = rfc.mid(letras + 4, 2).toInt();
-  if (mes < 1 || mes > 12) return Outcome::Stop(u"El mes no corresponde al RFC"_s, u"Rfc"_s);
-  if (dia < 1 || dia > 31) return Outcome::Stop(u"El día no corresponde al RFC"_s, u"Rfc"_s);
+  if (mes < 1 || mes > 12) return Outcome::Refuse(u"El mes no corresponde al RFC"_s, u"Rfc"_s);
+  if (dia < 1 || dia > 31) return Outcome::Refuse(u"El día no corresponde al RFC"_s, u"Rfc"_s);
   return Outcome::Ok();
 }
 
@@ -201,7 +201,7 @@ Outcome ValidarPartidas(const std::vector<PartidaCapturada>& partidas, RevisarUt
     if (revisar == RevisarUtilidad::kAdvertir) {
       return Outcome::Warning(u"Es importante verificar la utilidad para la fila: "_s + fila, grid);
     }
-    return Outcome::Stop(u"Se requiere una utilidad mayor a cero para la fila: "_s + fila, grid);
+    return Outcome::Refuse(u"Se requiere una utilidad mayor a cero para la fila: "_s + fila, grid);
   }
   if (!alguna) return Outcome::Warning(u"Se requiere al menos el registro de una partida"_s, grid);
   return Outcome::Ok();

@@ -5,6 +5,7 @@
 #include <openssl/rand.h>
 
 #include <QByteArray>
+#include <QRegularExpression>
 #include <QStringList>
 
 namespace ventarix::passwords {
@@ -103,6 +104,20 @@ bool Verify(const QString& typed, const QString& stored) {
   const bool same = SameBytes(derived.bytes(), parsed.hash);
   OPENSSL_cleanse(parsed.hash.data(), static_cast<size_t>(parsed.hash.size()));
   return same;
+}
+
+QString Enmascarar(const QString& texto) {
+  // user:password@ right after a scheme; the password runs to the last "@" of the word.
+  static const QRegularExpression kUrl(
+      QStringLiteral(R"(([A-Za-z][A-Za-z0-9+.-]*://[^:/@\s]*):[^\s]*@)"));
+  static const QRegularExpression kClave(
+      QStringLiteral(R"(\b(password|pwd)(\s*=\s*)('(?:[^'\\]|\\.)*'?|[^;\s]*))"),
+      QRegularExpression::CaseInsensitiveOption);
+  if (!texto.contains(QLatin1Char('@')) && !texto.contains(QLatin1Char('='))) return texto;
+  QString oculto = texto;
+  oculto.replace(kUrl, QStringLiteral("\\1:***@"));
+  oculto.replace(kClave, QStringLiteral("\\1\\2***"));
+  return oculto;
 }
 
 }  // namespace ventarix::passwords

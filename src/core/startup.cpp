@@ -8,6 +8,7 @@
 #include <QSqlError>
 #include <QSqlQuery>
 
+#include "core/company_database.h"
 #include "core/database.h"
 #include "core/mFunciones.h"
 #include "core/passwords.h"
@@ -60,10 +61,10 @@ void OlvidarEleccion() {
 }
 
 QString MotorDeTitulo(const QString& titulo) {
-  const QString lower = titulo.toLower();
-  if (lower.contains(QLatin1String(".txt"))) return QStringLiteral("Sql");
-  if (lower.contains(QLatin1String(".mdb"))) return QStringLiteral("Access");
-  return {};
+  if (titulo.isEmpty()) return {};
+  // The same rule as `empresa nueva`: whatever is not a connection file is a SQLite file.
+  if (titulo.toLower().contains(QLatin1String(".txt"))) return QStringLiteral("Sql");
+  return QStringLiteral("Access");
 }
 
 void AplicarEleccion(Session& session, const EleccionGuardada& eleccion) {
@@ -94,12 +95,17 @@ Outcome ChecarEmpresa(Session& session) {
   mFunciones::ConstruirCadenas(session);
   Connection connection(session.Cadena);
   if (!connection.ok()) return fallo;
+  // A file that is no database, or one the engine can't read, says so rather than lacking
+  // its tables.
+  if (Outcome legible = RevisarIntegridad(connection, session.BaseDatos, false); !legible) {
+    return legible;
+  }
   const QString tabla = QStringLiteral("tablas");
   for (const QString& name : connection.Tables()) {
     if (name.compare(tabla, Qt::CaseInsensitive) == 0) return Outcome::Ok();
   }
-  return Outcome::Stop(QStringLiteral("En la base de datos:\n") + session.BaseDatos +
-                       QStringLiteral("\nno existe la tabla: ") + tabla);
+  return Outcome::Refuse(QStringLiteral("En la base de datos:\n") + session.BaseDatos +
+                         QStringLiteral("\nno existe la tabla: ") + tabla);
 }
 
 bool PedirDireccionRemota(const Session& session) {

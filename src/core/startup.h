@@ -25,7 +25,8 @@ EleccionGuardada LeerEleccion();
 void GuardarEleccion(const Session& session);
 void OlvidarEleccion();
 
-// "Sql" when the lower-cased file title contains ".txt", else "Access" for ".mdb", else empty.
+// "Sql" when the lower-cased file title contains ".txt" (a connection file), else "Access"
+// (a SQLite file, whatever its extension); empty for no title.
 QString MotorDeTitulo(const QString& titulo);
 
 // Applies a stored or chosen database to the session: sets Motor, Sql, Access; an unknown
@@ -34,8 +35,9 @@ void AplicarEleccion(Session& session, const EleccionGuardada& eleccion);
 // The choice made in the open-file dialog (or on the command line).
 EleccionGuardada EleccionDeArchivo(const QString& path);
 
-// The company check: the strings are built, a connection opened and table "tablas" looked
-// for. Failure carries the stop message to show (empty when the connection itself failed).
+// The company check: the strings are built, a connection opened, its catalogue read and
+// table "tablas" looked for. Failure carries the stop message to show: a file the engine
+// can't read as a database, or the missing table (empty when the connection itself failed).
 Outcome ChecarEmpresa(Session& session);
 
 // The remote address prompt runs for a PostgreSQL company whose Cadena mentions 1433.

@@ -33,9 +33,7 @@ std::optional<QString> ContrasenaGuardada(const QString& tecleada) {
   return hash;
 }
 
-Outcome NoSePudoProteger(const Session& session) {
-  return sql::Falla(session, u"No se pudo proteger la contraseña"_s);
-}
+Outcome NoSePudoProteger() { return Outcome::Stop(u"No se pudo proteger la contraseña"_s); }
 
 Outcome NoRegistrado() {
   return Outcome::Warning(u"Usuario no registrado para acceso al sistema"_s, u"Usuario"_s);
@@ -62,7 +60,7 @@ Outcome AltaUsuario(Session& session, const DatosUsuario& datos) {
     return Outcome::Warning(u"Se requiere la entrada de la tienda 1, 2 o 3"_s, u"Tienda"_s);
   }
   const std::optional<QString> contrasena = ContrasenaGuardada(datos.contrasena);
-  if (!contrasena) return NoSePudoProteger(session);
+  if (!contrasena) return NoSePudoProteger();
 
   sql::Guardado guardado(session);
   if (!guardado.ok()) return guardado.falla();
@@ -97,7 +95,7 @@ Outcome CambioUsuario(Session& session, const DatosUsuario& datos) {
     return Outcome::Warning(u"Se requiere la entrada de la tienda 1, 2, 3, 4 o 5"_s, u"Tienda"_s);
   }
   const std::optional<QString> contrasena = ContrasenaGuardada(datos.contrasena);
-  if (!contrasena) return NoSePudoProteger(session);
+  if (!contrasena) return NoSePudoProteger();
 
   QStringList asignaciones;
   QVariantList valores;
@@ -143,11 +141,11 @@ Outcome BorrarUsuario(const Session& session, const QString& usuario) {
 
 Outcome LeerUsuario(const Session& session, const QString& usuario, DatosUsuario* datos) {
   Connection c(session.Cadena);
-  if (!c.ok()) return sql::Falla(session, c.error());
+  if (!c.ok()) return Outcome::Stop(c.error());
   QSqlQuery query =
       c.Exec(u"select usuario, tienda, administrador, gerente from usuarios where usuario = ?"_s,
              {usuario.trimmed()});
-  if (query.lastError().isValid()) return sql::Falla(session, QueryError(query));
+  if (query.lastError().isValid()) return Outcome::Stop(QueryError(query));
   if (!query.next()) return NoRegistrado();
   datos->usuario = query.value(0).toString();
   datos->contrasena.clear();

@@ -83,11 +83,11 @@ bool PuedeModificar(const Session& session, const QString& columna) {
 
 Outcome LeerDerechos(const Session& session, const QString& usuario, Derechos* derechos) {
   Connection c(session.Cadena);
-  if (!c.ok()) return sql::Falla(session, c.error());
+  if (!c.ok()) return Outcome::Stop(c.error());
   QSqlQuery query = c.Exec(
       u"select "_s + ColumnasGuardadas().join(u", "_s) + u" from usuarios where usuario = ?"_s,
       {usuario});
-  if (query.lastError().isValid()) return sql::Falla(session, QueryError(query));
+  if (query.lastError().isValid()) return Outcome::Stop(QueryError(query));
   if (!query.next()) {
     return Outcome::Warning(u"Usuario no registrado para acceso al sistema"_s);
   }

@@ -3,16 +3,9 @@
 #include <QSqlError>
 #include <QSqlQuery>
 
-#include "core/mFunciones.h"
-
 namespace ventarix::usuarios::sql {
 
-Outcome Falla(const Session& session, const QString& descripcion) {
-  mFunciones::RegistrarError(session, descripcion);
-  return Outcome::Stop(descripcion);
-}
-
-Guardado::Guardado(const Session& session) : session_(session), connection_(session.Cadena) {
+Guardado::Guardado(const Session& session) : connection_(session.Cadena) {
   if (!connection_.ok()) {
     Fallar(connection_.error());
     return;
@@ -27,7 +20,7 @@ Guardado::Guardado(const Session& session) : session_(session), connection_(sess
 
 bool Guardado::Fallar(const QString& descripcion) {
   ok_ = false;
-  falla_ = Falla(session_, descripcion);
+  falla_ = Outcome::Stop(descripcion);
   return false;
 }
 

@@ -10,11 +10,8 @@
 #include "core/session.h"
 
 // The save of a users screen: its own connection and one transaction that rolls back unless
-// the save ends well. A failing statement is logged and becomes the stop message to show.
+// the save ends well. A failing statement becomes the stop message to show (and to log).
 namespace ventarix::usuarios::sql {
-
-// Logs the engine's words in the month's error log and hands them back as a stop message.
-Outcome Falla(const Session& session, const QString& descripcion);
 
 class Guardado {
  public:
@@ -37,7 +34,6 @@ class Guardado {
  private:
   bool Fallar(const QString& descripcion);
 
-  const Session& session_;
   Connection connection_;
   std::optional<Transaction> transaction_;
   bool ok_ = false;

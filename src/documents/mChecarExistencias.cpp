@@ -103,13 +103,13 @@ Outcome Checar(const Session& session, Connection& connection, Sentido sentido,
   for (auto it = cambios.cbegin(); it != cambios.cend(); ++it) {
     const auto found = existencias.constFind(it.key());
     if (found == existencias.cend()) {
-      return Outcome::Stop(u"No existe en productos el código "_s + it.key());
+      return Outcome::Refuse(u"No existe en productos el código "_s + it.key());
     }
     const double suma = RedondearCantidad(found.value() + it.value());
     if (suma < 0) {
-      return Outcome::Stop(u"No se permiten existencias negativas para "_s + columna +
-                           u" del código "_s + it.key() + u"\n\nExistencias = "_s +
-                           QString::number(suma, 'g', 15));
+      return Outcome::Refuse(u"No se permiten existencias negativas para "_s + columna +
+                             u" del código "_s + it.key() + u"\n\nExistencias = "_s +
+                             QString::number(suma, 'g', 15));
     }
   }
   return Outcome::Ok();

@@ -35,18 +35,18 @@ Outcome Reconstruir(const Session& session, const QString& factura, const Recons
   if (!connection.ok()) return Outcome::Stop(connection.error());
   QSqlQuery fila = connection.Exec(
       QStringLiteral("select esquema, status from facturas where factura = ?"), {factura});
-  if (!fila.next()) return Outcome::Stop(r.sin_fila);
+  if (!fila.next()) return Outcome::Refuse(r.sin_fila);
   if (fila.value(0).toString().trimmed().toUpper() != r.esquema) {
     return Outcome::Warning(
         QStringLiteral("Para el timbrado de esta factura se requiere un esquema CFDi"));
   }
   if (fila.value(1).toString().trimmed().toUpper() == QLatin1String("BAJA")) {
-    return Outcome::Stop(QStringLiteral("Esta factura esta dada de baja"));
+    return Outcome::Refuse(QStringLiteral("Esta factura esta dada de baja"));
   }
   Comprobante comprobante;
   if (!LeerComprobante(connection, QStringLiteral("facturas"), QStringLiteral("factura"), factura,
                        &comprobante)) {
-    return Outcome::Stop(QStringLiteral("No se obtuvieron datos de esta factura"));
+    return Outcome::Refuse(QStringLiteral("No se obtuvieron datos de esta factura"));
   }
   const QByteArray xml = ConstruirXml(comprobante, r.formato);
   if (xml.isEmpty() || session.CarpetaXml.isEmpty() ||

@@ -218,14 +218,15 @@ std::vector<Outcome> RestaurarMaterial(const Session& session, FamiliaFolios fam
     material = LeerMaterial(c, familia, rango->numero);
   }
   if (material.certificado.isEmpty()) {
-    avisos.push_back(Outcome::Stop(u"Se requiere cargar un certificado (.cer)"_s));
+    avisos.push_back(Outcome::Refuse(u"Se requiere cargar un certificado (.cer)"_s));
   }
   if (material.llave.isEmpty()) {
-    avisos.push_back(Outcome::Stop(u"Se requiere cargar un archivo llave (.key)"_s));
+    avisos.push_back(Outcome::Refuse(u"Se requiere cargar un archivo llave (.key)"_s));
   }
   if (!session.CarpetaCer.isEmpty() && QDir(session.CarpetaCer).exists()) {
-    RestaurarArchivos(material, session.CarpetaCer, rango->archivo_certificado,
-                      rango->archivo_llave);
+    const Outcome restaurado = RestaurarArchivos(material, session.CarpetaCer,
+                                                 rango->archivo_certificado, rango->archivo_llave);
+    if (!restaurado) avisos.push_back(restaurado);
   }
   if (material.existe) rango->password = material.password;
   return avisos;

@@ -225,7 +225,10 @@ Outcome RevisarRango(const RangoFolios& rango) {
       return Outcome::Warning(QString::fromUtf8(paso.mensaje), QString::fromLatin1(paso.campo));
     }
   }
-  return Outcome::Ok();
+  // The names are joined to CarpetaCer wherever the range is opened or sealed.
+  if (!EsSellado(rango.esquema)) return Outcome::Ok();
+  return RevisarNombresDeArchivo(rango.archivo_certificado.trimmed(),
+                                 rango.archivo_llave.trimmed());
 }
 
 QString FechaDeInforme(const QDateTime& fecha) {

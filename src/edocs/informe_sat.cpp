@@ -157,15 +157,12 @@ QByteArray TextoInforme(const QList<RenglonInforme>& renglones) {
   return lineas.join(QStringLiteral("\r\n")).toUtf8();
 }
 
-Outcome EscribirInforme(const Session& session, const QString& path,
-                        const QList<RenglonInforme>& renglones) {
+Outcome EscribirInforme(const QString& path, const QList<RenglonInforme>& renglones) {
   // Written aside and moved into place, so that a failure never leaves half a report.
   QSaveFile file(path);
   const QByteArray texto = TextoInforme(renglones);
   if (!file.open(QIODevice::WriteOnly) || file.write(texto) != texto.size() || !file.commit()) {
-    const QString error = file.errorString() + QStringLiteral(": ") + path;
-    mFunciones::RegistrarError(session, error);
-    return Outcome::Stop(error);
+    return Outcome::Stop(file.errorString() + QStringLiteral(": ") + path);
   }
   return Outcome::Ok();
 }

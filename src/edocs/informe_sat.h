@@ -70,8 +70,7 @@ QString LineaInforme(const RenglonInforme& renglon);
 // The lines joined by CR LF, none after the last; nothing at all for an empty month.
 QByteArray TextoInforme(const QList<RenglonInforme>& renglones);
 
-// Writes the file, replacing an older one; a failure is logged and comes back as a stop.
-Outcome EscribirInforme(const Session& session, const QString& path,
-                        const QList<RenglonInforme>& renglones);
+// Writes the file, replacing an older one; a failure comes back as a stop (a run-time error).
+Outcome EscribirInforme(const QString& path, const QList<RenglonInforme>& renglones);
 
 }  // namespace ventarix::edocs

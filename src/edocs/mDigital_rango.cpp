@@ -7,6 +7,7 @@
 
 #include "core/database.h"
 #include "core/dialect.h"
+#include "core/mFunciones.h"
 #include "core/mFunciones_valores.h"
 #include "edocs/certificado.h"
 #include "edocs/mDigital_pasos.h"
@@ -76,6 +77,10 @@ bool Materializar(Contexto& ctx) {
   if (r.certificado.isEmpty())
     return Falla(ctx, QStringLiteral("Se requiere un archivo certificado"));
   if (r.llave.isEmpty()) return Falla(ctx, QStringLiteral("Se requiere un archivo llave"));
+  // A stored name that leads out of CarpetaCer is neither written nor read.
+  if (Outcome nombres = RevisarNombresDeArchivo(r.archivo_cer, r.archivo_key); !nombres) {
+    return Falla(ctx, nombres.message);
+  }
   const QString carpeta = ctx.session.CarpetaCer;
   if (carpeta.isEmpty() || !QDir(carpeta).exists()) return true;
   MaterialSellado material{true, r.certificado, r.llave, r.password};
@@ -83,15 +88,19 @@ bool Materializar(Contexto& ctx) {
   const auto ruta = [&carpeta](const QString& archivo) {
     return archivo.isEmpty() ? QString() : QDir(carpeta).filePath(archivo);
   };
+  // The step's message is the screen's; why the file could not be written goes to the log.
+  const auto escribir = [&](const QString& cer, const QString& key, const char* mensaje) {
+    const Outcome escrito = RestaurarArchivos(material, carpeta, cer, key);
+    if (escrito) return true;
+    mFunciones::RegistrarError(ctx.session, escrito.message);
+    return Falla(ctx, QString::fromUtf8(mensaje));
+  };
   ctx.ruta_cer = ruta(r.archivo_cer);
-  if (!RestaurarArchivos(material, carpeta, r.archivo_cer, {})) {
-    return Falla(ctx, QStringLiteral("No se generó correctamente el archivo certificado"));
+  if (!escribir(r.archivo_cer, {}, "No se generó correctamente el archivo certificado")) {
+    return false;
   }
   ctx.ruta_key = ruta(r.archivo_key);
-  if (!RestaurarArchivos(material, carpeta, {}, r.archivo_key)) {
-    return Falla(ctx, QStringLiteral("No se generó correctamente el archivo llave"));
-  }
-  return true;
+  return escribir({}, r.archivo_key, "No se generó correctamente el archivo llave");
 }
 
 bool EmpresaValida(Contexto& ctx) {

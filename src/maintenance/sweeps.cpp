@@ -8,6 +8,7 @@
 #include <QSqlError>
 #include <QSqlQuery>
 
+#include "core/company_database.h"
 #include "core/database.h"
 #include "core/dialect.h"
 #include "documents/mInventario.h"
@@ -37,6 +38,10 @@ Outcome DeBool(bool ok, const QString& error) { return ok ? Outcome::Ok() : Outc
 Outcome Correr(const Session& session, const std::vector<Paso>& pasos, const Avance& avance) {
   Connection connection(session.Cadena);
   if (!connection.ok()) return Outcome::Stop(connection.error());
+  // A sweep rewrites what it reads: on a damaged file it would spread the damage.
+  if (Outcome legible = RevisarIntegridad(connection, session.BaseDatos, true); !legible) {
+    return legible;
+  }
   Transaction transaction(connection);
   if (!transaction.ok()) return Outcome::Stop(connection.error());
   const int total = static_cast<int>(pasos.size());

@@ -8,8 +8,9 @@
 #include "core/session.h"
 
 // The three repair sweeps an administrator runs after a busy day, with no other workstation
-// active: stock and periods, balances and statuses, product pictures. Each runs in one
-// transaction, so a failure half-way leaves the company as it was.
+// active: stock and periods, balances and statuses, product pictures. Each checks first that
+// the company's file is whole, and runs in one transaction, so a failure half-way leaves the
+// company as it was.
 namespace ventarix::mantenimiento {
 
 struct Avance {

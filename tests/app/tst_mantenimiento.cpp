@@ -5,6 +5,7 @@
 #include <QTest>
 
 #include "app/ventarix_run.h"
+#include "core/mFunciones.h"
 #include "support/document_rows.h"
 #include "support/test_company.h"
 
@@ -88,6 +89,12 @@ class TestMantenimiento : public QObject {
     QCOMPARE(run.code, 1);
     QVERIFY2(run.err.startsWith(u"El mantenimiento no terminó: "_s), qPrintable(Describe(run)));
     QVERIFY2(run.err.contains(u"traspasos detalles"_s), qPrintable(Describe(run)));
+    // The month's error log of the company's folder tree keeps the engine's words.
+    Session sesion;
+    sesion.CarpetaErrores = company.folder() + u"/Inicio/Errores"_s;
+    QFile log(mFunciones::ArchivoDeErrores(sesion, QDate::currentDate()));
+    QVERIFY2(log.open(QIODevice::ReadOnly | QIODevice::Text), qPrintable(log.fileName()));
+    QVERIFY(QString::fromUtf8(log.readAll()).contains(u"traspasos detalles"_s));
   }
 };
 

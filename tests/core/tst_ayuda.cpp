@@ -41,8 +41,8 @@ bool Catalogos(Connection& c) {
   return Insertar(c, u"clientes"_s, socio,
                   {{1, u"FERRETERIA LA PALMA"_s, u"FLP010203AB1"_s, u"CONTADO"_s, 100.5},
                    {2, u"RAMIREZ Y HNOS"_s, u"RAH990101XY2"_s, u"CREDITO"_s, 0},
-                   {3, u"O'BRIEN SA"_s, u"OBR800101AA1"_s, u"CREDITO"_s, 0},
-                   {10, u"MATERIALES RAMOS"_s, u"MRA850505BB2"_s, u"CONTADO"_s, 0}}) &&
+                   {3, u"O'BRIEN_SA"_s, u"OBR800101AA1"_s, u"CREDITO"_s, 0},
+                   {10, u"MATERIALES RAMOS 100%"_s, u"MRA850505BB2"_s, u"CONTADO"_s, 0}}) &&
          Insertar(c, u"proveedores"_s, socio,
                   {{1, u"ACEROS DEL NORTE"_s, u"ANO010101AAA"_s, u"CREDITO"_s, 0},
                    {2, u"PINTURAS SOL"_s, u"PSO020202BBB"_s, u"CREDITO"_s, 0}}) &&
@@ -224,6 +224,9 @@ class TestAyuda : public QObject {
     QVERIFY(!p.inmediata);
     QCOMPARE(Llaves(session, p), u"C-3"_s);
 
+    parametros.codigo = u"_"_s;  // a character of the code, not any character
+    QCOMPARE(Llaves(session, Pedir(session, u"PRODUCTOS"_s, parametros)), QString());
+
     parametros.codigo = u" dppp "_s;
     p = Pedir(session, u"Productos"_s, parametros);
     QVERIFY(p.inmediata);
@@ -253,6 +256,9 @@ class TestAyuda : public QObject {
     QTest::newRow("nombre en minusculas") << 4 << u"ram"_s << u"2,10"_s;
     QTest::newRow("rfc") << 3 << u"xy2"_s << u"2"_s;
     QTest::newRow("comilla") << 4 << u"o'brien"_s << u"3"_s;
+    QTest::newRow("porcentaje literal") << 4 << u"%"_s << u"10"_s;
+    QTest::newRow("guion bajo literal") << 4 << u"_"_s << u"3"_s;
+    QTest::newRow("escape literal") << 4 << u"!"_s << QString();
     QTest::newRow("inyeccion") << 4 << u"%';drop table clientes;--"_s << QString();
     QTest::newRow("inyeccion numerica") << 2 << u"1 or 1=1"_s << QString();
   }

@@ -100,6 +100,10 @@ class TestBrowseFilter : public QObject {
     fila("rango", kNumero, u"total"_s, u"100-999.99"_s, {1, 2, 3});
     fila("rango con negativo", kNumero, u"total"_s, u"-10 - 0"_s, {4, 5});
     fila("lista de numeros", kNumero, u"total"_s, u"0, 100,999.99"_s, {1, 3, 5});
+    fila("fraccion en entero", kNumero, u"cliente"_s, u"1.5"_s, {});
+    fila("lista de fracciones en entero", kNumero, u"cliente"_s, u"2.4,9.6"_s, {});
+    fila("rango fraccionario en entero", kNumero, u"cliente"_s, u"1.5-2.5"_s, {2, 5});
+    fila("entero enorme", kNumero, u"cliente"_s, u"99999999999"_s, {});
     fila("dia", kFecha, u"fecha"_s, u"5/1/2014"_s, {1});
     fila("dia hasta medianoche", kFecha, u"fecha"_s, u"31/01/2014"_s, {2});
     fila("ano de dos cifras", kFecha, u"fecha"_s, u"15/06/15"_s, {5});
@@ -190,6 +194,8 @@ class TestBrowseFilter : public QObject {
     QTest::newRow("numero como texto") << u"total"_s << false << u"99"_s << Folios{3};
     QTest::newRow("numero") << u"cliente"_s << true << u" 2 "_s << Folios{2, 5};
     QTest::newRow("no es numero") << u"total"_s << true << u"abc"_s << Folios{5};
+    QTest::newRow("fraccion de entero") << u"cliente"_s << true << u"2.5"_s << Folios{};
+    QTest::newRow("porcentaje literal") << u"obs"_s << false << u"0%"_s << Folios{4};
   }
 
   // The F2, F3 and F4 prompts: all rows, a piece of text anywhere in the column, or a number.

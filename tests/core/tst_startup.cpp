@@ -95,8 +95,9 @@ class TestStartup : public QObject {
     QTest::newRow("mdb") << S("EMPRESA.MDB") << S("Access");
     QTest::newRow("ambos, txt primero") << S("copia.txt.mdb") << S("Sql");
     QTest::newRow("ambos, mdb primero") << S("copia.mdb.txt") << S("Sql");
-    QTest::newRow("otro") << S("empresa.db") << QString();
-    QTest::newRow("sin punto") << S("empresatxt") << QString();
+    QTest::newRow("otro") << S("empresa.db") << S("Access");
+    QTest::newRow("sin punto") << S("empresatxt") << S("Access");
+    QTest::newRow("sin titulo") << QString() << QString();
   }
   void MotorDeTitulo() {
     QFETCH(QString, titulo);
@@ -150,6 +151,18 @@ class TestStartup : public QObject {
     const Outcome sin_archivo = startup::ChecarEmpresa(perdida);
     QVERIFY(!sin_archivo.ok);
     QVERIFY(sin_archivo.message.isEmpty());
+
+    if (company.sql()) return;
+    // A file that is no database says so, rather than that it lacks a table.
+    QFile texto(s.BaseDatos);
+    QVERIFY(texto.open(QIODevice::WriteOnly | QIODevice::Truncate));
+    texto.write(QByteArray("Lista de precios\n").repeated(400));
+    texto.close();
+    const Outcome ilegible = startup::ChecarEmpresa(s);
+    QCOMPARE(ilegible.icon, MessageIcon::kStop);
+    QVERIFY2(ilegible.message.startsWith(S("La base de datos está dañada o no se puede leer: ") +
+                                         s.BaseDatos + S("\nfile is not a database")),
+             qPrintable(ilegible.message));
   }
 
   void ChecarEmpresaSinServidor() {

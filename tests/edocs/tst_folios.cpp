@@ -3,6 +3,7 @@
 // and the default range; the database cases on both engines.
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QTest>
 
 #include "core/database.h"
@@ -351,6 +352,13 @@ class TestFolios : public QObject {
     QCOMPARE(leido.password, u"12345678a"_s);
     QCOMPARE(Leer(cer), Leer(Csd(u"AAA010101AAA_20001000000100005867"_s, u".cer"_s)));
     QCOMPARE(Leer(key), QByteArray("la del usuario"));
+    // The folder and what is written in it are the account owner's alone.
+    const QFile::Permissions ajenos = QFile::ReadGroup | QFile::WriteGroup | QFile::ExeGroup |
+                                      QFile::ReadOther | QFile::WriteOther | QFile::ExeOther;
+    QCOMPARE(QFileInfo(s.CarpetaCer).permissions() & (ajenos | QFile::ReadOwner),
+             QFile::Permissions(QFile::ReadOwner));
+    QCOMPARE(QFileInfo(cer).permissions() & (ajenos | QFile::ReadOwner | QFile::WriteOwner),
+             QFile::ReadOwner | QFile::WriteOwner);
 
     {
       Connection c(s.Cadena);
@@ -365,6 +373,53 @@ class TestFolios : public QObject {
     QCOMPARE(avisos[0].message, u"Se requiere cargar un certificado (.cer)"_s);
     QCOMPARE(avisos[1].message, u"Se requiere cargar un archivo llave (.key)"_s);
     QCOMPARE(avisos[1].icon, MessageIcon::kStop);
+  }
+
+  void NombreQueSaleDeCer_data() {
+    QTest::addColumn<QString>("nombre");
+    QTest::newRow("carpeta de arriba") << u"../escaped.key"_s;
+    QTest::newRow("ruta absoluta") << QDir::tempPath() + u"/escaped.key"_s;
+    QTest::newRow("subcarpeta") << u"sub/escaped.key"_s;
+    QTest::newRow("diagonal invertida") << u"..\\escaped.key"_s;
+    QTest::newRow("unidad") << u"C:escaped.key"_s;
+    QTest::newRow("solo puntos") << u".."_s;
+  }
+
+  // A key's name that is no plain file name is refused when the range is saved, and when a
+  // stored one is restored nothing is written, least of all outside cer/.
+  void NombreQueSaleDeCer() {
+    QFETCH(QString, nombre);
+    VENTARIX_COMPANY(company);
+    const Session s = SesionFolios(company);
+    const QString par = u"AAA010101AAA_20001000000100005867"_s;
+    edocs::RangoFolios r = Completo(Esquema::kCfdi);
+    r.archivo_llave = nombre;
+    const Outcome refusado =
+        edocs::GuardarRango(s, FamiliaFolios::kFacturas, true, &r, ParDePrueba(par));
+    QCOMPARE(refusado.icon, MessageIcon::kWarning);
+    QCOMPARE(refusado.field, u"ArchivoLlave"_s);
+    QVERIFY2(refusado.message.startsWith(u"El nombre del archivo llave no es válido: "_s + nombre),
+             qPrintable(refusado.message));
+    QCOMPARE(Valor(s, u"select count(*) from \"folios facturas\""_s).toInt(), 0);
+
+    // A name stored by an older program.
+    r = Completo(Esquema::kCfdi);
+    r.numero = Alta(s, FamiliaFolios::kFacturas, r, ParDePrueba(par));
+    QVERIFY(r.numero > 0);
+    Valor(s, u"update \"folios facturas\" set archivollave = ?"_s, {nombre});
+    QDir(s.CarpetaCer).removeRecursively();
+    QVERIFY(QDir().mkpath(s.CarpetaCer));
+    edocs::RangoFolios leido;
+    QByteArray cbb;
+    QVERIFY(edocs::LeerRango(s, FamiliaFolios::kFacturas, r.numero, &leido, &cbb));
+    QCOMPARE(leido.archivo_llave, nombre);
+    const std::vector<Outcome> avisos =
+        edocs::RestaurarMaterial(s, FamiliaFolios::kFacturas, &leido);
+    QCOMPARE(avisos.size(), size_t(1));
+    QCOMPARE(avisos[0].message, refusado.message);
+    QVERIFY(QDir(s.CarpetaCer).isEmpty());
+    QVERIFY(!QFileInfo(QDir(s.CarpetaCer).absoluteFilePath(nombre)).isFile());
+    QVERIFY(!QFile::exists(QDir(s.CarpetaEmpresa).filePath(u"escaped.key"_s)));
   }
 
   // The default range: only the chosen row keeps the mark, whatever the others' schemes, the

@@ -125,7 +125,7 @@ void CamposAjustes::Avisar(const Outcome& outcome) const {
       }
     }
   }
-  ui::ShowOutcome(forma_, aviso);
+  ui::ShowOutcome(forma_, session_, aviso);
 }
 
 }  // namespace ventarix

@@ -54,7 +54,7 @@ void FormaNumeroNombre::Armar(const std::function<void(QFormLayout*)>& filas_pro
 bool FormaNumeroNombre::Leido(const Outcome& lectura) {
   if (lectura) return true;
   QTimer::singleShot(0, this, [this, lectura] {
-    ui::ShowOutcome(this, lectura);
+    ui::ShowOutcome(this, session_, lectura);
     reject();
   });
   return false;
@@ -62,7 +62,7 @@ bool FormaNumeroNombre::Leido(const Outcome& lectura) {
 
 void FormaNumeroNombre::Guardado(const Outcome& guardado, qint32 numero) {
   if (!guardado) {
-    ui::ShowOutcome(this, guardado);
+    ui::ShowOutcome(this, session_, guardado);
     return;
   }
   session_.RegistroActual = QString::number(numero);

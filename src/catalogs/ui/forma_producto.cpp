@@ -116,7 +116,7 @@ void FormaProducto::Avisar(const Outcome& outcome, bool vaciar) {
     if (vaciar) {
       if (auto* campo = findChild<QLineEdit*>(outcome.field)) campo->clear();
     }
-    ui::ShowOutcome(this, outcome);
+    ui::ShowOutcome(this, session_, outcome);
     avisando_ = false;
   });
 }
@@ -184,7 +184,7 @@ void FormaProducto::Guardar() {
     if (guardado.field.startsWith(u"Codigo"_s) && guardado.field.size() == 7) {
       if (auto* campo = findChild<QLineEdit*>(guardado.field)) campo->clear();
     }
-    ui::ShowOutcome(this, guardado);
+    ui::ShowOutcome(this, session_, guardado);
     return;
   }
   session_.RegistroActual = mFunciones::ValorTexto(producto.codigo);

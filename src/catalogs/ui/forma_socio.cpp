@@ -124,7 +124,7 @@ void FormaSocio::Cargar() {
       // Nothing to change: the message once the screen is up, then it closes.
       guardar_->setEnabled(false);
       QTimer::singleShot(0, this, [this, leido] {
-        ui::ShowOutcome(this, leido);
+        ui::ShowOutcome(this, session_, leido);
         reject();
       });
     }
@@ -222,7 +222,7 @@ void FormaSocio::Avisar(const Outcome& outcome) {
   if (precios_ != nullptr && outcome.field == u"Marcas"_s) pagina = precios_->marcas();
   if (precios_ != nullptr && outcome.field == u"Productos"_s) pagina = precios_->productos();
   tabs_->setCurrentWidget(pagina);
-  ui::ShowOutcome(this, outcome);
+  ui::ShowOutcome(this, session_, outcome);
 }
 
 bool FormaSocio::eventFilter(QObject* watched, QEvent* event) {

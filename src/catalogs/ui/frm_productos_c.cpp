@@ -63,7 +63,7 @@ FrmProductosC::FrmProductosC(Session& session, QWidget* parent)
   if (!lectura) {
     // Nothing to change: the message, then the screen closes as if left with Esc.
     QTimer::singleShot(0, this, [this, lectura] {
-      ui::ShowOutcome(this, lectura);
+      ui::ShowOutcome(this, session_, lectura);
       reject();
     });
     return;

@@ -49,7 +49,7 @@ void FrmProductosG::Guardar() {
   const Outcome anotado =
       productos::AnotarCambioDeCodigo(session_, actual_->text(), nuevo_->text());
   if (!anotado) {
-    ui::ShowOutcome(this, anotado);
+    ui::ShowOutcome(this, session_, anotado);
     return;
   }
   session_.CambioDeCodigoPendiente = true;

@@ -53,7 +53,7 @@ FrmProductosP::FrmProductosP(Session& session, QWidget* parent)
   const Outcome lectura = productos::LeerPreciosRapidos(session, codigo_, &precios);
   if (!lectura) {
     QTimer::singleShot(0, this, [this, lectura] {
-      ui::ShowOutcome(this, lectura);
+      ui::ShowOutcome(this, session_, lectura);
       reject();
     });
     return;
@@ -87,7 +87,7 @@ void FrmProductosP::Guardar() {
                                           venta_->Numero()};
   const Outcome guardado = productos::GuardarPreciosRapidos(session_, codigo_, precios);
   if (!guardado) {
-    ui::ShowOutcome(this, guardado);
+    ui::ShowOutcome(this, session_, guardado);
     return;
   }
   session_.RegistroActual = codigo_;

@@ -53,7 +53,7 @@ MDIInicioConfigurar::MDIInicioConfigurar(Session& session, QWidget* parent)
 void MDIInicioConfigurar::showEvent(QShowEvent* event) {
   QDialog::showEvent(event);
   if (!problema_) {
-    QTimer::singleShot(0, this, [this] { ui::ShowOutcome(this, problema_); });
+    QTimer::singleShot(0, this, [this] { ui::ShowOutcome(this, session_, problema_); });
   }
 }
 
@@ -68,7 +68,7 @@ void MDIInicioConfigurar::Cargar(const QString& usuario) {
   datos_ = configurar::LeerConfiguracion(session_, usuario, &leido);
   campos_->Mostrar(datos_);
   guardar_->setEnabled(leido.ok);
-  if (!leido) ui::ShowOutcome(this, leido);
+  if (!leido) ui::ShowOutcome(this, session_, leido);
 }
 
 void MDIInicioConfigurar::GuardarClicked() {

@@ -55,7 +55,7 @@ MDIInicioEmpresa::MDIInicioEmpresa(Session& session, QWidget* parent)
 void MDIInicioEmpresa::showEvent(QShowEvent* event) {
   QDialog::showEvent(event);
   if (!problema_) {
-    QTimer::singleShot(0, this, [this] { ui::ShowOutcome(this, problema_); });
+    QTimer::singleShot(0, this, [this] { ui::ShowOutcome(this, session_, problema_); });
   }
 }
 
@@ -103,7 +103,7 @@ void MDIInicioEmpresa::AgregarClicked() {
   QByteArray imagen;
   const Outcome leido = empresa::LeerLogotipo(archivo, &imagen);
   if (!leido) {
-    ui::ShowOutcome(this, leido);
+    ui::ShowOutcome(this, session_, leido);
     return;
   }
   datos_.Set(u"logotipo"_s, imagen);
@@ -114,7 +114,11 @@ void MDIInicioEmpresa::GuardarClicked() {
   campos_->Leer(datos_);
   Outcome aviso_rfc;
   const Outcome guardado = empresa::GuardarEmpresa(session_, datos_, &aviso_rfc);
-  if (!aviso_rfc) ui::ShowOutcome(this, {false, aviso_rfc.message, aviso_rfc.icon, {}});
+  if (!aviso_rfc) {
+    // The RFC's notice leaves the focus where the save's checks put it.
+    aviso_rfc.field.clear();
+    ui::ShowOutcome(this, session_, aviso_rfc);
+  }
   if (!guardado) {
     campos_->Avisar(guardado);
     return;

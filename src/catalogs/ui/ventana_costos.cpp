@@ -98,11 +98,7 @@ void VentanaDeCostos::GuardarClicked() {
 // The closing message names the row reached, and the grid shows it; a refused row shows its
 // cell, ready to be fixed.
 void VentanaDeCostos::Mostrar(const costos_masivos::Resultado& resultado) {
-  if (resultado.outcome.icon == MessageIcon::kStop) {
-    MostrarError(this, session_, resultado.outcome.message);
-  } else {
-    ui::ShowOutcome(this, resultado.outcome);
-  }
+  ui::ShowOutcome(this, session_, resultado.outcome);
   const int fila = resultado.fila - 1;
   if (fila >= 0 && fila < rejilla_->rowCount()) {
     rejilla_->setCurrentCell(fila, qMax(resultado.columna, 0));

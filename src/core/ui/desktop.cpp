@@ -64,7 +64,7 @@ bool SeleccionarBaseDatos(Session& session, const QString& empresa) {
     if (!session.BaseDatos.isEmpty() && QFileInfo::exists(session.BaseDatos)) {
       const Outcome revision = startup::ChecarEmpresa(session);
       if (revision) return true;
-      if (!revision.message.isEmpty()) ui::ShowOutcome(nullptr, revision);
+      if (!revision.message.isEmpty()) ui::ShowOutcome(nullptr, session, revision);
       if (session.Sql && startup::PedirDireccionRemota(session) && PedirDireccion(session)) {
         continue;
       }

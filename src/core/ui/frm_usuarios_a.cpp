@@ -36,7 +36,7 @@ void FrmUsuariosA::GuardarClicked() {
   const usuarios::DatosUsuario datos = campos_->Datos();
   const Outcome outcome = usuarios::AltaUsuario(session_, datos);
   if (!outcome) {
-    ui::ShowOutcome(this, outcome);
+    ui::ShowOutcome(this, session_, outcome);
     return;
   }
   session_.RegistroActual = datos.usuario.trimmed();

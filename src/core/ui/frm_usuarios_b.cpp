@@ -37,7 +37,7 @@ FrmUsuariosB::FrmUsuariosB(Session& session, QWidget* parent)
 void FrmUsuariosB::BorrarClicked() {
   const Outcome outcome = usuarios::BorrarUsuario(session_, usuario_);
   if (!outcome) {
-    ui::ShowOutcome(this, outcome);
+    ui::ShowOutcome(this, session_, outcome);
     return;
   }
   session_.RegistroActual = usuario_;

@@ -63,7 +63,7 @@ void FrmUsuariosC::showEvent(QShowEvent* event) {
 }
 
 void FrmUsuariosC::Rechazar() {
-  ui::ShowOutcome(this, problema_);
+  ui::ShowOutcome(this, session_, problema_);
   reject();
 }
 
@@ -71,7 +71,7 @@ void FrmUsuariosC::GuardarClicked() {
   const usuarios::DatosUsuario datos = campos_->Datos();
   const Outcome outcome = usuarios::CambioUsuario(session_, datos);
   if (!outcome) {
-    ui::ShowOutcome(this, outcome);
+    ui::ShowOutcome(this, session_, outcome);
     return;
   }
   session_.RegistroActual = datos.usuario.trimmed();

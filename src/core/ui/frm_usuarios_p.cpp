@@ -262,7 +262,7 @@ void FrmUsuariosP::EscribirDerechos(const QStringList& columnas, bool todos) {
 void FrmUsuariosP::GuardarClicked() {
   const Outcome outcome = usuarios::GuardarDerechos(session_, usuario_, Leer());
   if (!outcome) {
-    ui::ShowOutcome(this, outcome);
+    ui::ShowOutcome(this, session_, outcome);
     return;
   }
   session_.RegistroActual = usuario_;
@@ -275,7 +275,7 @@ void FrmUsuariosP::showEvent(QShowEvent* event) {
 }
 
 void FrmUsuariosP::Rechazar() {
-  ui::ShowOutcome(this, problema_);
+  ui::ShowOutcome(this, session_, problema_);
   reject();
 }
 

@@ -60,7 +60,7 @@ void MDIInicioAutorizacion::Comprobar() {
     return;
   }
   // The message, then the typed text selected so that the next attempt replaces it.
-  ui::ShowOutcome(this, outcome);
+  ui::ShowOutcome(this, session_, outcome);
 }
 
 }  // namespace ventarix

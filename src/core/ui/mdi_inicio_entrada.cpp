@@ -70,7 +70,7 @@ void MDIInicioEntrada::AceptarClicked() {
     accept();
     return;
   }
-  ui::ShowOutcome(this, outcome);
+  ui::ShowOutcome(this, session_, outcome);
 }
 
 void MDIInicioEntrada::OlvidarBaseDatos() {

@@ -161,7 +161,8 @@ void MDIInicioFiltrar::Aplicar() {
         engine, mBrowse::TipoDe(columna.tipo), columna.nombre, textos_[fila]->text());
     if (!resultado.outcome) {
       // The message names the column; the cursor goes back to its line.
-      ui::ShowOutcome(this, {false, resultado.outcome.message, resultado.outcome.icon, {}});
+      ui::ShowOutcome(this, session_,
+                      {false, resultado.outcome.message, resultado.outcome.icon, {}});
       IrALinea(static_cast<int>(fila));
       return;
     }

@@ -146,7 +146,7 @@ void MDIInicioFormato::Guardar() {
   formato.Ordenar = ordenar_->text();
   formato.Sentencia = sentencia_->toPlainText();
   const Outcome outcome = mBrowse::GuardarFormato(session_, tabla_, marcados, formato, requeridas_);
-  ui::ShowOutcome(this, outcome);
+  ui::ShowOutcome(this, session_, outcome);
   if (outcome) accept();
 }
 

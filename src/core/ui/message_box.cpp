@@ -6,6 +6,7 @@
 #include <QWidget>
 
 #include "core/mFunciones.h"
+#include "core/passwords.h"
 
 namespace ventarix::ui {
 
@@ -13,7 +14,8 @@ namespace {
 
 int Show(QWidget* parent, const QString& text, QMessageBox::Icon icon,
          QMessageBox::StandardButtons buttons, QMessageBox::StandardButton default_button) {
-  QMessageBox box(icon, QString::fromLatin1(kTitulo), text, buttons, parent);
+  // Whatever a box says, a connection string's password is not shown.
+  QMessageBox box(icon, QString::fromLatin1(kTitulo), passwords::Enmascarar(text), buttons, parent);
   box.setDefaultButton(default_button);
   return box.exec();
 }
@@ -45,8 +47,10 @@ void FocusField(QWidget* form, const QString& field) {
   if (auto* spin = qobject_cast<QAbstractSpinBox*>(target)) spin->selectAll();
 }
 
-void ShowOutcome(QWidget* form, const Outcome& outcome) {
-  if (!outcome.message.isEmpty()) {
+void ShowOutcome(QWidget* form, const Session& session, const Outcome& outcome) {
+  if (outcome.IsRunTimeError() && !outcome.message.isEmpty()) {
+    MostrarError(form, session, outcome.message);
+  } else if (!outcome.message.isEmpty()) {
     Show(form, outcome.message, IconOf(outcome.icon), QMessageBox::Ok, QMessageBox::Ok);
   }
   FocusField(form, outcome.field);

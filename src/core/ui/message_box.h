@@ -17,8 +17,10 @@ inline constexpr char kTitulo[] = "Ventarix";
 QMessageBox::Icon IconOf(MessageIcon icon);
 
 // Shows the outcome's message (nothing for an ok outcome without message) and moves the focus
-// to the child of `form` whose objectName is the outcome's field, selecting its text.
-void ShowOutcome(QWidget* form, const Outcome& outcome);
+// to the child of `form` whose objectName is the outcome's field, selecting its text. A
+// run-time error (a stop that is no rule) is the error trap's: the normal mouse pointer back
+// and one line in the session's error log.
+void ShowOutcome(QWidget* form, const Session& session, const Outcome& outcome);
 // Moves the focus to the named child of `form` and selects its text.
 void FocusField(QWidget* form, const QString& field);
 

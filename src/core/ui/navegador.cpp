@@ -82,7 +82,7 @@ bool Navegador::CargarVista() {
       mBrowse::ObtenerVista(session_, windowTitle(),
                             familia_.sentencia ? QString::fromUtf8(familia_.sentencia) : QString());
   if (!cargada.outcome) {
-    ui::ShowOutcome(this, cargada.outcome);
+    ui::ShowOutcome(this, session_, cargada.outcome);
     return false;
   }
   vista_ = cargada.vista;
@@ -95,7 +95,7 @@ bool Navegador::CargarVista() {
     campos = mBrowse::CamposDeSentencia(lectura, sentencia);
   }
   if (!campos.outcome) {
-    ui::ShowOutcome(this, campos.outcome);
+    ui::ShowOutcome(this, session_, campos.outcome);
     return false;
   }
   mBrowse::Consulta consulta;
@@ -131,7 +131,7 @@ bool Navegador::CargarVista() {
     consulta.llave << nombre;
   }
   const Outcome cargado = modelo_->Cargar(consulta, columnas);
-  if (!cargado) ui::ShowOutcome(this, cargado);
+  if (!cargado) ui::ShowOutcome(this, session_, cargado);
 
   for (int i = 1; i <= 10; ++i) {
     if (QAction* boton = barra_->findChild<QAction*>(QStringLiteral("Toolbar_%1").arg(i))) {

@@ -209,7 +209,7 @@ void Navegador::Nuevo() {
   if (familia_.derechos != nullptr) {
     const Outcome permiso = mFunciones::TienePermiso(
         session_, QString::fromLatin1(familia_.derechos), QStringLiteral("A"));
-    if (!permiso) return ui::ShowOutcome(this, permiso);
+    if (!permiso) return ui::ShowOutcome(this, session_, permiso);
   }
   if (!Autorizar(1)) return;
   session_.RegistroActual.clear();
@@ -223,7 +223,7 @@ void Navegador::Cambiar() {
   if (familia_.derechos != nullptr) {
     const Outcome permiso = mFunciones::TienePermiso(
         session_, QString::fromLatin1(familia_.derechos), QStringLiteral("C"));
-    if (!permiso) return ui::ShowOutcome(this, permiso);
+    if (!permiso) return ui::ShowOutcome(this, session_, permiso);
   } else if (!session_.Administrador && llave != session_.Usuario) {
     return;
   }
@@ -247,7 +247,7 @@ void Navegador::CambiarCodigo() {
   if (!EsProductos(familia_) || !fg1_->currentIndex().isValid()) return;
   const Outcome permiso = mFunciones::TienePermiso(session_, QString::fromLatin1(familia_.derechos),
                                                    QStringLiteral("C"));
-  if (!permiso) return ui::ShowOutcome(this, permiso);
+  if (!permiso) return ui::ShowOutcome(this, session_, permiso);
   session_.RegistroActual = LlaveActual();
   AbrirForma(QStringLiteral("FrmProductosG"));
   Recargar();
@@ -263,7 +263,7 @@ void Navegador::Predeterminar() {
     return;
   }
   const Outcome hecho = edocs::Predeterminar(session_, folios, LlaveActual().toInt());
-  if (!hecho) return ui::ShowOutcome(this, hecho);
+  if (!hecho) return ui::ShowOutcome(this, session_, hecho);
   Recargar();
 }
 
@@ -280,7 +280,7 @@ void Navegador::Cancelar() {
   if (familia_.derechos != nullptr) {
     const Outcome permiso = mFunciones::TienePermiso(
         session_, QString::fromLatin1(familia_.derechos), QStringLiteral("B"));
-    if (!permiso) return ui::ShowOutcome(this, permiso);
+    if (!permiso) return ui::ShowOutcome(this, session_, permiso);
   }
   if (!Autorizar(3)) return;
   session_.RegistroActual = LlaveActual();
@@ -330,7 +330,7 @@ void Navegador::AplicarBusqueda(const mBrowse::Busqueda& busqueda, bool filtro) 
   mBrowse::Consulta consulta = modelo_->consulta();
   consulta.busqueda = condicion;
   const Outcome cargado = modelo_->Cargar(consulta, modelo_->columnas());
-  if (!cargado) ui::ShowOutcome(this, cargado);
+  if (!cargado) ui::ShowOutcome(this, session_, cargado);
   if (modelo_->rowCount() > 0)
     fg1_->setCurrentIndex(modelo_->index(0, qMax(0, fg1_->currentIndex().column())));
   PintarFondo();
@@ -348,7 +348,7 @@ void Navegador::Ordenar(int columna) {
   vista_.Ordenar = mBrowse::EscribirOrdenar(consulta.orden);
   session_.VistaOrden = vista_.Ordenar;
   const Outcome cargado = modelo_->Cargar(consulta, modelo_->columnas());
-  if (!cargado) ui::ShowOutcome(this, cargado);
+  if (!cargado) ui::ShowOutcome(this, session_, cargado);
   if (modelo_->rowCount() > 0) fg1_->setCurrentIndex(modelo_->index(0, columna));
   PintarFondo();
   Estado();

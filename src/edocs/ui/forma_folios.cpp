@@ -191,7 +191,7 @@ void FormaFolios::Mostrar(const Outcome& outcome) {
       if (tabs_->widget(i)->isAncestorOf(campo)) tabs_->setCurrentIndex(i);
     }
   }
-  ui::ShowOutcome(this, outcome);
+  ui::ShowOutcome(this, session_, outcome);
 }
 
 edocs::RangoFolios FormaFolios::Capturado() const {
@@ -236,7 +236,7 @@ void FormaFolios::Cargar() {
   const Outcome leido = edocs::LeerRango(session_, familia_, numero, &r, &cbb_);
   if (!leido) {
     QTimer::singleShot(0, this, [this, leido] {
-      ui::ShowOutcome(this, leido);
+      ui::ShowOutcome(this, session_, leido);
       reject();
     });
     return;
@@ -269,7 +269,7 @@ void FormaFolios::Cargar() {
   folio_inicial_->setFocus();
   if (!avisos.empty()) {
     QTimer::singleShot(0, this, [this, avisos] {
-      for (const Outcome& aviso : avisos) ui::ShowOutcome(this, aviso);
+      for (const Outcome& aviso : avisos) ui::ShowOutcome(this, session_, aviso);
     });
   }
 }

@@ -261,11 +261,10 @@ void FormaFolios::AgregarCbb() {
                      QString::fromLatin1(edocs::DatosDe(familia_).filtro_cbb));
   if (ruta.isEmpty()) return;
   QImageReader lector(ruta);
-  if (!lector.canRead()) return ui::Inform(this, lector.errorString(), MessageIcon::kStop);
+  if (!lector.canRead()) return MostrarError(this, session_, lector.errorString());
   QFile archivo(ruta);
-  if (!archivo.open(QIODevice::ReadOnly)) {
-    return ui::Inform(this, archivo.errorString(), MessageIcon::kStop);
-  }
+  if (!archivo.open(QIODevice::ReadOnly))
+    return MostrarError(this, session_, archivo.errorString());
   cbb_ = archivo.readAll();
   MostrarCbb();
 }

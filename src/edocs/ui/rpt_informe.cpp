@@ -168,9 +168,9 @@ void rptInforme::Crear() {
     return;
   }
   if (!Listar()) return;
-  const Outcome escrito = edocs::EscribirInforme(session_, path, renglones_);
+  const Outcome escrito = edocs::EscribirInforme(path, renglones_);
   if (!escrito) {
-    ui::ShowOutcome(this, escrito);
+    ui::ShowOutcome(this, session_, escrito);
     return;
   }
   ui::Inform(this, QStringLiteral("El informe archivo a enviar al SAT es") + ruta);
