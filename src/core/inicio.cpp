@@ -107,7 +107,7 @@ bool PrepararAutorizacionUsuarios(Session& session) {
 }
 
 Outcome Autorizar(Session& session, const QString& tecleado) {
-  session.Autorizado = passwords::Verify(tecleado.toUpper(), session.AutorizacionClave);
+  session.Autorizado = passwords::Verify(tecleado, session.AutorizacionClave);
   if (session.Autorizado) return Outcome::Ok();
   return Outcome::Warning(u"Esta contraseña no corresponde para una autorización"_s,
                           u"Autorizar"_s);

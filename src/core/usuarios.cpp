@@ -28,7 +28,7 @@ std::optional<int> LeerTienda(const QString& texto, int maxima) {
 // password still reads as such to the callers of the authorization prompt.
 std::optional<QString> ContrasenaGuardada(const QString& tecleada) {
   if (tecleada.isEmpty()) return QString();
-  QString hash = passwords::Hash(tecleada.toUpper());
+  QString hash = passwords::Hash(tecleada);
   if (hash.isEmpty()) return std::nullopt;
   return hash;
 }

@@ -13,8 +13,7 @@
 
 // The users of a company: adding, changing and deleting them, and their rights (the menu mask,
 // the three-letter rights per document family and catalogue, the field locks and the invoice
-// series they may use). Passwords are kept hashed; what is typed is upper-cased first, as the
-// prompts that verify it always work in upper case.
+// series they may use). Passwords are kept hashed and count in upper case (core/passwords.h).
 namespace ventarix::usuarios {
 
 // What the add and change screens capture. `tienda` is the text as typed.

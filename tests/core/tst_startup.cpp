@@ -231,12 +231,16 @@ class TestStartup : public QObject {
     QVERIFY(!a.contains(S("SECRETO")));
     QVERIFY(passwords::Verify(S("SECRETO"), a));
     QVERIFY(passwords::Verify(S("SECRETO"), b));
-    QVERIFY(!passwords::Verify(S("secreto"), a));
+    // A password counts in upper case, on either side.
+    QVERIFY(passwords::Verify(S("secreto"), a));
+    QVERIFY(passwords::Verify(S("SeCrEtO"), passwords::Hash(S("secreto"))));
     QVERIFY(!passwords::Verify(QString(), a));
-    QVERIFY(passwords::Verify(S("ÑANDÚ"), passwords::Hash(S("ÑANDÚ"))));
-    // Older companies keep the clear text.
+    QVERIFY(passwords::Verify(S("ñandú"), passwords::Hash(S("ÑANDÚ"))));
+    // Older companies keep the clear text, and so does the built-in manager password.
     QVERIFY(!passwords::IsHashed(S("CLAVE")));
-    QVERIFY(passwords::Verify(S("CLAVE"), S("CLAVE")));
+    QVERIFY(passwords::NeedsHashing(S("clave")) && !passwords::NeedsHashing(QString()));
+    QVERIFY(passwords::Verify(S("clave"), S("CLAVE")));
+    QVERIFY(passwords::Verify(S("QXLMARDA_VEP"), QString::fromLatin1(mFunciones::kClaveFija)));
     QVERIFY(!passwords::Verify(S("CLAVE1"), S("CLAVE")));
     QVERIFY(passwords::Verify(QString(), QString()));
     // A stored text that only looks hashed is compared as it stands.
@@ -285,6 +289,8 @@ class TestStartup : public QObject {
     QCOMPARE(t.ContrasenaGerente, QString::fromLatin1(mFunciones::kClaveFija));
   }
 
+  // A password counts in upper case however it is typed; one kept in the clear by an older
+  // company enters and is stored hashed from then on.
   void Entrar_data() {
     QTest::addColumn<QString>("usuario");
     QTest::addColumn<QString>("contrasena");
@@ -295,10 +301,13 @@ class TestStartup : public QObject {
     QTest::newRow("usuario desconocido")
         << S("PEDRO") << S("SECRETO") << no_usuario << S("usuario");
     QTest::newRow("usuario con comilla") << S("AN'A") << S("SECRETO") << no_usuario << S("usuario");
-    QTest::newRow("clave equivocada") << S("ANA") << S("SECRET") << no_clave << S("contrasena");
-    QTest::newRow("clave en minusculas") << S("LUIS") << S("clave") << no_clave << S("contrasena");
-    QTest::newRow("clave con hash") << S("ANA") << S("SECRETO") << QString() << QString();
-    QTest::newRow("clave en claro") << S("LUIS") << S("CLAVE") << QString() << QString();
+    QTest::newRow("clave equivocada") << S("ANA") << S("secret") << no_clave << S("contrasena");
+    QTest::newRow("clave en claro equivocada")
+        << S("LUIS") << S("CLAVES") << no_clave << S("contrasena");
+    QTest::newRow("con hash") << S("ANA") << S("SECRETO") << QString() << QString();
+    QTest::newRow("con hash, en minúsculas") << S("ANA") << S("secreto") << QString() << QString();
+    QTest::newRow("en claro") << S("LUIS") << S("CLAVE") << QString() << QString();
+    QTest::newRow("en claro, en minúsculas") << S("LUIS") << S("Clave") << QString() << QString();
   }
   void Entrar() {
     QFETCH(QString, usuario);
@@ -310,20 +319,27 @@ class TestStartup : public QObject {
     QVERIFY(Usuario(c, "LUIS", S("CLAVE"), "S", "N", 2));
     Session s = company.MakeSession();
     const Outcome r = startup::Entrar(s, usuario, contrasena);
+    const QVariant guardada =
+        c.Scalar(S("select \"contraseña\" from usuarios where usuario = ?"), {usuario});
     QCOMPARE(r.message, mensaje);
     QCOMPARE(r.field, campo);
     QCOMPARE(r.ok, mensaje.isEmpty());
     if (!r.ok) {
       QCOMPARE(r.icon, MessageIcon::kWarning);
       QCOMPARE(s.Usuario, S("ADMINISTRADOR"));
+      if (usuario == S("LUIS")) QCOMPARE(guardada.toString(), S("CLAVE"));
       return;
     }
+    QVERIFY(passwords::IsHashed(guardada.toString()));
+    QCOMPARE(s.Contrasena, guardada.toString());
     QCOMPARE(s.Usuario, usuario);
     const bool ana = usuario == S("ANA");
     QCOMPARE(s.Administrador, !ana);
     QCOMPARE(s.Gerente, ana);
     QCOMPARE(s.Tienda, ana ? 3 : 2);
     QVERIFY(passwords::Verify(contrasena, s.Contrasena));
+    Session otra = company.MakeSession();
+    QVERIFY(startup::Entrar(otra, usuario, contrasena.toUpper()));
   }
 
   // ---- Session load ----

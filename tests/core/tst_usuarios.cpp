@@ -115,11 +115,11 @@ class TestUsuarios : public QObject {
     QCOMPARE(Columna(s, u"permisos"_s, u"LUIS"_s).toString(), QString(200, u'0'));
     QCOMPARE(Columna(s, u"permisos"_s, u"JUAN"_s).toString(), QString(200, u'1'));
 
-    // Stored hashed, of the upper-cased text.
+    // Stored hashed; the password counts in upper case.
     const QString guardada = Columna(s, u"\"contraseña\""_s, u"ANA"_s).toString();
     QVERIFY(passwords::IsHashed(guardada));
     QVERIFY(passwords::Verify(u"CLAVE"_s, guardada));
-    QVERIFY(!passwords::Verify(u"clave"_s, guardada));
+    QVERIFY(!passwords::Verify(u"CLAVES"_s, guardada));
     // And the login takes it.
     QVERIFY(startup::Entrar(s, u"ANA"_s, u"CLAVE"_s));
     QVERIFY(s.Administrador);
