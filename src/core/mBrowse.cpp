@@ -243,12 +243,14 @@ std::vector<Prompt> PromptsDeBoton(const Session& session, const QString& seguri
       const int valor = campos.value(i - 1).trimmed().toInt(&numero);
       return numero && valor == 0;
     };
-    if (es_cero(3) && !session.ContrasenaAdministrador.isEmpty()) {
-      prompts.push_back({QStringLiteral("Escriba la contraseña del usuario"), session.Contrasena});
-    }
-    if (es_cero(5)) {
+    if (es_cero(3) && !session.ContrasenaAdministrador.isEmpty() && !session.Contrasena.isEmpty()) {
       prompts.push_back(
-          {QStringLiteral("Escriba la contraseña del gerente"), session.ContrasenaGerente});
+          {QStringLiteral("Escriba la contraseña del usuario"), {session.Contrasena}});
+    }
+    if (es_cero(5) && !session.ContrasenaGerente.isEmpty()) {
+      QStringList claves = {session.ContrasenaGerente};
+      if (!session.ContrasenaAdministrador.isEmpty()) claves << session.ContrasenaAdministrador;
+      prompts.push_back({QStringLiteral("Escriba la contraseña del gerente"), claves});
     }
     break;
   }

@@ -244,7 +244,8 @@ class TestBrowse : public QObject {
   }
 
   // Field 3 equal to 0 asks the user's password when an administrator's exists; field 5 equal
-  // to 0 asks the manager's.
+  // to 0 asks the manager's, which the administrator's also answers. An empty password is not
+  // asked.
   void PromptsDeLosBotones() {
     Session session;
     session.Contrasena = passwords::Hash(u"YO"_s);
@@ -254,10 +255,14 @@ class TestBrowse : public QObject {
     const std::vector<Prompt> nuevo = PromptsDeBoton(session, seguridad, 1);
     QCOMPARE(nuevo.size(), size_t(1));
     QCOMPARE(nuevo[0].titulo, u"Escriba la contraseña del usuario"_s);
-    QCOMPARE(nuevo[0].clave, session.Contrasena);
+    QCOMPARE(nuevo[0].claves, QStringList{session.Contrasena});
     const std::vector<Prompt> cancelar = PromptsDeBoton(session, seguridad, 3);
     QCOMPARE(cancelar.size(), size_t(1));
     QCOMPARE(cancelar[0].titulo, u"Escriba la contraseña del gerente"_s);
+    QCOMPARE(cancelar[0].claves,
+             (QStringList{session.ContrasenaGerente, session.ContrasenaAdministrador}));
+    session.ContrasenaGerente.clear();
+    QVERIFY(PromptsDeBoton(session, seguridad, 3).empty());
     QVERIFY(PromptsDeBoton(session, seguridad, 2).empty());
     QVERIFY(PromptsDeBoton(session, seguridad, 6).empty());
     session.ContrasenaAdministrador.clear();

@@ -11,6 +11,8 @@
 #include <QTextStream>
 
 #include "core/dialect.h"
+#include "core/inicio.h"
+#include "core/mBrowse.h"
 #include "core/mFunciones.h"
 #include "core/passwords.h"
 #include "core/registro_inicial.h"
@@ -340,6 +342,39 @@ class TestStartup : public QObject {
     QVERIFY(passwords::Verify(contrasena, s.Contrasena));
     Session otra = company.MakeSession();
     QVERIFY(startup::Entrar(otra, usuario, contrasena.toUpper()));
+  }
+
+  // A manager's button: the manager's password, or the administrator's; in a company without
+  // manager also the built-in one. Typed in any case.
+  void AutorizacionDelGerente_data() {
+    QTest::addColumn<bool>("con_gerente");
+    QTest::addColumn<QString>("tecleada");
+    QTest::addColumn<bool>("autorizado");
+    const QString fija = QString::fromLatin1(mFunciones::kClaveFija);
+    QTest::newRow("sin gerente, la del administrador") << false << S("jefa") << true;
+    QTest::newRow("sin gerente, la fija") << false << fija << true;
+    QTest::newRow("sin gerente, otra") << false << S("GERENTE") << false;
+    QTest::newRow("con gerente, la suya") << true << S("gerente") << true;
+    QTest::newRow("con gerente, la del administrador") << true << S("JEFA") << true;
+    QTest::newRow("con gerente, la fija") << true << fija << false;
+    QTest::newRow("con gerente, vacía") << true << QString() << false;
+  }
+  void AutorizacionDelGerente() {
+    QFETCH(bool, con_gerente);
+    QFETCH(QString, tecleada);
+    QFETCH(bool, autorizado);
+    VENTARIX_COMPANY_CONNECTION(company, c);
+    QVERIFY(Usuario(c, "ANA", passwords::Hash(S("JEFA")), "S", "N"));
+    QVERIFY(Usuario(c, "LUIS", passwords::Hash(S("CAJA")), "N", "N"));
+    if (con_gerente) QVERIFY(Usuario(c, "JUAN", passwords::Hash(S("GERENTE")), "N", "S"));
+    Session s = company.MakeSession();
+    QVERIFY(!EntrarSinAcceso(s));
+    QVERIFY(startup::Entrar(s, S("LUIS"), S("caja")));
+    const auto prompts = mBrowse::PromptsDeBoton(s, S("3|Cancelar|1|x|0"), 3);
+    QCOMPARE(prompts.size(), size_t(1));
+    s.AutorizacionClave = prompts[0].claves;
+    QCOMPARE(inicio::Autorizar(s, tecleada).ok, autorizado);
+    QCOMPARE(s.Autorizado, autorizado);
   }
 
   // ---- Session load ----
