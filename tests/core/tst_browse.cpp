@@ -8,6 +8,7 @@
 #include "catalogs/demo_company.h"
 #include "core/browse_families.h"
 #include "core/browse_filter.h"
+#include "core/browse_format.h"
 #include "core/browse_query.h"
 #include "core/mBrowse.h"
 #include "core/passwords.h"
@@ -80,12 +81,16 @@ class TestBrowse : public QObject {
 
     Vista mia = primera.vista;
     mia.Renglon = 7;
+    // The buttons' rights and prompts are the view editor's, never the browser's to write.
+    mia.Permisos = u"000"_s;
+    mia.Seguridad = u"1|Nuevo|0"_s;
     mia.Ordenar = u"[nombre] Desc"_s;
     mia.Busqueda = EscribirBusqueda({u"t.\"nombre\" like ?"_s, {u"%O'B%"_s}});
     QVERIFY(GuardarVista(session, mia).ok);
     const VistaCargada otra_vez = ObtenerVista(session, u"clientes"_s);
     QVERIFY(otra_vez.propia);
     QCOMPARE(otra_vez.vista.Renglon, 7);
+    QVERIFY(otra_vez.vista.Permisos.isEmpty() && otra_vez.vista.Seguridad.isEmpty());
     QCOMPARE(otra_vez.vista.Ordenar, u"[nombre] Desc"_s);
     const Condicion busqueda = LeerBusqueda(otra_vez.vista.Busqueda);
     QCOMPARE(busqueda.texto, u"t.\"nombre\" like ?"_s);
@@ -100,8 +105,8 @@ class TestBrowse : public QObject {
              u"NO EXISTE LA TABLA:  [no hay tal"_s);
   }
 
-  // A dropped column: each user's saved layout is thrown away on first use and the view is
-  // built again from the table.
+  // A dropped column: each saved layout is built again from the table on first use; its row
+  // and search go, while who may use which button, and after which password, stay.
   void ColumnaBorradaReconstruyeLaVista() {
     VENTARIX_COMPANY(company);
     Session session = company.MakeSession();
@@ -114,17 +119,27 @@ class TestBrowse : public QObject {
     Vista propia = ObtenerVista(session, u"prueba"_s).vista;
     propia.Renglon = 2;
     QVERIFY(GuardarVista(session, propia).ok);
+    const Formato formato{.AplicarPermisos = true,
+                          .AplicarSeguridad = true,
+                          .Permisos = u"101"_s,
+                          .Seguridad = u"3|Cancelar|1|x|0"_s};
+    const QString plantilla = QString::fromLatin1(kPlantilla);
+    QVERIFY(GuardarFormato(session, u"prueba"_s, {u"ANA"_s, plantilla}, formato, {}).ok);
     {
       Connection c(session.Cadena);
       QVERIFY(c.Run(u"alter table prueba drop column extra"_s));
     }
-    const VistaCargada nueva = ObtenerVista(session, u"prueba"_s);
-    QVERIFY2(nueva.outcome.ok, qPrintable(nueva.outcome.message));
-    QCOMPARE(nueva.columnas.size(), size_t(3));
-    QCOMPARE(nueva.vista.Renglon, 0);
-    QVERIFY(!nueva.propia);
-    Connection c(session.Cadena);
-    QCOMPARE(c.Scalar(u"select count(*) from tablas where tabla = 'prueba'"_s).toInt(), 1);
+    for (const QString& usuario : {u"ANA"_s, plantilla}) {
+      session.Usuario = usuario;
+      const VistaCargada nueva = ObtenerVista(session, u"prueba"_s);
+      QVERIFY2(nueva.outcome.ok, qPrintable(nueva.outcome.message));
+      QCOMPARE(nueva.columnas.size(), size_t(3));
+      QCOMPARE(nueva.vista.Renglon, 0);
+      QVERIFY(nueva.propia);
+      QCOMPARE(nueva.vista.Permisos, formato.Permisos);
+      QCOMPARE(nueva.vista.Seguridad, formato.Seguridad);
+      QCOMPARE(ObtenerVista(session, u"prueba"_s).columnas.size(), size_t(3));
+    }
   }
 
   // Pages by key after the last row read must give exactly the rows, in the order, that one
