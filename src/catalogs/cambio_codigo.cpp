@@ -44,6 +44,10 @@ std::optional<int> CambiarTabla(const Session& session, const QString& tabla, co
     return std::nullopt;
   }
   Transaction transaccion(c);
+  if (!transaccion.ok()) {
+    *error = c.db().lastError().text();
+    return std::nullopt;
+  }
   std::optional<int> filas;
   if (tabla == u"productos") {
     filas = CambiarProducto(c, cambio, error);
@@ -73,10 +77,19 @@ bool Vaciar(const Session& session, QString* error) {
     *error = c.error();
     return false;
   }
-  return c.Run(
-      u"update empresa set \"codigo actual\" = '', \"codigo nuevo\" = '' "
-      "where numero = 1"_s,
-      {}, error);
+  Transaction transaccion(c);
+  if (!transaccion.ok()) {
+    *error = c.db().lastError().text();
+    return false;
+  }
+  if (c.Run(u"update empresa set \"codigo actual\" = '', \"codigo nuevo\" = '' "
+            "where numero = 1"_s,
+            {}, error) &&
+      transaccion.Commit()) {
+    return true;
+  }
+  if (error->isEmpty()) *error = c.db().lastError().text();
+  return false;
 }
 
 }  // namespace

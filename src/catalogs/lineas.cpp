@@ -21,6 +21,11 @@ Outcome Revisar(const Session& session, const Linea& linea, const QString& letra
   return Outcome::Ok();
 }
 
+Outcome RevisarBaja(const Session& session, Connection& c, const Linea& linea, qint32 numero) {
+  return catalogs::RevisarBaja(session, c, u"Lineas"_s, u"lineas"_s, u"numero"_s, numero,
+                               linea.status);
+}
+
 QString Status(const Linea& linea) { return linea.status == u"BAJA"_s ? u"BAJA"_s : u"ALTA"_s; }
 
 }  // namespace
@@ -41,7 +46,9 @@ Outcome AltaLinea(const Session& session, const Linea& linea, qint32* numero) {
   Connection c(session.Cadena);
   if (!c.ok()) return Outcome::Stop(c.error());
   Transaction t(c);
+  if (!t.ok()) return catalogs::ErrorAlGuardar(c, {});
   const qint32 nuevo = mFunciones::NumeroSiguiente(c, u"numero"_s, u"lineas"_s);
+  if (Outcome baja = RevisarBaja(session, c, linea, nuevo); !baja) return baja;
   QString error;
   if (!c.Run(u"insert into lineas (numero, nombre, status) values (?, ?, ?)"_s,
              {nuevo, mFunciones::ValorTexto(linea.nombre), Status(linea)}, &error) ||
@@ -57,6 +64,8 @@ Outcome CambioLinea(const Session& session, const Linea& linea) {
   Connection c(session.Cadena);
   if (!c.ok()) return Outcome::Stop(c.error());
   Transaction t(c);
+  if (!t.ok()) return catalogs::ErrorAlGuardar(c, {});
+  if (Outcome baja = RevisarBaja(session, c, linea, linea.numero); !baja) return baja;
   QString error;
   if (!c.Run(u"update lineas set nombre = ?, status = ? where numero = ?"_s,
              {mFunciones::ValorTexto(linea.nombre), Status(linea), linea.numero}, &error) ||

@@ -24,6 +24,11 @@ Outcome Revisar(const Session& session, const Marca& marca, const QString& letra
   return Outcome::Ok();
 }
 
+Outcome RevisarBaja(const Session& session, Connection& c, const Marca& marca, qint32 numero) {
+  return catalogs::RevisarBaja(session, c, u"Marcas"_s, u"marcas"_s, u"numero"_s, numero,
+                               marca.status);
+}
+
 QVariantList Valores(const Marca& marca) {
   QVariantList valores{mFunciones::ValorTexto(marca.nombre)};
   for (double u : marca.utilidades) valores << u;
@@ -67,7 +72,9 @@ Outcome AltaMarca(const Session& session, const Marca& marca, qint32* numero) {
   Connection c(session.Cadena);
   if (!c.ok()) return Outcome::Stop(c.error());
   Transaction t(c);
+  if (!t.ok()) return catalogs::ErrorAlGuardar(c, {});
   const qint32 nuevo = mFunciones::NumeroSiguiente(c, u"numero"_s, u"marcas"_s);
+  if (Outcome baja = RevisarBaja(session, c, marca, nuevo); !baja) return baja;
   QString error;
   if (!c.Run(u"insert into marcas (nombre, utilidad1, utilidad2, utilidad3, utilidad4, "
              u"utilidad5, status, numero) values (?, ?, ?, ?, ?, ?, ?, ?)"_s,
@@ -111,6 +118,8 @@ Outcome CambioMarca(const Session& session, const Marca& marca) {
   Connection c(session.Cadena);
   if (!c.ok()) return Outcome::Stop(c.error());
   Transaction t(c);
+  if (!t.ok()) return catalogs::ErrorAlGuardar(c, {});
+  if (Outcome baja = RevisarBaja(session, c, marca, marca.numero); !baja) return baja;
   QString error;
   bool ok = c.Run(
       u"update marcas set nombre = ?, utilidad1 = ?, utilidad2 = ?, utilidad3 = ?, "

@@ -44,6 +44,7 @@ Outcome GuardarPreciosRapidos(const Session& session, const QString& codigo,
   valores << codigo;
   Connection c(session.Cadena);
   Transaction t(c);
+  if (!t.ok()) return catalogs::ErrorAlGuardar(c, {});
   QString error;
   QSqlQuery q = c.Exec(u"update productos set precio = ?, impuesto = ?, venta = ?"_s +
                            (con_costo ? u", costo = ?"_s : QString()) + u" where codigo = ?"_s,

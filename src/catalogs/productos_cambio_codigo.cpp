@@ -12,6 +12,9 @@ namespace ventarix::productos {
 using namespace Qt::StringLiterals;
 
 Outcome AnotarCambioDeCodigo(const Session& session, const QString& actual, const QString& nuevo) {
+  if (Outcome permiso = mFunciones::TienePermiso(session, u"Productos"_s, u"C"_s); !permiso) {
+    return permiso;
+  }
   const QString viejo = mFunciones::ValorTexto(actual);
   const QString otro = mFunciones::ValorTexto(nuevo);
   if (viejo.isEmpty()) {
@@ -30,6 +33,7 @@ Outcome AnotarCambioDeCodigo(const Session& session, const QString& actual, cons
                             u"Actual"_s);
   }
   Transaction t(c);
+  if (!t.ok()) return catalogs::ErrorAlGuardar(c, {});
   QSqlQuery q =
       c.Exec(u"update empresa set \"codigo nuevo\" = ?, \"codigo actual\" = ?"_s, {otro, viejo});
   if (q.lastError().isValid()) return catalogs::ErrorAlGuardar(c, QueryError(q));

@@ -93,11 +93,14 @@ Outcome Falta(const ColumnaRequerida& requerida) {
 
 Outcome ProbarSentencia(const Session& session, const QString& sentencia,
                         const std::vector<ColumnaRequerida>& requeridas) {
+  // Whoever may test a statement may read any table with it, users' passwords included.
+  if (Outcome administrador = RevisarAdministrador(session); !administrador) return administrador;
   Connection c(session.Cadena);
   if (!c.ok()) return Outcome::Stop(c.error());
   // Never committed, and read-only besides: a statement under test changes nothing. It is
   // prepared, so a second statement behind a semicolon is refused rather than run.
   Transaction transaccion(c);
+  if (!transaccion.ok()) return Outcome::Stop(c.db().lastError().text());
   QSqlQuery(c.db()).exec(c.sql() ? u"set transaction read only"_s : u"pragma query_only = 1"_s);
   QSqlQuery q(c.db());
   const bool ok = q.prepare(u"select * from ("_s + sentencia + u") as t limit 1"_s) && q.exec();

@@ -150,6 +150,7 @@ Outcome GuardarRango(const Session& session, FamiliaFolios familia, bool alta, R
   Connection c(session.Cadena);
   if (!c.ok()) return Outcome::Stop(c.error());
   Transaction t(c);
+  if (!t.ok()) return ErrorAlGuardar(c, {});
   const QString tabla = Tabla(familia);
   QVariantMap fila;
   if (alta) {
@@ -234,10 +235,16 @@ std::vector<Outcome> RestaurarMaterial(const Session& session, FamiliaFolios fam
 }
 
 Outcome Predeterminar(Session& session, FamiliaFolios familia, qint32 numero) {
+  if (Outcome permiso =
+          mFunciones::TienePermiso(session, QString::fromLatin1(DatosDe(familia).derechos), u"C"_s);
+      !permiso) {
+    return permiso;
+  }
   Connection c(session.Cadena);
   if (!c.ok()) return Outcome::Stop(c.error());
   const QString tabla = dialect::Name(Tabla(familia));
   Transaction t(c);
+  if (!t.ok()) return ErrorAlGuardar(c, {});
   QString error;
   // A number no row holds would leave the table without a default: nothing changes.
   QSqlQuery q = c.Exec(u"select count(*) from "_s + tabla + u" where numero = ?"_s, {numero});
