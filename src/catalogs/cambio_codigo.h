@@ -42,6 +42,9 @@ std::optional<Cambio> Pendiente(Connection& c, QString* error);
 // Carries the pending change through every table, then empties the pending columns. The
 // session's CambioDeCodigoPendiente ends false once the change is complete (or when there
 // was none), and stays true when it was stopped or failed.
+// No right is asked here: the change was written under the right "C" on Productos
+// (productos::AnotarCambioDeCodigo), and whoever starts the company next must be able to
+// finish it, or documents and catalogue would name the product differently.
 Outcome Cambiar(Session& session, const Avance& avance = {});
 
 }  // namespace ventarix::cambio_codigo

@@ -1,7 +1,11 @@
 #include "catalogs/costos_masivos.h"
 
+#include <optional>
+
 #include "catalogs/costos_masivos_recorrido.h"
 #include "catalogs/price_formulas.h"
+#include "core/mFunciones_valores.h"
+#include "core/usuarios.h"
 
 namespace ventarix::costos_masivos {
 
@@ -70,10 +74,25 @@ Paso ActualizarNeto(Connection& c, const FilaLeida& fila) {
   return Paso::Escrito();
 }
 
+// The run adds or changes products: the right on Productos its mode needs and, for new costs
+// of existing products, the cost lock of the product screens.
+std::optional<Resultado> Negado(const Session& session, Modo modo, bool costos) {
+  Resultado negado;
+  negado.outcome =
+      mFunciones::TienePermiso(session, u"Productos"_s, modo == Modo::kAgregar ? u"A"_s : u"C"_s);
+  if (negado.outcome && costos && modo == Modo::kActualizar &&
+      !usuarios::PuedeModificar(session, u"ModificarCosto"_s)) {
+    negado.outcome = Outcome::Warning(u"Este usuario no tiene permisos para modificar costos"_s);
+  }
+  if (negado.outcome) return std::nullopt;
+  return negado;
+}
+
 }  // namespace
 
 Resultado GuardarCostos(const Session& session, const QList<Fila>& filas, Modo modo,
                         bool venta_y_precio) {
+  if (std::optional<Resultado> negado = Negado(session, modo, true)) return *negado;
   if (modo == Modo::kAgregar) {
     return detalle::Recorrer(
         session, filas,
@@ -90,6 +109,7 @@ Resultado GuardarCostos(const Session& session, const QList<Fila>& filas, Modo m
 }
 
 Resultado GuardarNetos(const Session& session, const QList<Fila>& filas, Modo modo) {
+  if (std::optional<Resultado> negado = Negado(session, modo, false)) return *negado;
   if (modo == Modo::kAgregar) {
     return detalle::Recorrer(
         session, filas,

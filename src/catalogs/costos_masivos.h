@@ -47,6 +47,9 @@ struct Resultado {
   int productos = 0;
 };
 
+// Both runs need the right on Productos of their mode ("A" adding, "C" updating); new costs
+// of existing products also need ModificarCosto, as on the product screens.
+//
 // Costs. Adding: a code missing from the catalogue becomes a product with the row's seven
 // columns. Updating: an existing product with a cost above 0 gets the cost and its five
 // levels by the company's price formula, unrounded; with `venta_y_precio` also Venta from the

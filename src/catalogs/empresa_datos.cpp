@@ -8,6 +8,7 @@
 #include "core/database.h"
 #include "core/mFunciones.h"
 #include "core/mFunciones_valores.h"
+#include "core/menu_catalog.h"
 #include "core/usuarios_sql.h"
 
 namespace ventarix::empresa {
@@ -92,6 +93,10 @@ Outcome RevisarEmpresa(const RowValues& datos, Outcome* aviso_rfc) {
 }
 
 Outcome GuardarEmpresa(const Session& session, const RowValues& datos, Outcome* aviso_rfc) {
+  // No rights text covers the company's row: its menu entry is the right.
+  if (!menus::FormaPermitida(session, "MDIInicioEmpresa")) {
+    return Outcome::Warning(u"Este usuario no tiene permisos para cambios de registros"_s);
+  }
   if (Outcome revision = RevisarEmpresa(datos, aviso_rfc); !revision) return revision;
   RowValues limpios = datos;
   limpios.Set(u"rfc"_s, RfcLimpio(datos.Text(u"rfc"_s)));

@@ -18,9 +18,10 @@ RowValues LeerEmpresa(const Session& session, Outcome* error = nullptr);
 // goes into *aviso_rfc, to be shown before the refusal.
 Outcome RevisarEmpresa(const RowValues& datos, Outcome* aviso_rfc = nullptr);
 
-// Checks and writes the row in one transaction, adding it with numero 1 when missing. Only the
-// columns the row holds are written (the logo too: a null "logotipo" clears it); the pending
-// code change is left alone. The session is not reloaded here: the caller does it.
+// Only a user whose menu reaches the company screen saves it. Checks and writes the row in one
+// transaction, adding it with numero 1 when missing. Only the columns the row holds are
+// written (the logo too: a null "logotipo" clears it); the pending code change is left alone.
+// The session is not reloaded here: the caller does it.
 Outcome GuardarEmpresa(const Session& session, const RowValues& datos,
                        Outcome* aviso_rfc = nullptr);
 

@@ -21,6 +21,11 @@ Outcome Revisar(const Session& session, const Linea& linea, const QString& letra
   return Outcome::Ok();
 }
 
+Outcome RevisarBaja(const Session& session, Connection& c, const Linea& linea, qint32 numero) {
+  return catalogs::RevisarBaja(session, c, u"Lineas"_s, u"lineas"_s, u"numero"_s, numero,
+                               linea.status);
+}
+
 QString Status(const Linea& linea) { return linea.status == u"BAJA"_s ? u"BAJA"_s : u"ALTA"_s; }
 
 }  // namespace
@@ -42,6 +47,7 @@ Outcome AltaLinea(const Session& session, const Linea& linea, qint32* numero) {
   if (!c.ok()) return Outcome::Stop(c.error());
   Transaction t(c);
   if (!t.ok()) return Outcome::Stop(t.error());
+  if (Outcome baja = RevisarBaja(session, c, linea, 0); !baja) return baja;
   qint32 nuevo = 0;
   QString error;
   const QVariantMap fila = {{u"nombre"_s, mFunciones::ValorTexto(linea.nombre)},
@@ -60,6 +66,7 @@ Outcome CambioLinea(const Session& session, const Linea& linea) {
   if (!c.ok()) return Outcome::Stop(c.error());
   Transaction t(c);
   if (!t.ok()) return Outcome::Stop(t.error());
+  if (Outcome baja = RevisarBaja(session, c, linea, linea.numero); !baja) return baja;
   QString error;
   if (!c.Run(u"update lineas set nombre = ?, status = ? where numero = ?"_s,
              {mFunciones::ValorTexto(linea.nombre), Status(linea), linea.numero}, &error) ||

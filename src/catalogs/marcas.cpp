@@ -24,6 +24,11 @@ Outcome Revisar(const Session& session, const Marca& marca, const QString& letra
   return Outcome::Ok();
 }
 
+Outcome RevisarBaja(const Session& session, Connection& c, const Marca& marca, qint32 numero) {
+  return catalogs::RevisarBaja(session, c, u"Marcas"_s, u"marcas"_s, u"numero"_s, numero,
+                               marca.status);
+}
+
 QVariantList Valores(const Marca& marca) {
   QVariantList valores{mFunciones::ValorTexto(marca.nombre)};
   for (double u : marca.utilidades) valores << u;
@@ -73,6 +78,7 @@ Outcome AltaMarca(const Session& session, const Marca& marca, qint32* numero) {
   for (int k = 0; k < catalogs::kNiveles; ++k) {
     fila.insert(u"utilidad%1"_s.arg(k + 1), valores.value(1 + k));
   }
+  if (Outcome baja = RevisarBaja(session, c, marca, 0); !baja) return baja;
   qint32 nuevo = 0;
   QString error;
   if (!mFunciones::InsertarConNumero(c, u"marcas"_s, u"numero"_s, fila, &nuevo, &error) ||
@@ -128,6 +134,7 @@ Outcome CambioMarca(const Session& session, const Marca& marca) {
   if (!c.ok()) return Outcome::Stop(c.error());
   Transaction t(c);
   if (!t.ok()) return Outcome::Stop(t.error());
+  if (Outcome baja = RevisarBaja(session, c, marca, marca.numero); !baja) return baja;
   QString error;
   bool ok = c.Run(
       u"update marcas set nombre = ?, utilidad1 = ?, utilidad2 = ?, utilidad3 = ?, "

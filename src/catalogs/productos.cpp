@@ -56,6 +56,11 @@ QVariantList Valores(const RowValues& empresa, const Producto& p) {
   return v;
 }
 
+Outcome RevisarBaja(const Session& session, Connection& c, const Producto& p) {
+  return catalogs::RevisarBaja(session, c, u"Productos"_s, u"productos"_s, u"codigo"_s,
+                               Texto(p.codigo), p.status);
+}
+
 }  // namespace
 
 std::array<double, catalogs::kNiveles> PreciosAGuardar(const RowValues& empresa,
@@ -102,6 +107,7 @@ Outcome AltaProducto(const Session& session, const Producto& p) {
   Connection c(session.Cadena);
   Transaction t(c);
   if (!t.ok()) return Outcome::Stop(t.error());
+  if (Outcome baja = RevisarBaja(session, c, p); !baja) return baja;
   const QStringList& columnas = Columnas();
   const QString marcas = QStringList(columnas.size(), u"?"_s).join(u", "_s);
   QString error;
@@ -127,6 +133,7 @@ Outcome CambioProducto(const Session& session, const Producto& cambiado) {
   if (!usuarios::PuedeModificar(session, u"ModificarCosto"_s)) p.costo = guardado.toDouble();
   Transaction t(c);
   if (!t.ok()) return Outcome::Stop(t.error());
+  if (Outcome baja = RevisarBaja(session, c, p); !baja) return baja;
   QStringList asignaciones;
   for (const QString& columna : Columnas().mid(0, Columnas().size() - 1)) {
     asignaciones << columna + u" = ?"_s;

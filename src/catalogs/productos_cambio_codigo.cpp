@@ -12,6 +12,9 @@ namespace ventarix::productos {
 using namespace Qt::StringLiterals;
 
 Outcome AnotarCambioDeCodigo(const Session& session, const QString& actual, const QString& nuevo) {
+  if (Outcome permiso = mFunciones::TienePermiso(session, u"Productos"_s, u"C"_s); !permiso) {
+    return permiso;
+  }
   const QString viejo = mFunciones::ValorTexto(actual);
   const QString otro = mFunciones::ValorTexto(nuevo);
   if (viejo.isEmpty()) {

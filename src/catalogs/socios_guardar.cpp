@@ -7,6 +7,7 @@
 #include <QSqlError>
 #include <QSqlQuery>
 
+#include "catalogs/guardado.h"
 #include "catalogs/socios_campos.h"
 #include "core/database.h"
 #include "core/dialect.h"
@@ -196,7 +197,12 @@ Resultado GuardarSocio(const Session& session, Socio socio, bool cambio, const R
     resultado.outcome = Outcome::Stop(transaction.error());
     return resultado;
   }
-  Outcome escrito = Escribir(c, familia, cambio, v, registro.status, &resultado.numero);
+  Outcome escrito =
+      cambio ? catalogs::RevisarBaja(session, c, QLatin1String(familia.derechos).toString(),
+                                     QLatin1String(familia.tabla).toString(), u"numero"_s,
+                                     registro.numero, registro.status)
+             : Outcome::Ok();
+  if (escrito) escrito = Escribir(c, familia, cambio, v, registro.status, &resultado.numero);
   if (escrito && precios != nullptr && socio == Socio::kClientes) {
     escrito = EscribirPreciosCliente(c, resultado.numero, *precios);
   }

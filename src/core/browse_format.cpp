@@ -147,8 +147,14 @@ Vista VistaDeFormato(const Session& session, const QString& tabla) {
   return vista;
 }
 
+Outcome RevisarAdministrador(const Session& session) {
+  if (session.Administrador) return Outcome::Ok();
+  return Outcome::Warning(u"Solo un administrador puede cambiar el formato de las vistas"_s);
+}
+
 Outcome GuardarFormato(const Session& session, const QString& tabla, const QStringList& usuarios,
                        const Formato& formato, const std::vector<ColumnaRequerida>& requeridas) {
+  if (Outcome administrador = RevisarAdministrador(session); !administrador) return administrador;
   if (const Outcome revisado = Revisar(usuarios, formato); !revisado) return revisado;
   if (formato.AplicarSql && !formato.Sentencia.trimmed().isEmpty()) {
     const Outcome probado = ProbarSentencia(session, formato.Sentencia.trimmed(), requeridas);

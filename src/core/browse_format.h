@@ -45,6 +45,10 @@ std::vector<UsuarioDeFormato> UsuariosDeFormato(const Session& session);
 // only its Tabla when neither exists.
 Vista VistaDeFormato(const Session& session, const QString& tabla);
 
+// The view editor, and with it the buttons' rights and prompts of every view, is the
+// administrators': anyone else gets a warning from each of its routines.
+Outcome RevisarAdministrador(const Session& session);
+
 // Runs the statement read-only, one row at most, and checks that it yields each required
 // column with a type of the same kind. A statement that fails gives the engine's words.
 Outcome ProbarSentencia(const Session& session, const QString& sentencia,

@@ -7,6 +7,7 @@
 #include <QUrl>
 
 #include "core/engine_handles.h"
+#include "core/passwords.h"
 #include "core/rol_consulta.h"
 
 namespace ventarix {
@@ -66,7 +67,7 @@ Connection::Connection(const QString& cadena, Acceso acceso)
     : name_(NextConnectionName()), acceso_(acceso) {
   const std::optional<ConnectionTarget> target = ParseCadena(cadena);
   if (!target) {
-    error_ = QStringLiteral("Cadena de conexión no válida: ") + cadena;
+    error_ = QStringLiteral("Cadena de conexión no válida: ") + passwords::Enmascarar(cadena);
     return;
   }
   engine_ = target->engine;

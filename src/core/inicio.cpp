@@ -1,5 +1,6 @@
 #include "core/inicio.h"
 
+#include <algorithm>
 #include <array>
 
 #include <QRandomGenerator>
@@ -101,13 +102,15 @@ bool PrepararAutorizacionUsuarios(Session& session) {
     return false;
   }
   session.AutorizacionTitulo = u"Contraseña de seguridad"_s;
-  session.AutorizacionClave = session.Contrasena;
+  session.AutorizacionClave = {session.Contrasena};
   session.Autorizado = false;
   return true;
 }
 
 Outcome Autorizar(Session& session, const QString& tecleado) {
-  session.Autorizado = passwords::Verify(tecleado.toUpper(), session.AutorizacionClave);
+  session.Autorizado =
+      std::any_of(session.AutorizacionClave.cbegin(), session.AutorizacionClave.cend(),
+                  [&tecleado](const QString& clave) { return passwords::Verify(tecleado, clave); });
   if (session.Autorizado) return Outcome::Ok();
   return Outcome::Warning(u"Esta contraseña no corresponde para una autorización"_s,
                           u"Autorizar"_s);

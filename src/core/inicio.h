@@ -44,8 +44,9 @@ std::optional<int> AnoDeRespuesta(const QString& respuesta);
 // prompt must run (title and expected password set, Autorizado cleared; returns true);
 // otherwise Autorizado is simply true.
 bool PrepararAutorizacionUsuarios(Session& session);
-// The prompt's check of what was typed against AutorizacionClave (upper-cased as typed);
-// sets Autorizado. The message when it does not match.
+// The prompt's check of what was typed against the passwords of AutorizacionClave (any one
+// of them, compared as every password is: core/passwords.h); sets Autorizado. The message
+// when none matches.
 Outcome Autorizar(Session& session, const QString& tecleado);
 
 }  // namespace ventarix::inicio

@@ -4,6 +4,7 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QLocale>
+#include <QSqlError>
 #include <QSqlQuery>
 
 #include "core/browse_filter.h"
@@ -48,6 +49,12 @@ bool InsertarFila(Connection& connection, const Vista& v, QString* error) {
                         error);
 }
 
+// The statement's error, or else the engine's (a transaction that did not begin or commit).
+QString Motivo(Connection& connection, const QString& error) {
+  if (!error.isEmpty()) return error;
+  return connection.error().isEmpty() ? connection.db().lastError().text() : connection.error();
+}
+
 QString SentenciaDeTabla(const QString& tabla) {
   return QStringLiteral("select * from ") + dialect::Name(tabla);
 }
@@ -62,6 +69,51 @@ bool CoincideCon(const std::vector<ColumnaVista>& columnas, const std::vector<Ca
     if (!esta) return false;
   }
   return true;
+}
+
+// A view whose table changed is laid out again from the table, its search, sort and
+// position dropped as they may name a column that is gone; who may use which button, and
+// after which password, stays as the view editor left it. A new template row is added.
+bool Rehacer(Connection& connection, bool nueva, const std::vector<ColumnaVista>& columnas,
+             Vista* fila, QString* error) {
+  fila->Cadena = EscribirCadena(columnas);
+  if (!nueva) {
+    fila->Busqueda.clear();
+    fila->Ordenar.clear();
+    fila->Renglon = 0;
+    fila->Posicion = 0;
+  }
+  Transaction transaccion(connection);
+  if (!transaccion.ok()) {
+    *error = Motivo(connection, {});
+    return false;
+  }
+  const bool escrito =
+      nueva
+          ? InsertarFila(connection, *fila, error)
+          : connection.Run(QStringLiteral("update tablas set cadena = ?, busqueda = ?, "
+                                          "ordenar = ?, renglon = 0, posicion = 0 "
+                                          "where tabla = ? and usuario = ?"),
+                           {fila->Cadena, QString(), QString(), fila->Tabla, fila->Usuario}, error);
+  if (escrito && transaccion.Commit()) return true;
+  *error = Motivo(connection, *error);
+  return false;
+}
+
+// The user's own row as a copy of the stored one the browser showed (the template's, or a
+// view with no row at all when there is none yet).
+bool CopiarPlantilla(Connection& connection, const Vista& vista, const QString& usuario,
+                     QString* error) {
+  std::optional<Vista> guardada =
+      LeerFila(connection, vista.Tabla, QString::fromLatin1(kPlantilla));
+  if (!guardada) {
+    guardada = Vista{};
+    guardada->Tabla = vista.Tabla;
+    guardada->Sentencia = SentenciaDeTabla(vista.Tabla);
+    guardada->Cadena = vista.Cadena;
+  }
+  guardada->Usuario = usuario;
+  return InsertarFila(connection, *guardada, error);
 }
 
 // Names, addresses and descriptions need room; codes and flags do not.
@@ -111,54 +163,38 @@ VistaCargada ObtenerVista(const Session& session, const QString& tabla,
   }
   Connection lectura(session.Cadena, Connection::Acceso::kVista);
   const QString plantilla = QString::fromLatin1(kPlantilla);
-  // A row that no longer matches its table is deleted and built again in one transaction.
-  Transaction transaccion(connection);
-  if (!transaccion.ok()) {
-    resultado.outcome = Outcome::Stop(transaccion.error());
+  std::optional<Vista> fila = LeerFila(connection, tabla, session.Usuario);
+  resultado.propia = fila.has_value();
+  if (!fila) fila = LeerFila(connection, tabla, plantilla);
+  const bool nueva = !fila;
+  if (nueva) {
+    fila = Vista{};
+    fila->Tabla = tabla;
+    fila->Usuario = plantilla;
+    fila->Sentencia = sentencia_inicial.isEmpty() ? SentenciaDeTabla(tabla) : sentencia_inicial;
+  }
+  const QString sentencia =
+      fila->Sentencia.trimmed().isEmpty() ? SentenciaDeTabla(tabla) : fila->Sentencia;
+  const Campos campos = CamposDeSentencia(lectura, sentencia);
+  if (!campos.outcome) {
+    if (nueva && !connection.Tables().contains(tabla, Qt::CaseInsensitive)) {
+      resultado.outcome = Outcome::Stop(QStringLiteral("NO EXISTE LA TABLA:  [") + tabla);
+    } else {
+      resultado.outcome = campos.outcome;
+    }
     return resultado;
   }
-  // At most three rounds: the user's row, the template row, a new template.
-  for (int intento = 0; intento < 3; ++intento) {
-    std::optional<Vista> fila = LeerFila(connection, tabla, session.Usuario);
-    resultado.propia = fila.has_value();
-    if (!fila) fila = LeerFila(connection, tabla, plantilla);
-    const bool nueva = !fila;
-    if (nueva) {
-      fila = Vista{};
-      fila->Tabla = tabla;
-      fila->Usuario = plantilla;
-      fila->Sentencia = sentencia_inicial.isEmpty() ? SentenciaDeTabla(tabla) : sentencia_inicial;
-    }
-    const QString sentencia =
-        fila->Sentencia.trimmed().isEmpty() ? SentenciaDeTabla(tabla) : fila->Sentencia;
-    const Campos campos = CamposDeSentencia(lectura, sentencia);
-    if (!campos.outcome) {
-      if (nueva && !connection.Tables().contains(tabla, Qt::CaseInsensitive)) {
-        resultado.outcome = Outcome::Stop(QStringLiteral("NO EXISTE LA TABLA:  [") + tabla);
-      } else {
-        resultado.outcome = campos.outcome;
-      }
+  std::vector<ColumnaVista> columnas = LeerCadena(fila->Cadena);
+  if (nueva || !CoincideCon(columnas, campos.campos)) {
+    columnas = DefinicionInicial(campos.campos);
+    QString error;
+    if (!Rehacer(connection, nueva, columnas, &*fila, &error)) {
+      resultado.outcome = Outcome::Stop(error);
       return resultado;
     }
-    if (nueva) {
-      fila->Cadena = EscribirCadena(DefinicionInicial(campos.campos));
-      QString error;
-      if (!InsertarFila(connection, *fila, &error)) {
-        resultado.outcome = Outcome::Stop(error);
-        return resultado;
-      }
-    }
-    std::vector<ColumnaVista> columnas = LeerCadena(fila->Cadena);
-    if (CoincideCon(columnas, campos.campos)) {
-      resultado.vista = *fila;
-      resultado.columnas = std::move(columnas);
-      if (!transaccion.Commit()) resultado.outcome = Outcome::Stop(transaccion.error());
-      return resultado;
-    }
-    connection.Run(QStringLiteral("delete from tablas where tabla = ? and usuario = ?"),
-                   {fila->Tabla, fila->Usuario});
   }
-  resultado.outcome = Outcome::Stop(QStringLiteral("No se pudo construir la vista: ") + tabla);
+  resultado.vista = *fila;
+  resultado.columnas = std::move(columnas);
   return resultado;
 }
 
@@ -172,31 +208,32 @@ Outcome GuardarVista(const Session& session, const Vista& vista) {
       connection.Exec(QStringLiteral("select count(*) from tablas where tabla = ? and usuario = ?"),
                       {vista.Tabla, session.Usuario});
   const bool hay = existe.next() && existe.value(0).toInt() > 0;
-  bool ok = false;
-  if (hay) {
-    ok = connection.Run(
-        QStringLiteral("update tablas set renglon = ?, posicion = ?, busqueda = ?, ordenar = ? "
-                       "where tabla = ? and usuario = ?"),
-        {vista.Renglon, vista.Posicion, vista.Busqueda, vista.Ordenar, vista.Tabla,
-         session.Usuario},
-        &error);
-  } else {
-    Vista propia = vista;
-    propia.Usuario = session.Usuario;
-    ok = InsertarFila(connection, propia, &error);
+  existe.finish();
+  // The user's own row starts as the stored view: its statement, buttons' rights and prompts
+  // are the view editor's, never the caller's.
+  bool ok = hay || CopiarPlantilla(connection, vista, session.Usuario, &error);
+  ok = ok &&
+       connection.Run(QStringLiteral("update tablas set renglon = ?, posicion = ?, busqueda = ?, "
+                                     "ordenar = ? where tabla = ? and usuario = ?"),
+                      {vista.Renglon, vista.Posicion, vista.Busqueda, vista.Ordenar, vista.Tabla,
+                       session.Usuario},
+                      &error);
+  if (!ok || !transaccion.Commit()) {
+    return Outcome::Stop(Motivo(connection, error));
   }
-  if (!ok || !transaccion.Commit()) return Outcome::Stop(error);
   return Outcome::Ok();
 }
 
 Outcome BorrarVista(const Session& session, const QString& tabla) {
   Connection connection(session.Cadena);
+  if (!connection.ok()) return Outcome::Stop(connection.error());
   Transaction transaccion(connection);
   if (!transaccion.ok()) return Outcome::Stop(transaccion.error());
   QString error;
   if (!connection.Run(QStringLiteral("delete from tablas where tabla = ? and usuario = ?"),
-                      {tabla, session.Usuario}, &error)) {
-    return Outcome::Stop(error);
+                      {tabla, session.Usuario}, &error) ||
+      !transaccion.Commit()) {
+    return Outcome::Stop(Motivo(connection, error));
   }
   if (!transaccion.Commit()) return Outcome::Stop(transaccion.error());
   return Outcome::Ok();
@@ -305,12 +342,14 @@ std::vector<Prompt> PromptsDeBoton(const Session& session, const QString& seguri
       const int valor = campos.value(i - 1).trimmed().toInt(&numero);
       return numero && valor == 0;
     };
-    if (es_cero(3) && !session.ContrasenaAdministrador.isEmpty()) {
-      prompts.push_back({QStringLiteral("Escriba la contraseña del usuario"), session.Contrasena});
-    }
-    if (es_cero(5)) {
+    if (es_cero(3) && !session.ContrasenaAdministrador.isEmpty() && !session.Contrasena.isEmpty()) {
       prompts.push_back(
-          {QStringLiteral("Escriba la contraseña del gerente"), session.ContrasenaGerente});
+          {QStringLiteral("Escriba la contraseña del usuario"), {session.Contrasena}});
+    }
+    if (es_cero(5) && !session.ContrasenaGerente.isEmpty()) {
+      QStringList claves = {session.ContrasenaGerente};
+      if (!session.ContrasenaAdministrador.isEmpty()) claves << session.ContrasenaAdministrador;
+      prompts.push_back({QStringLiteral("Escriba la contraseña del gerente"), claves});
     }
     break;
   }

@@ -65,10 +65,16 @@ bool TienePeriodo(const std::vector<Campo>& campos);
 
 // The prompts a toolbar button of the view asks before it acts, from the view's `Seguridad`
 // lines ("button|...|user|...|manager"): field 3 equal to 0 asks the user's own password when
-// an administrator's password exists; field 5 equal to 0 asks the manager's.
+// an administrator's password exists; field 5 equal to 0 asks the manager's. A prompt whose
+// password is empty is not asked.
+//
+// The manager's prompt also takes the administrator's password: the owner may allow whatever
+// a manager may, and a shop without a manager still gets its manager's buttons authorized.
+// Without a manager, ContrasenaGerente holds the built-in password of the start-up, which
+// keeps working too (compared, like every password, in upper case).
 struct Prompt {
   QString titulo;
-  QString clave;  // the stored password the typed one must match
+  QStringList claves;  // the stored passwords, any of which the typed one may match
 };
 std::vector<Prompt> PromptsDeBoton(const Session& session, const QString& seguridad, int boton);
 

@@ -1,5 +1,8 @@
 #include "core/menu_catalog.h"
 
+#include <algorithm>
+#include <cstring>
+
 namespace ventarix::menus {
 
 const std::vector<EntradaMenu>& Registros() {
@@ -120,6 +123,25 @@ const std::vector<EntradaMenu>& Bloque(inicio::BloqueMenu bloque) {
       break;
   }
   return Utilerias();
+}
+
+bool FormaPermitida(const Session& session, const char* forma) {
+  const auto abre = [forma](const EntradaMenu& entrada) {
+    if (std::strcmp(entrada.forma, forma) == 0) return true;
+    return std::any_of(entrada.sub.begin(), entrada.sub.end(), [forma](const EntradaMenu& sub) {
+      return std::strcmp(sub.forma, forma) == 0;
+    });
+  };
+  for (const inicio::BloqueMenu bloque :
+       {inicio::BloqueMenu::kRegistros, inicio::BloqueMenu::kCatalogos,
+        inicio::BloqueMenu::kReportes, inicio::BloqueMenu::kUtilerias}) {
+    for (const EntradaMenu& entrada : Bloque(bloque)) {
+      if (abre(entrada)) {
+        return inicio::EntradaHabilitada(inicio::Permisos(session), bloque, entrada.indice);
+      }
+    }
+  }
+  return false;
 }
 
 }  // namespace ventarix::menus

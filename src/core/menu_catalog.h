@@ -23,4 +23,9 @@ const std::vector<EntradaMenu>& Utilerias();
 // The entries of one block of the mask.
 const std::vector<EntradaMenu>& Bloque(inicio::BloqueMenu bloque);
 
+// Whether the session's mask lets its user reach the form (an entry of a sub-menu goes with
+// the sub-menu's own position). A routine behind a screen that only a menu entry opens, and
+// whose data no rights text covers, asks this before it writes.
+bool FormaPermitida(const Session& session, const char* forma);
+
 }  // namespace ventarix::menus

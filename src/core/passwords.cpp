@@ -69,6 +69,11 @@ bool Derive(const QString& plain, const QByteArray& salt, int iterations, QByteA
                            reinterpret_cast<unsigned char*>(out.data())) == 1;
 }
 
+// Both sides of every comparison go through here.
+QString Normalized(const QString& password) {
+  return password.normalized(QString::NormalizationForm_C).toUpper();
+}
+
 bool SameBytes(const QByteArray& a, const QByteArray& b) {
   if (a.size() != b.size()) return false;
   return CRYPTO_memcmp(a.constData(), b.constData(), static_cast<size_t>(a.size())) == 0;
@@ -80,7 +85,7 @@ QString Hash(const QString& plain) {
   QByteArray salt(kSaltBytes, '\0');
   if (RAND_bytes(reinterpret_cast<unsigned char*>(salt.data()), kSaltBytes) != 1) return {};
   SecretBytes hash(kHashBytes);
-  if (!Derive(plain, salt, kIterations, hash.bytes())) return {};
+  if (!Derive(Normalized(plain), salt, kIterations, hash.bytes())) return {};
   return QStringList{kPrefix, QString::number(kIterations), QString::fromLatin1(salt.toBase64()),
                      QString::fromLatin1(hash.bytes().toBase64())}
       .join(QLatin1Char('$'));
@@ -91,16 +96,18 @@ bool IsHashed(const QString& stored) {
   return Parse(stored, &parsed);
 }
 
+bool NeedsHashing(const QString& stored) { return !stored.isEmpty() && !IsHashed(stored); }
+
 bool Verify(const QString& typed, const QString& stored) {
   Parsed parsed;
   if (!Parse(stored, &parsed)) {
     // Companies from before hashing keep their passwords in the clear.
-    SecretBytes a(typed.toUtf8());
-    SecretBytes b(stored.toUtf8());
+    SecretBytes a(Normalized(typed).toUtf8());
+    SecretBytes b(Normalized(stored).toUtf8());
     return SameBytes(a.bytes(), b.bytes());
   }
   SecretBytes derived(kHashBytes);
-  if (!Derive(typed, parsed.salt, parsed.iterations, derived.bytes())) return false;
+  if (!Derive(Normalized(typed), parsed.salt, parsed.iterations, derived.bytes())) return false;
   const bool same = SameBytes(derived.bytes(), parsed.hash);
   OPENSSL_cleanse(parsed.hash.data(), static_cast<size_t>(parsed.hash.size()));
   return same;

@@ -90,9 +90,10 @@ struct Session {
   // screen leaves here the key it saved, so that the browser refreshes that row.
   QString RegistroActual;
 
-  // Authorization prompt.
+  // Authorization prompt: the stored passwords it accepts, any one of them (a manager's
+  // button also takes the administrator's password, see mBrowse::PromptsDeBoton).
   QString AutorizacionTitulo;
-  QString AutorizacionClave;
+  QStringList AutorizacionClave;
   bool Autorizado = false;
 
   // Look-up dialog: the statement and title a keyword chose, and the key of the row picked

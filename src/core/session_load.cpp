@@ -68,16 +68,6 @@ void EmpresaPredeterminada(RowValues& empresa) {
   empresa.Set(QStringLiteral("Autenticacion"), kS);
 }
 
-// The rights of the administrator of a company that has no users at all.
-void PermisosCompletos(RowValues& usuario, const QString& nombre) {
-  usuario.Set(QStringLiteral("Usuario"), nombre);
-  usuario.Set(QStringLiteral("Permisos"), QString(255, QLatin1Char('1')));
-  for (const char* columna : {"ModificarCosto", "ModificarPlazo", "ModificarCredito"}) {
-    usuario.Set(QString::fromLatin1(columna), kS);
-  }
-  for (const QString& columna : ColumnasDeDerechos()) usuario.Set(columna, QStringLiteral("SSS"));
-}
-
 void ConfiguracionPredeterminada(RowValues& configurar) {
   configurar.Clear();
   configurar.Set(QStringLiteral("PantallaPorDefaultEnTpv"), 2);
@@ -148,6 +138,15 @@ void BorrarTemporalesDelPrograma() {
 }
 
 }  // namespace
+
+void PermisosCompletos(RowValues& usuario, const QString& nombre) {
+  usuario.Set(QStringLiteral("Usuario"), nombre);
+  usuario.Set(QStringLiteral("Permisos"), QString(255, QLatin1Char('1')));
+  for (const char* columna : {"ModificarCosto", "ModificarPlazo", "ModificarCredito"}) {
+    usuario.Set(QString::fromLatin1(columna), kS);
+  }
+  for (const QString& columna : ColumnasDeDerechos()) usuario.Set(columna, QStringLiteral("SSS"));
+}
 
 void CargarEsquemas(Session& session) {
   session.EsquemasCFD = {QStringLiteral("cadenaoriginal_2_2.xslt"),

@@ -24,6 +24,10 @@ inline constexpr qint64 kMuchosProductos = 20000;
 // The 24 columns of usuarios holding a three-letter rights text (add, cancel, change).
 const QStringList& ColumnasDeDerechos();
 
+// The rights of the ADMINISTRADOR of a company that has no users at all: every menu entry,
+// every field, "SSS" everywhere.
+void PermisosCompletos(RowValues& usuario, const QString& nombre);
+
 // Pieces, for the reload and for tests.
 void CargarEmpresa(Session& session);
 void CargarPermisos(Session& session);

@@ -21,6 +21,26 @@ const QString kS = QStringLiteral("S");
 
 QSettings Almacen() { return QSettings(QStringLiteral("Ventarix"), QStringLiteral("TVik")); }
 
+// A password still in the clear, from an older company, is hashed at its owner's login; the
+// stored text the session keeps comes back. Failing to write it is logged and does not stop
+// the login: the clear text keeps working until the next one.
+QString HashAlEntrar(const Session& session, Connection& connection, const QString& usuario,
+                     const QString& tecleada, const QString& guardada) {
+  if (!passwords::NeedsHashing(guardada)) return guardada;
+  const QString hash = passwords::Hash(tecleada);
+  if (hash.isEmpty()) return guardada;
+  Transaction transaction(connection);
+  QString error;
+  if (!transaction.ok() ||
+      !connection.Run(QStringLiteral("update usuarios set \"contraseña\" = ? where usuario = ?"),
+                      {hash, usuario}, &error) ||
+      !transaction.Commit()) {
+    mFunciones::RegistrarError(session, error.isEmpty() ? transaction.error() : error);
+    return guardada;
+  }
+  return hash;
+}
+
 }  // namespace
 
 bool SeparadorDecimalEsPunto(const QLocale& locale) {
@@ -167,11 +187,12 @@ bool EntrarSinAcceso(Session& session) {
   }
   if (hay_administrador) return false;
   // A company without an administrator has no login: whoever opens it is the administrator.
+  query.finish();
   QString error;
-  Transaction transaccion(connection);
-  if (!transaccion.ok() || !connection.Run(QStringLiteral("delete from usuarios"), {}, &error) ||
-      !transaccion.Commit()) {
-    mFunciones::RegistrarError(session, error.isEmpty() ? transaccion.error() : error);
+  Transaction transaction(connection);
+  if (!transaction.ok() || !connection.Run(QStringLiteral("delete from usuarios"), {}, &error) ||
+      !transaction.Commit()) {
+    mFunciones::RegistrarError(session, error.isEmpty() ? transaction.error() : error);
     return false;
   }
   session.Contrasena.clear();
@@ -204,10 +225,11 @@ Outcome Entrar(Session& session, const QString& usuario, const QString& contrase
   session.Usuario = query.value(QStringLiteral("usuario")).toString();
   session.Administrador = query.value(QStringLiteral("administrador")).toString() == kS;
   session.Gerente = query.value(QStringLiteral("gerente")).toString() == kS;
-  // The stored text, hashed or not: authorization prompts verify against it.
-  session.Contrasena = guardada;
   const int tienda = query.value(QStringLiteral("tienda")).toInt();
   session.Tienda = tienda >= 1 && tienda <= 5 ? tienda : 1;
+  query.finish();
+  // The stored text: authorization prompts verify against it.
+  session.Contrasena = HashAlEntrar(session, connection, session.Usuario, contrasena, guardada);
   return Outcome::Ok();
 }
 

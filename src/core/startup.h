@@ -60,7 +60,9 @@ bool CambiarDireccionRemota(Session& session, const QString& direccion);
 // (returns true: no login).
 bool EntrarSinAcceso(Session& session);
 
-// The login button: exact messages, focus on "usuario" or "contrasena".
+// The login button: exact messages, focus on "usuario" or "contrasena". The password counts
+// in upper case whatever was typed (core/passwords.h); one still kept in the clear is stored
+// hashed once it let its user in.
 Outcome Entrar(Session& session, const QString& usuario, const QString& contrasena);
 
 }  // namespace ventarix::startup

@@ -28,7 +28,7 @@ std::optional<int> LeerTienda(const QString& texto, int maxima) {
 // password still reads as such to the callers of the authorization prompt.
 std::optional<QString> ContrasenaGuardada(const QString& tecleada) {
   if (tecleada.isEmpty()) return QString();
-  QString hash = passwords::Hash(tecleada.toUpper());
+  QString hash = passwords::Hash(tecleada);
   if (hash.isEmpty()) return std::nullopt;
   return hash;
 }
@@ -130,10 +130,21 @@ Outcome BorrarUsuario(const Session& session, const QString& usuario) {
   if (!session.Administrador) {
     return Outcome::Warning(u"Este usuario no tiene permisos para bajas de registros"_s);
   }
+  const QString clave = usuario.trimmed();
   sql::Guardado guardado(session);
   if (!guardado.ok()) return guardado.falla();
+  // A company left without an administrator loses every user at its next start, and whoever
+  // opens it then enters with all rights and no password.
+  const std::optional<qint64> es_administrador = guardado.Contar(
+      u"select count(*) from usuarios where usuario = ? and administrador = 'S'"_s, {clave});
+  const std::optional<qint64> otros = guardado.Contar(
+      u"select count(*) from usuarios where usuario <> ? and administrador = 'S'"_s, {clave});
+  if (!es_administrador || !otros) return guardado.falla();
+  if (*es_administrador > 0 && *otros == 0) {
+    return Outcome::Warning(u"No se puede borrar al único administrador de la empresa"_s);
+  }
   const std::optional<int> borrados =
-      guardado.Actualizar(u"delete from usuarios where usuario = ?"_s, {usuario.trimmed()});
+      guardado.Actualizar(u"delete from usuarios where usuario = ?"_s, {clave});
   if (!borrados) return guardado.falla();
   if (*borrados == 0) return NoRegistrado();
   return guardado.Terminar();

@@ -13,8 +13,7 @@
 
 // The users of a company: adding, changing and deleting them, and their rights (the menu mask,
 // the three-letter rights per document family and catalogue, the field locks and the invoice
-// series they may use). Passwords are kept hashed; what is typed is upper-cased first, as the
-// prompts that verify it always work in upper case.
+// series they may use). Passwords are kept hashed and count in upper case (core/passwords.h).
 namespace ventarix::usuarios {
 
 // What the add and change screens capture. `tienda` is the text as typed.
@@ -35,12 +34,13 @@ inline constexpr int kLargoPermisos = 4 * inicio::kLargoBloque;
 Outcome AltaUsuario(Session& session, const DatosUsuario& datos);
 
 // Changes password, store (1 to 5) and manager flag; the administrator flag never changes
-// here. An empty password keeps the stored one, since the stored hash cannot be shown back.
-// A user who is no administrator may change only their own row, and not their manager flag.
+// here, nor anywhere after the add, so that only BorrarUsuario could leave a company without
+// administrator. An empty password keeps the stored one, since the stored hash cannot be shown
+// back. A user who is no administrator may change only their own row, and not their manager flag.
 Outcome CambioUsuario(Session& session, const DatosUsuario& datos);
 
-// Only an administrator deletes users. Deleting the last administrator leaves the company
-// without login: the next start empties the users table.
+// Only an administrator deletes users, and never the company's only administrator: without
+// one the next start would empty the users table and let anyone in.
 Outcome BorrarUsuario(const Session& session, const QString& usuario);
 
 // Whether the session may open the change screen on this user's row.

@@ -233,6 +233,11 @@ std::vector<Outcome> RestaurarMaterial(const Session& session, FamiliaFolios fam
 }
 
 Outcome Predeterminar(Session& session, FamiliaFolios familia, qint32 numero) {
+  if (Outcome permiso =
+          mFunciones::TienePermiso(session, QString::fromLatin1(DatosDe(familia).derechos), u"C"_s);
+      !permiso) {
+    return permiso;
+  }
   Connection c(session.Cadena);
   if (!c.ok()) return Outcome::Stop(c.error());
   const QString tabla = dialect::Name(Tabla(familia));

@@ -124,8 +124,9 @@ Outcome LeerRango(const Session& session, FamiliaFolios familia, qint32 numero, 
 std::vector<Outcome> RestaurarMaterial(const Session& session, FamiliaFolios familia,
                                        RangoFolios* rango);
 
-// The range becomes the one the capture screens start with: every other range of the table
-// loses the mark, whatever its scheme, and the session's FolioFacturas or FolioNotas takes it.
+// The range becomes the one the capture screens start with (a change: right "C" on the
+// family's ranges): every other range of the table loses the mark, whatever its scheme, and
+// the session's FolioFacturas or FolioNotas takes it.
 Outcome Predeterminar(Session& session, FamiliaFolios familia, qint32 numero);
 
 // Empties CarpetaTmp, as a change screen leaves it after saving.

@@ -83,6 +83,9 @@ class TestBrowse : public QObject {
 
     Vista mia = primera.vista;
     mia.Renglon = 7;
+    // The buttons' rights and prompts are the view editor's, never the browser's to write.
+    mia.Permisos = u"000"_s;
+    mia.Seguridad = u"1|Nuevo|0"_s;
     mia.Ordenar = u"[nombre] Desc"_s;
     Busqueda filtro;
     filtro.filtro = {{u"nombre"_s, u"O'B"_s}};
@@ -91,6 +94,7 @@ class TestBrowse : public QObject {
     const VistaCargada otra_vez = ObtenerVista(session, u"clientes"_s);
     QVERIFY(otra_vez.propia);
     QCOMPARE(otra_vez.vista.Renglon, 7);
+    QVERIFY(otra_vez.vista.Permisos.isEmpty() && otra_vez.vista.Seguridad.isEmpty());
     QCOMPARE(otra_vez.vista.Ordenar, u"[nombre] Desc"_s);
     const Busqueda leida = LeerBusqueda(otra_vez.vista.Busqueda);
     QCOMPARE(leida.filtro, filtro.filtro);
@@ -107,8 +111,8 @@ class TestBrowse : public QObject {
              u"NO EXISTE LA TABLA:  [no hay tal"_s);
   }
 
-  // A dropped column: each user's saved layout is thrown away on first use and the view is
-  // built again from the table.
+  // A dropped column: each saved layout is built again from the table on first use; its row
+  // and search go, while who may use which button, and after which password, stay.
   void ColumnaBorradaReconstruyeLaVista() {
     VENTARIX_COMPANY(company);
     Session session = company.MakeSession();
@@ -121,17 +125,27 @@ class TestBrowse : public QObject {
     Vista propia = ObtenerVista(session, u"prueba"_s).vista;
     propia.Renglon = 2;
     QVERIFY(GuardarVista(session, propia).ok);
+    const Formato formato{.AplicarPermisos = true,
+                          .AplicarSeguridad = true,
+                          .Permisos = u"101"_s,
+                          .Seguridad = u"3|Cancelar|1|x|0"_s};
+    const QString plantilla = QString::fromLatin1(kPlantilla);
+    QVERIFY(GuardarFormato(session, u"prueba"_s, {u"ANA"_s, plantilla}, formato, {}).ok);
     {
       Connection c(session.Cadena);
       QVERIFY(testing::Escribir(c, u"alter table prueba drop column extra"_s));
     }
-    const VistaCargada nueva = ObtenerVista(session, u"prueba"_s);
-    QVERIFY2(nueva.outcome.ok, qPrintable(nueva.outcome.message));
-    QCOMPARE(nueva.columnas.size(), size_t(3));
-    QCOMPARE(nueva.vista.Renglon, 0);
-    QVERIFY(!nueva.propia);
-    Connection c(session.Cadena);
-    QCOMPARE(c.Scalar(u"select count(*) from tablas where tabla = 'prueba'"_s).toInt(), 1);
+    for (const QString& usuario : {u"ANA"_s, plantilla}) {
+      session.Usuario = usuario;
+      const VistaCargada nueva = ObtenerVista(session, u"prueba"_s);
+      QVERIFY2(nueva.outcome.ok, qPrintable(nueva.outcome.message));
+      QCOMPARE(nueva.columnas.size(), size_t(3));
+      QCOMPARE(nueva.vista.Renglon, 0);
+      QVERIFY(nueva.propia);
+      QCOMPARE(nueva.vista.Permisos, formato.Permisos);
+      QCOMPARE(nueva.vista.Seguridad, formato.Seguridad);
+      QCOMPARE(ObtenerVista(session, u"prueba"_s).columnas.size(), size_t(3));
+    }
   }
 
   // Pages by key after the last row read must give exactly the rows, in the order, that one
@@ -321,7 +335,8 @@ class TestBrowse : public QObject {
   }
 
   // Field 3 equal to 0 asks the user's password when an administrator's exists; field 5 equal
-  // to 0 asks the manager's.
+  // to 0 asks the manager's, which the administrator's also answers. An empty password is not
+  // asked.
   void PromptsDeLosBotones() {
     Session session;
     session.Contrasena = passwords::Hash(u"YO"_s);
@@ -331,10 +346,14 @@ class TestBrowse : public QObject {
     const std::vector<Prompt> nuevo = PromptsDeBoton(session, seguridad, 1);
     QCOMPARE(nuevo.size(), size_t(1));
     QCOMPARE(nuevo[0].titulo, u"Escriba la contraseña del usuario"_s);
-    QCOMPARE(nuevo[0].clave, session.Contrasena);
+    QCOMPARE(nuevo[0].claves, QStringList{session.Contrasena});
     const std::vector<Prompt> cancelar = PromptsDeBoton(session, seguridad, 3);
     QCOMPARE(cancelar.size(), size_t(1));
     QCOMPARE(cancelar[0].titulo, u"Escriba la contraseña del gerente"_s);
+    QCOMPARE(cancelar[0].claves,
+             (QStringList{session.ContrasenaGerente, session.ContrasenaAdministrador}));
+    session.ContrasenaGerente.clear();
+    QVERIFY(PromptsDeBoton(session, seguridad, 3).empty());
     QVERIFY(PromptsDeBoton(session, seguridad, 2).empty());
     QVERIFY(PromptsDeBoton(session, seguridad, 6).empty());
     session.ContrasenaAdministrador.clear();

@@ -11,6 +11,8 @@
 #include <QTextStream>
 
 #include "core/dialect.h"
+#include "core/inicio.h"
+#include "core/mBrowse.h"
 #include "core/mFunciones.h"
 #include "core/passwords.h"
 #include "core/registro_inicial.h"
@@ -244,12 +246,16 @@ class TestStartup : public QObject {
     QVERIFY(!a.contains(S("SECRETO")));
     QVERIFY(passwords::Verify(S("SECRETO"), a));
     QVERIFY(passwords::Verify(S("SECRETO"), b));
-    QVERIFY(!passwords::Verify(S("secreto"), a));
+    // A password counts in upper case, on either side.
+    QVERIFY(passwords::Verify(S("secreto"), a));
+    QVERIFY(passwords::Verify(S("SeCrEtO"), passwords::Hash(S("secreto"))));
     QVERIFY(!passwords::Verify(QString(), a));
-    QVERIFY(passwords::Verify(S("ÑANDÚ"), passwords::Hash(S("ÑANDÚ"))));
-    // Older companies keep the clear text.
+    QVERIFY(passwords::Verify(S("ñandú"), passwords::Hash(S("ÑANDÚ"))));
+    // Older companies keep the clear text, and so does the built-in manager password.
     QVERIFY(!passwords::IsHashed(S("CLAVE")));
-    QVERIFY(passwords::Verify(S("CLAVE"), S("CLAVE")));
+    QVERIFY(passwords::NeedsHashing(S("clave")) && !passwords::NeedsHashing(QString()));
+    QVERIFY(passwords::Verify(S("clave"), S("CLAVE")));
+    QVERIFY(passwords::Verify(S("QXLMARDA_VEP"), QString::fromLatin1(mFunciones::kClaveFija)));
     QVERIFY(!passwords::Verify(S("CLAVE1"), S("CLAVE")));
     QVERIFY(passwords::Verify(QString(), QString()));
     // A stored text that only looks hashed is compared as it stands.
@@ -299,6 +305,8 @@ class TestStartup : public QObject {
     QCOMPARE(t.ContrasenaGerente, QString::fromLatin1(mFunciones::kClaveFija));
   }
 
+  // A password counts in upper case however it is typed; one kept in the clear by an older
+  // company enters and is stored hashed from then on.
   void Entrar_data() {
     QTest::addColumn<QString>("usuario");
     QTest::addColumn<QString>("contrasena");
@@ -309,10 +317,13 @@ class TestStartup : public QObject {
     QTest::newRow("usuario desconocido")
         << S("PEDRO") << S("SECRETO") << no_usuario << S("usuario");
     QTest::newRow("usuario con comilla") << S("AN'A") << S("SECRETO") << no_usuario << S("usuario");
-    QTest::newRow("clave equivocada") << S("ANA") << S("SECRET") << no_clave << S("contrasena");
-    QTest::newRow("clave en minusculas") << S("LUIS") << S("clave") << no_clave << S("contrasena");
-    QTest::newRow("clave con hash") << S("ANA") << S("SECRETO") << QString() << QString();
-    QTest::newRow("clave en claro") << S("LUIS") << S("CLAVE") << QString() << QString();
+    QTest::newRow("clave equivocada") << S("ANA") << S("secret") << no_clave << S("contrasena");
+    QTest::newRow("clave en claro equivocada")
+        << S("LUIS") << S("CLAVES") << no_clave << S("contrasena");
+    QTest::newRow("con hash") << S("ANA") << S("SECRETO") << QString() << QString();
+    QTest::newRow("con hash, en minúsculas") << S("ANA") << S("secreto") << QString() << QString();
+    QTest::newRow("en claro") << S("LUIS") << S("CLAVE") << QString() << QString();
+    QTest::newRow("en claro, en minúsculas") << S("LUIS") << S("Clave") << QString() << QString();
   }
   void Entrar() {
     QFETCH(QString, usuario);
@@ -324,20 +335,60 @@ class TestStartup : public QObject {
     QVERIFY(Usuario(c, "LUIS", S("CLAVE"), "S", "N", 2));
     Session s = company.MakeSession();
     const Outcome r = startup::Entrar(s, usuario, contrasena);
+    const QVariant guardada =
+        c.Scalar(S("select \"contraseña\" from usuarios where usuario = ?"), {usuario});
     QCOMPARE(r.message, mensaje);
     QCOMPARE(r.field, campo);
     QCOMPARE(r.ok, mensaje.isEmpty());
     if (!r.ok) {
       QCOMPARE(r.icon, MessageIcon::kWarning);
       QCOMPARE(s.Usuario, S("ADMINISTRADOR"));
+      if (usuario == S("LUIS")) QCOMPARE(guardada.toString(), S("CLAVE"));
       return;
     }
+    QVERIFY(passwords::IsHashed(guardada.toString()));
+    QCOMPARE(s.Contrasena, guardada.toString());
     QCOMPARE(s.Usuario, usuario);
     const bool ana = usuario == S("ANA");
     QCOMPARE(s.Administrador, !ana);
     QCOMPARE(s.Gerente, ana);
     QCOMPARE(s.Tienda, ana ? 3 : 2);
     QVERIFY(passwords::Verify(contrasena, s.Contrasena));
+    Session otra = company.MakeSession();
+    QVERIFY(startup::Entrar(otra, usuario, contrasena.toUpper()));
+  }
+
+  // A manager's button: the manager's password, or the administrator's; in a company without
+  // manager also the built-in one. Typed in any case.
+  void AutorizacionDelGerente_data() {
+    QTest::addColumn<bool>("con_gerente");
+    QTest::addColumn<QString>("tecleada");
+    QTest::addColumn<bool>("autorizado");
+    const QString fija = QString::fromLatin1(mFunciones::kClaveFija);
+    QTest::newRow("sin gerente, la del administrador") << false << S("jefa") << true;
+    QTest::newRow("sin gerente, la fija") << false << fija << true;
+    QTest::newRow("sin gerente, otra") << false << S("GERENTE") << false;
+    QTest::newRow("con gerente, la suya") << true << S("gerente") << true;
+    QTest::newRow("con gerente, la del administrador") << true << S("JEFA") << true;
+    QTest::newRow("con gerente, la fija") << true << fija << false;
+    QTest::newRow("con gerente, vacía") << true << QString() << false;
+  }
+  void AutorizacionDelGerente() {
+    QFETCH(bool, con_gerente);
+    QFETCH(QString, tecleada);
+    QFETCH(bool, autorizado);
+    VENTARIX_COMPANY_CONNECTION(company, c);
+    QVERIFY(Usuario(c, "ANA", passwords::Hash(S("JEFA")), "S", "N"));
+    QVERIFY(Usuario(c, "LUIS", passwords::Hash(S("CAJA")), "N", "N"));
+    if (con_gerente) QVERIFY(Usuario(c, "JUAN", passwords::Hash(S("GERENTE")), "N", "S"));
+    Session s = company.MakeSession();
+    QVERIFY(!EntrarSinAcceso(s));
+    QVERIFY(startup::Entrar(s, S("LUIS"), S("caja")));
+    const auto prompts = mBrowse::PromptsDeBoton(s, S("3|Cancelar|1|x|0"), 3);
+    QCOMPARE(prompts.size(), size_t(1));
+    s.AutorizacionClave = prompts[0].claves;
+    QCOMPARE(inicio::Autorizar(s, tecleada).ok, autorizado);
+    QCOMPARE(s.Autorizado, autorizado);
   }
 
   // ---- Session load ----

@@ -1,15 +1,30 @@
 // Users and their rights on both engines: who becomes administrator, the stores each screen
 // allows, passwords after a change, the menu mask and rights texts as the session load reads
-// them back, and what deleting the last administrator does to the next start.
+// them back, the only administrator kept, and every routine that writes refusing a user
+// without the right.
+#include <functional>
+
+#include <QSqlQuery>
+#include <QSqlRecord>
 #include <QTest>
 
+#include "catalogs/costos_masivos.h"
+#include "catalogs/empresa_datos.h"
+#include "catalogs/lineas.h"
+#include "catalogs/marcas.h"
+#include "catalogs/productos.h"
+#include "catalogs/productos_cambio_codigo.h"
+#include "catalogs/socios_guardar.h"
+#include "core/browse_format.h"
 #include "core/database.h"
 #include "core/inicio.h"
 #include "core/mFunciones.h"
 #include "core/passwords.h"
+#include "core/registro_inicial.h"
 #include "core/session_load.h"
 #include "core/startup.h"
 #include "core/usuarios.h"
+#include "edocs/folios_rangos.h"
 #include "support/test_company.h"
 
 using namespace ventarix;
@@ -35,7 +50,95 @@ int Usuarios(const Session& s) {
 
 QList<bool> Estados(int cuantos, bool valor) { return QList<bool>(cuantos, valor); }
 
+// A domain routine as its screen calls it.
+using Rutina = std::function<Outcome(Session&)>;
+
+// The rows a routine under test could write, as sorted text: equal texts, nothing written.
+QString Huella(const Session& s) {
+  Connection c(s.Cadena);
+  QStringList filas;
+  for (const char* tabla : {"usuarios", "empresa", "productos", "marcas", "lineas", "agentes",
+                            "folios facturas", "tablas"}) {
+    QSqlQuery q = c.Exec(u"select * from "_s + dialect::Name(QString::fromLatin1(tabla)));
+    while (q.next()) {
+      QString fila = QString::fromLatin1(tabla);
+      for (int i = 0; i < q.record().count(); ++i) fila += u'|' + q.value(i).toString();
+      filas << fila;
+    }
+  }
+  filas.sort();
+  return filas.join(u'\n');
+}
+
+bool Sembrar(Connection& c) {
+  using testing::Insertar;
+  return Insertar(c, u"usuarios"_s,
+                  {{u"usuario"_s, u"ANA"_s}, {u"administrador"_s, u"S"_s}, {u"tienda"_s, 1}}) &&
+         Insertar(c, u"usuarios"_s, {{u"usuario"_s, u"LUIS"_s}, {u"tienda"_s, 1}}) &&
+         Insertar(c, u"empresa"_s, {{u"numero"_s, 1}, {u"nombre"_s, u"TIENDA"_s}}) &&
+         Insertar(c, u"marcas"_s,
+                  {{u"numero"_s, 1}, {u"nombre"_s, u"M"_s}, {u"status"_s, u"ALTA"_s}}) &&
+         Insertar(c, u"lineas"_s,
+                  {{u"numero"_s, 1}, {u"nombre"_s, u"L"_s}, {u"status"_s, u"ALTA"_s}}) &&
+         Insertar(c, u"agentes"_s,
+                  {{u"numero"_s, 1},
+                   {u"nombre"_s, u"A"_s},
+                   {u"tienda"_s, 1},
+                   {u"status"_s, u"ALTA"_s}}) &&
+         Insertar(c, u"productos"_s,
+                  {{u"codigo"_s, u"A1"_s},
+                   {u"producto"_s, u"P"_s},
+                   {u"marca"_s, 1},
+                   {u"linea"_s, 1},
+                   {u"costo"_s, 5.0},
+                   {u"utilidad1"_s, 30.0},
+                   {u"status"_s, u"ALTA"_s}}) &&
+         Insertar(c, u"folios facturas"_s,
+                  {{u"numero"_s, 1},
+                   {u"serie"_s, u"A"_s},
+                   {u"esquema"_s, u"NOTA"_s},
+                   {u"status"_s, u"ALTA"_s},
+                   {u"predeterminar"_s, u"+"_s}}) &&
+         Insertar(c, u"folios facturas"_s,
+                  {{u"numero"_s, 2},
+                   {u"serie"_s, u"B"_s},
+                   {u"esquema"_s, u"NOTA"_s},
+                   {u"status"_s, u"ALTA"_s}}) &&
+         Insertar(c, u"tablas"_s,
+                  {{u"tabla"_s, u"clientes"_s},
+                   {u"usuario"_s, QString::fromLatin1(mBrowse::kPlantilla)},
+                   {u"permisos"_s, u"1101"_s}});
+}
+
+// The status label turned to "BAJA" on the change screen of each catalogue.
+Outcome MarcaDeBaja(Session& s) {
+  marcas::Marca m;
+  if (Outcome leida = marcas::LeerMarca(s, 1, &m); !leida) return leida;
+  m.status = u"BAJA"_s;
+  return marcas::CambioMarca(s, m);
+}
+Outcome LineaDeBaja(Session& s) {
+  lineas::Linea l;
+  if (Outcome leida = lineas::LeerLinea(s, 1, &l); !leida) return leida;
+  l.status = u"BAJA"_s;
+  return lineas::CambioLinea(s, l);
+}
+Outcome ProductoDeBaja(Session& s) {
+  productos::Leido p;
+  if (Outcome leido = productos::LeerProducto(s, u"A1"_s, &p); !leido) return leido;
+  p.producto.status = u"BAJA"_s;
+  return productos::CambioProducto(s, p.producto);
+}
+Outcome AgenteDeBaja(Session& s) {
+  socios::Registro r;
+  if (Outcome leido = socios::LeerSocio(s, socios::Socio::kAgentes, 1, &r); !leido) return leido;
+  r.status = u"BAJA"_s;
+  return socios::GuardarSocio(s, socios::Socio::kAgentes, true, r).outcome;
+}
+
 }  // namespace
+
+Q_DECLARE_METATYPE(Rutina)
 
 class TestUsuarios : public QObject {
   Q_OBJECT
@@ -115,11 +218,11 @@ class TestUsuarios : public QObject {
     QCOMPARE(Columna(s, u"permisos"_s, u"LUIS"_s).toString(), QString(200, u'0'));
     QCOMPARE(Columna(s, u"permisos"_s, u"JUAN"_s).toString(), QString(200, u'1'));
 
-    // Stored hashed, of the upper-cased text.
+    // Stored hashed; the password counts in upper case.
     const QString guardada = Columna(s, u"\"contraseña\""_s, u"ANA"_s).toString();
     QVERIFY(passwords::IsHashed(guardada));
     QVERIFY(passwords::Verify(u"CLAVE"_s, guardada));
-    QVERIFY(!passwords::Verify(u"clave"_s, guardada));
+    QVERIFY(!passwords::Verify(u"CLAVES"_s, guardada));
     // And the login takes it.
     QVERIFY(startup::Entrar(s, u"ANA"_s, u"CLAVE"_s));
     QVERIFY(s.Administrador);
@@ -300,15 +403,102 @@ class TestUsuarios : public QObject {
     QCOMPARE(ajeno.message, u"Este usuario no tiene permisos para cambios de registros"_s);
   }
 
+  void RutinaSinDerechoNoEscribe_data() {
+    QTest::addColumn<bool>("administrador");
+    QTest::addColumn<QString>("columna");  // the user's right taken away
+    QTest::addColumn<QString>("derecho");
+    QTest::addColumn<Rutina>("rutina");
+    QTest::addColumn<QString>("mensaje");
+    const QString altas = u"Este usuario no tiene permisos para el registro de altas"_s;
+    const QString bajas = u"Este usuario no tiene permisos para bajas de registros"_s;
+    const QString cambios = u"Este usuario no tiene permisos para cambios de registros"_s;
+    const QString formato = u"Solo un administrador puede cambiar el formato de las vistas"_s;
+    using costos_masivos::Modo;
+    const auto costos = [](Modo modo, QString codigo) {
+      return Rutina([=](Session& s) {
+        return costos_masivos::GuardarCostos(
+                   s, {{codigo, u"10"_s, u"X"_s, u"PZA"_s, u"1"_s, u"1"_s}}, modo, true)
+            .outcome;
+      });
+    };
+    QTest::newRow("formato de la vista")
+        << false << QString() << QString() << Rutina([](Session& s) {
+             mBrowse::Formato f{.AplicarPermisos = true, .Permisos = u"1111"_s};
+             return mBrowse::GuardarFormato(s, u"clientes"_s, {s.Usuario}, f, {});
+           })
+        << formato;
+    QTest::newRow("sentencia de la vista")
+        << false << QString() << QString() << Rutina([](Session& s) {
+             return mBrowse::ProbarSentencia(s, u"select * from usuarios"_s, {});
+           })
+        << formato;
+    QTest::newRow("cambio de código")
+        << false << u"Productos"_s << u"SSN"_s
+        << Rutina([](Session& s) { return productos::AnotarCambioDeCodigo(s, u"A1"_s, u"B1"_s); })
+        << cambios;
+    QTest::newRow("rango predeterminado")
+        << false << u"FoliosFacturas"_s << u"SSN"_s << Rutina([](Session& s) {
+             return edocs::Predeterminar(s, edocs::FamiliaFolios::kFacturas, 2);
+           })
+        << cambios;
+    QTest::newRow("datos de la empresa")
+        << false << u"Permisos"_s << QString(200, u'0') << Rutina([](Session& s) {
+             RowValues datos = empresa::LeerEmpresa(s);
+             datos.Set(u"nombre"_s, u"OTRA"_s);
+             return empresa::GuardarEmpresa(s, datos);
+           })
+        << cambios;
+    QTest::newRow("costos nuevos")
+        << false << u"Productos"_s << u"NSS"_s << costos(Modo::kAgregar, u"B2"_s) << altas;
+    QTest::newRow("costos cambiados")
+        << false << u"Productos"_s << u"SSN"_s << costos(Modo::kActualizar, u"A1"_s) << cambios;
+    QTest::newRow("costos sin ModificarCosto")
+        << false << u"ModificarCosto"_s << u"N"_s << costos(Modo::kActualizar, u"A1"_s)
+        << u"Este usuario no tiene permisos para modificar costos"_s;
+    QTest::newRow("marca de baja")
+        << false << u"Marcas"_s << u"SNS"_s << Rutina(MarcaDeBaja) << bajas;
+    QTest::newRow("línea de baja")
+        << false << u"Lineas"_s << u"SNS"_s << Rutina(LineaDeBaja) << bajas;
+    QTest::newRow("producto de baja")
+        << false << u"Productos"_s << u"SNS"_s << Rutina(ProductoDeBaja) << bajas;
+    QTest::newRow("agente de baja")
+        << false << u"Agentes"_s << u"SNS"_s << Rutina(AgenteDeBaja) << bajas;
+    QTest::newRow("único administrador")
+        << true << QString() << QString()
+        << Rutina([](Session& s) { return BorrarUsuario(s, u"ANA"_s); })
+        << u"No se puede borrar al único administrador de la empresa"_s;
+  }
+  // A routine called directly, as a user without its right, refuses with the message and
+  // leaves every row as it was.
+  void RutinaSinDerechoNoEscribe() {
+    QFETCH(bool, administrador);
+    QFETCH(QString, columna);
+    QFETCH(QString, derecho);
+    QFETCH(Rutina, rutina);
+    QFETCH(QString, mensaje);
+    VENTARIX_COMPANY_CONNECTION(company, c);
+    QVERIFY(Sembrar(c));
+    Session s = company.MakeSession();
+    s.Usuario = administrador ? u"ANA"_s : u"LUIS"_s;
+    s.Administrador = administrador;
+    if (!columna.isEmpty()) s.usuario.Set(columna, derecho);
+    const QString antes = Huella(s);
+    const Outcome outcome = rutina(s);
+    QCOMPARE(outcome.message, mensaje);
+    QCOMPARE(outcome.icon, MessageIcon::kWarning);
+    QCOMPARE(Huella(s), antes);
+  }
+
   // ---- Deleting ----
 
-  // Once the last administrator is gone, the next start empties the table and enters as
-  // ADMINISTRADOR without login.
-  void BorrarElUltimoAdministrador() {
+  // Only an administrator deletes; once the company's first administrator is gone the next
+  // start still finds the other one.
+  void BorrarUsuarios() {
     VENTARIX_COMPANY(company);
     Session s = company.MakeSession();
     QVERIFY(AltaUsuario(s, Datos(u"ANA"_s, u"UNO"_s, u"1"_s)));
     QVERIFY(AltaUsuario(s, Datos(u"LUIS"_s, u"DOS"_s, u"1"_s, false, true)));
+    QVERIFY(AltaUsuario(s, Datos(u"PEDRO"_s, u"TRES"_s, u"1"_s, true)));
 
     Session luis = company.MakeSession();
     QVERIFY(startup::Entrar(luis, u"LUIS"_s, u"DOS"_s));
@@ -317,18 +507,11 @@ class TestUsuarios : public QObject {
     QCOMPARE(BorrarUsuario(s, u"NADIE"_s).message,
              u"Usuario no registrado para acceso al sistema"_s);
 
-    Session inicio = company.MakeSession();
-    QVERIFY(!startup::EntrarSinAcceso(inicio));
-    QVERIFY(passwords::Verify(u"UNO"_s, inicio.ContrasenaAdministrador));
-    QVERIFY(passwords::Verify(u"DOS"_s, inicio.ContrasenaGerente));
-
     QVERIFY(BorrarUsuario(s, u"ANA"_s));
-    QCOMPARE(Usuarios(s), 1);
+    QCOMPARE(Usuarios(s), 2);
     Session siguiente = company.MakeSession();
-    QVERIFY(startup::EntrarSinAcceso(siguiente));
-    QCOMPARE(Usuarios(s), 0);
-    QCOMPARE(siguiente.Usuario, u"ADMINISTRADOR"_s);
-    QVERIFY(siguiente.ContrasenaAdministrador.isEmpty());
+    QVERIFY(!startup::EntrarSinAcceso(siguiente));
+    QVERIFY(passwords::Verify(u"tres"_s, siguiente.ContrasenaAdministrador));
   }
 };
 

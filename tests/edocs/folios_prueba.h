@@ -5,6 +5,7 @@
 #include <QVariant>
 
 #include "core/database.h"
+#include "support/escribir.h"
 #include "core/mFunciones.h"
 #include "support/test_company.h"
 
@@ -18,9 +19,11 @@ inline Session SesionFolios(const TestCompany& company) {
   return s;
 }
 
+// A read, or a change made by hand in its own transaction.
 inline QVariant Valor(const Session& s, const QString& sentencia,
                       const QVariantList& valores = {}) {
   Connection c(s.Cadena);
+  if (!sentencia.startsWith(QStringLiteral("select"))) return Escribir(c, sentencia, valores);
   return c.Scalar(sentencia, valores);
 }
 

@@ -11,6 +11,7 @@
 #include "core/company_database.h"
 #include "core/mFunciones.h"
 #include "core/rol_consulta.h"
+#include "core/session_load.h"
 
 namespace ventarix::testing {
 
@@ -206,6 +207,7 @@ Session TestCompany::MakeSession() const {
   s.Access = !sql_;
   mFunciones::ConstruirCadenas(s);
   s.Equipo = QStringLiteral("PRUEBAS");
+  PermisosCompletos(s.usuario, s.Usuario);
   return s;
 }
 

@@ -29,7 +29,8 @@ class TestCompany {
   QString path() const { return path_; }
   QString cadena() const { return cadena_; }
   QString folder() const { return dir_.path(); }
-  // A session on this company, as after database selection (folders under folder()).
+  // A session on this company, as after database selection (folders under folder()): the
+  // ADMINISTRADOR of a company without users, with every right.
   Session MakeSession() const;
 
  private:

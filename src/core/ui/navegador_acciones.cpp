@@ -170,9 +170,8 @@ QString Navegador::LlaveActual() const {
 
 bool Navegador::Autorizar(int boton) {
   for (const mBrowse::Prompt& prompt : mBrowse::PromptsDeBoton(session_, vista_.Seguridad, boton)) {
-    if (prompt.clave.isEmpty()) continue;
     session_.AutorizacionTitulo = prompt.titulo;
-    session_.AutorizacionClave = prompt.clave;
+    session_.AutorizacionClave = prompt.claves;
     session_.Autorizado = false;
     MDIInicioAutorizacion dialogo(session_, this);
     dialogo.exec();

@@ -35,12 +35,14 @@ void Navegador::Filtrar() {
   AplicarBusqueda(nueva, true);
 }
 
-// The view editor is for administrators, after their password.
+// The view editor is for administrators, after their password: the administrator's of the
+// start-up (the last one read) or, where a company has several, the user's own.
 void Navegador::Formato() {
   if (!session_.Administrador) return;
   if (!session_.ContrasenaAdministrador.isEmpty()) {
     session_.AutorizacionTitulo = QStringLiteral("Contraseña para seguridad");
-    session_.AutorizacionClave = session_.ContrasenaAdministrador;
+    session_.AutorizacionClave = {session_.ContrasenaAdministrador};
+    if (!session_.Contrasena.isEmpty()) session_.AutorizacionClave << session_.Contrasena;
     session_.Autorizado = false;
     MDIInicioAutorizacion prompt(session_, this);
     prompt.exec();

@@ -188,6 +188,7 @@ class TestProductosForms : public QObject {
     VENTARIX_COMPANY(company);
     Session s = Tienda(company);
     s.Administrador = false;
+    s.usuario.Set(u"ModificarCosto"_s, u"N"_s);
     s.RegistroActual = u"OTRO"_s;
     FrmProductosC cambio(s);
     QVERIFY(Mostrar(cambio));

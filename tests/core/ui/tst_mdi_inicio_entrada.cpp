@@ -107,6 +107,20 @@ class TestMdiInicioEntrada : public QObject {
     QCOMPARE(session.Usuario, u"SUPERVISOR"_s);
     QCOMPARE(session.Tienda, 2);
     QVERIFY(session.Administrador);
+
+    // With upper case off the field keeps the password as typed, and it still enters.
+    Session tal_cual = company.MakeSession();
+    tal_cual.UtilizarMayusculas = false;
+    MDIInicioEntrada otra(tal_cual);
+    otra.show();
+    otra.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&otra));
+    QTest::keyClicks(otra.findChild<QLineEdit*>(u"usuario"_s), u"SUPERVISOR"_s);
+    auto* clave = otra.findChild<QLineEdit*>(u"contrasena"_s);
+    QTest::keyClicks(clave, u"clave9"_s);
+    QCOMPARE(clave->text(), u"clave9"_s);
+    QTest::keyClick(clave, Qt::Key_Return);
+    QCOMPARE(otra.result(), int(QDialog::Accepted));
   }
 
   // Esc only leads to Salir; Salir leaves without entering.

@@ -13,6 +13,7 @@
 #include <QTreeWidget>
 
 #include "core/database.h"
+#include "core/mFunciones.h"
 #include "core/passwords.h"
 #include "core/startup.h"
 #include "core/ui/frm_usuarios_a.h"
@@ -250,12 +251,14 @@ class TestUsuariosForms : public QObject {
     QCOMPARE(c.Scalar(u"select count(*) from usuarios"_s).toInt(), 1);
   }
 
-  // A wrong password gets the message and stays selected for the next try; the right one
-  // authorizes; Esc leaves without authorizing.
+  // A wrong password gets the message and stays selected for the next try; any of the right
+  // ones authorizes, the built-in one of a company without manager too, though the field
+  // upper-cases it; Esc leaves without authorizing.
   void AutorizacionDelGerente() {
     Session session;
     session.AutorizacionTitulo = u"Escriba la contraseña del gerente"_s;
-    session.AutorizacionClave = passwords::Hash(u"GERENTE"_s);
+    session.AutorizacionClave = {passwords::Hash(u"GERENTE"_s),
+                                 QString::fromLatin1(mFunciones::kClaveFija)};
     session.Autorizado = true;
     MDIInicioAutorizacion prompt(session);
     QVERIFY(!session.Autorizado);
@@ -285,13 +288,19 @@ class TestUsuariosForms : public QObject {
     QCOMPARE(prompt.result(), int(QDialog::Accepted));
     QVERIFY(session.Autorizado);
 
-    MDIInicioAutorizacion otra(session);
-    otra.setModal(false);
-    QVERIFY(Mostrar(otra));
-    QTest::keyClicks(otra.findChild<QLineEdit*>(u"Autorizar"_s), u"gerente"_s);
-    QTest::keyClick(otra.findChild<QLineEdit*>(u"Autorizar"_s), Qt::Key_Escape);
-    QCOMPARE(otra.result(), int(QDialog::Rejected));
-    QVERIFY(!session.Autorizado);
+    for (const bool escape : {false, true}) {
+      MDIInicioAutorizacion otra(session);
+      otra.setModal(false);
+      QVERIFY(Mostrar(otra));
+      QTest::keyClicks(otra.findChild<QLineEdit*>(u"Autorizar"_s), u"qxlmarda_vep"_s);
+      if (escape) {
+        QTest::keyClick(otra.findChild<QLineEdit*>(u"Autorizar"_s), Qt::Key_Escape);
+      } else {
+        Enter(otra.findChild<QLineEdit*>(u"Autorizar"_s));
+      }
+      QCOMPARE(otra.result(), int(escape ? QDialog::Rejected : QDialog::Accepted));
+      QCOMPARE(session.Autorizado, !escape);
+    }
   }
 
  private:
