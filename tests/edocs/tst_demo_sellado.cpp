@@ -11,6 +11,7 @@
 #include "edocs/empresa_sellado.h"
 #include "edocs/herramientas.h"
 #include "edocs/mDigital.h"
+#include "support/document_rows.h"
 #include "support/test_company.h"
 
 using namespace ventarix;
@@ -44,13 +45,16 @@ class TestDemoSellado : public QObject {
   void FacturaYNotaSelladas_data() {
     QTest::addColumn<bool>("nota");
     QTest::addColumn<bool>("sin_carpeta");
-    QTest::newRow("factura") << false << false;
-    QTest::newRow("nota de crédito") << true << false;
-    QTest::newRow("carpeta xml perdida") << false << true;
+    QTest::addColumn<bool>("ya_guardada");
+    QTest::newRow("factura") << false << false << false;
+    QTest::newRow("nota de crédito") << true << false << false;
+    QTest::newRow("carpeta xml perdida") << false << true << false;
+    QTest::newRow("folio de otra factura guardada") << false << false << true;
   }
   void FacturaYNotaSelladas() {
     QFETCH(bool, nota);
     QFETCH(bool, sin_carpeta);
+    QFETCH(bool, ya_guardada);
     QFETCH_GLOBAL(QString, engine);
     testing::TestCompany company(engine, false);
     if (company.skipped()) QSKIP("VENTARIX_TEST_PG is not set");
@@ -81,6 +85,22 @@ class TestDemoSellado : public QObject {
     }
     QVERIFY(r.error_interno.isEmpty());
     QVERIFY2(QFile::exists(r.archivo), qPrintable(r.archivo));
+    if (ya_guardada) {
+      // Another workstation saved this folio first: its file stays as it is.
+      QVERIFY(testing::InsertarFila(c, u"facturas"_s,
+                                    {{u"factura"_s, u"OTRA"_s},
+                                     {u"serie"_s, r.comprobante.Serie},
+                                     {u"folio"_s, r.comprobante.Folio.toInt()}}));
+      QFile otra(r.archivo);
+      QVERIFY(otra.open(QIODevice::WriteOnly) && otra.write("OTRA") == 4);
+      otra.close();
+      const ResultadoSellado segunda = SellarIngresoCFDi(session, forma, {});
+      QVERIFY(!segunda.ok());
+      QVERIFY2(segunda.Msg1.contains(u"otro documento"_s), qPrintable(segunda.Msg1));
+      QVERIFY(otra.open(QIODevice::ReadOnly));
+      QCOMPARE(otra.readAll(), QByteArray("OTRA"));
+      return;
+    }
     QCOMPARE(r.comprobante.NoCertificado, u"30001000000500003416"_s);
     QCOMPARE(r.comprobante.emisor.rfc, u"EKU9003173C9"_s);
 
