@@ -1,0 +1,110 @@
+#pragma once
+
+#include <vector>
+
+#include <QString>
+#include <QStringList>
+#include <QVariantMap>
+
+#include "core/database.h"
+#include "core/outcome.h"
+#include "core/session.h"
+
+// The capture of a commercial document: one engine for every family, each family a row of
+// differences (FamiliaCaptura). A document comes in as a plain object, header columns and
+// rows by their column names, from the capture screen, the command line or a test alike; the
+// engine checks it, and saves it in one transaction: header, rows, totals, stock, and what
+// depends on it.
+namespace ventarix::captura {
+
+// A document as the user gave it. Column names are the tables' own, in lower case.
+struct Documento {
+  QString llave;                      // the stored document a change rewrites; empty for a new one
+  QVariantMap encabezado;             // cliente, fecha, plazo, obs, tipo, ...
+  std::vector<QVariantMap> partidas;  // codigo, cantidad, precio, dcto, ... of each row
+  // The folio the screen showed while typing: only a forecast, the save takes the next one.
+  qint32 folio_previsto = 0;
+};
+
+struct Guardado {
+  Outcome outcome;
+  QString llave;  // the key written
+};
+
+// How a family moves stock when it is saved.
+enum class Existencias { kNinguna, kSalida };
+
+struct FamiliaCaptura;
+
+// What a family adds to the shared checks. Each takes the document being saved (rows already
+// completed) and reads inside the save's transaction on `c`.
+using RevisarFamilia = Outcome (*)(const Session& session, Connection& c, const Documento& d,
+                                   bool alta);
+// Fills what the screen fills by itself on a row of a known code: description, unit, price
+// by the client's rules when none is given, tax, cost.
+using CompletarPartida = Outcome (*)(const Session& session, Connection& c, const Documento& d,
+                                     QVariantMap* partida);
+// Totals from the stored rows.
+using Totalizar = Outcome (*)(Connection& c, const QString& llave);
+// Balances, statuses and fulfilment of the document `llave` and of the documents `fuentes`
+// its rows came from (both before and after a change).
+using Recalcular = Outcome (*)(Connection& c, const QString& llave, const QStringList& fuentes,
+                               bool alta);
+
+// One family of the capture pattern.
+struct FamiliaCaptura {
+  const char* tabla;              // header table: "remisiones"
+  const char* llave;              // key column: "remision"
+  const char* derechos;           // rights text column of usuarios: "Remisiones"
+  QString Session::*actual;       // current-document variable: &Session::RemisionActual
+  QString Session::*serie;        // default serie: &Session::SerieRemisiones
+  const char* status_inicial;     // "POR FACTURAR"
+  const char* socio = "cliente";  // the header's party column
+  // Header columns the document may carry besides the shared ones.
+  QStringList columnas;
+  // Row columns taken from the document's rows (besides the key, item, fecha, codigo,
+  // descripcion, unidad, cantidad).
+  QStringList columnas_partida;
+  const char* almacen_partida = nullptr;  // row column that takes the session's store
+  const char* fuente_partida = nullptr;   // row column naming the source document
+  bool con_costo = true;                  // rows carry cost and commission
+  bool checar_utilidad = false;           // a row sold at no profit stops the save
+  Existencias existencias = Existencias::kNinguna;
+  // The credit check comes right after the rights; the family's required fields after the
+  // suspended client.
+  RevisarFamilia revisar_credito = nullptr;
+  RevisarFamilia revisar_campos = nullptr;
+  CompletarPartida completar = nullptr;
+  Totalizar totalizar = nullptr;
+  Recalcular recalcular = nullptr;
+};
+
+// The shared checks of a capture, in order: rights, credit, folio, suspended client, the
+// family's required fields, the month of a change, the rows, the stock. The screen asks for
+// its authorization after these pass.
+Outcome RevisarDocumento(const Session& session, const FamiliaCaptura& familia,
+                         const Documento& documento);
+
+// Checks again and saves in one transaction; a new document takes the next folio of its serie
+// at this moment (another workstation saving the same serie waits for its turn, and a key
+// already taken moves on to the next folio). Sets the family's current-document variable.
+Guardado GuardarDocumento(Session& session, const FamiliaCaptura& familia, Documento documento);
+
+// The rows of a document as the change screen shows them, and the header, by column name.
+struct Leido {
+  Outcome outcome;
+  Documento documento;
+  bool modificable = false;  // still in its first status
+};
+Leido LeerDocumento(const Session& session, const FamiliaCaptura& familia, const QString& llave);
+Leido LeerDocumento(Connection& c, const FamiliaCaptura& familia, const QString& llave);
+
+// "Se requiere una descripción ó unidad para la fila: " and the like over the rows; `fila` is
+// the 1-based row that stopped the check.
+Outcome ChecarPartidas(const std::vector<QVariantMap>& partidas, bool checar_utilidad,
+                       bool tolerante, int* fila = nullptr);
+
+// The key of serie and folio: "A-125", or the folio alone without serie.
+QString Llave(const QString& serie, qint32 folio);
+
+}  // namespace ventarix::captura

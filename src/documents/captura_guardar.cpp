@@ -1,0 +1,249 @@
+// Saving a captured document: header, rows, totals, stock and what depends on it, in one
+// transaction.
+#include <QSqlError>
+#include <QSqlQuery>
+#include <QSqlRecord>
+
+#include "core/dialect.h"
+#include "core/mFunciones.h"
+#include "core/mFunciones_valores.h"
+#include "core/schema.h"
+#include "documents/captura.h"
+#include "documents/captura_filas.h"
+#include "documents/mInventario.h"
+#include "documents/mSaldos.h"
+
+namespace ventarix::captura {
+
+namespace {
+
+using namespace Qt::StringLiterals;
+
+QString Detalles(const FamiliaCaptura& f) { return QString::fromUtf8(f.tabla) + u" detalles"_s; }
+
+bool TieneColumna(const QString& tabla, const QString& columna) {
+  const schema::Table* t = schema::FindTable(tabla);
+  if (t == nullptr) return false;
+  for (const schema::Column& c : t->columns) {
+    if (columna.compare(QString::fromUtf8(c.name), Qt::CaseInsensitive) == 0) return true;
+  }
+  return false;
+}
+
+QString SerieDe(const Session& session, const FamiliaCaptura& f) {
+  const QString serie = (session.*f.serie).trimmed().toUpper();
+  return serie.isEmpty() ? u"A"_s : serie;
+}
+
+// Header `Impuesto`: the first rate above 0 among the rows.
+double ImpuestoDe(const Documento& d) {
+  for (const QVariantMap& p : d.partidas) {
+    if (TieneCodigo(p) && Numero(p, "impuesto") > 0) return Numero(p, "impuesto");
+  }
+  return 0;
+}
+
+bool Insertar(Connection& c, const QString& tabla, const QVariantMap& fila, bool sin_choque,
+              bool* escrito, QString* error) {
+  QStringList nombres;
+  for (const QString& columna : fila.keys()) nombres << dialect::Name(columna);
+  QSqlQuery q = c.Exec(u"insert into "_s + dialect::Name(tabla) + u" ("_s + nombres.join(u", "_s) +
+                           u") values ("_s + QStringList(fila.size(), u"?"_s).join(u", "_s) +
+                           u")"_s + (sin_choque ? u" on conflict do nothing"_s : QString()),
+                       fila.values());
+  if (q.lastError().isValid()) {
+    *error = QueryError(q);
+    return false;
+  }
+  if (escrito) *escrito = q.numRowsAffected() == 1;
+  return true;
+}
+
+// The columns every save sets on the header, then the family's own from the document.
+QVariantMap Encabezado(const Session& session, const FamiliaCaptura& f, const Documento& d,
+                       const QDateTime& ahora) {
+  const QString tabla = QString::fromUtf8(f.tabla);
+  QVariantMap fila;
+  for (const QString& columna : f.columnas) {
+    if (d.encabezado.contains(columna)) fila.insert(columna, d.encabezado.value(columna));
+  }
+  const QDateTime fecha = FechaDe(d);
+  fila.insert(u"fecha"_s, dialect::DateValue(fecha, session.Sql));
+  fila.insert(u"hora"_s, dialect::DateValue(ahora, session.Sql));
+  fila.insert(u"periodo"_s, fecha.date().year());
+  fila.insert(u"usuario"_s, session.Usuario);
+  fila.insert(u"equipo"_s, session.Equipo);
+  fila.insert(u"impuesto"_s, ImpuestoDe(d));
+  const QString socio = QString::fromUtf8(f.socio);
+  fila.insert(socio, static_cast<qint32>(Numero(d.encabezado, f.socio)));
+  if (!TieneColumna(tabla, u"equipo"_s)) fila.remove(u"equipo"_s);
+  return fila;
+}
+
+// The rows with a code, numbered from 1, under the document's key.
+bool EscribirPartidas(const Session& session, Connection& c, const FamiliaCaptura& f,
+                      const Documento& d, const QString& llave, int almacen, QStringList* fuentes,
+                      QString* error) {
+  const QString tabla = Detalles(f);
+  const QVariantMap vacia = mFunciones::InicializarRegistro(tabla);
+  const QVariant fecha = dialect::DateValue(FechaDe(d), session.Sql);
+  int item = 0;
+  for (const QVariantMap& p : d.partidas) {
+    if (!TieneCodigo(p)) continue;
+    QVariantMap fila;
+    for (auto it = vacia.begin(); it != vacia.end(); ++it) fila.insert(it.key().toLower(), *it);
+    fila.insert(QString::fromUtf8(f.llave), llave);
+    fila.insert(u"item"_s, ++item);
+    fila.insert(u"fecha"_s, fecha);
+    if (fila.contains(QString::fromUtf8(f.socio))) {
+      fila.insert(QString::fromUtf8(f.socio), static_cast<qint32>(Numero(d.encabezado, f.socio)));
+    }
+    fila.insert(u"codigo"_s, Texto(p, "codigo").toUpper());
+    fila.insert(u"descripcion"_s, Texto(p, "descripcion"));
+    fila.insert(u"unidad"_s, Texto(p, "unidad"));
+    fila.insert(u"cantidad"_s, Numero(p, "cantidad"));
+    for (const QString& columna : f.columnas_partida) {
+      if (!fila.contains(columna)) continue;
+      const QVariant valor = p.value(columna);
+      fila.insert(columna, valor.metaType().id() == QMetaType::QString
+                               ? QVariant(mFunciones::ValorTexto(valor))
+                               : QVariant(mFunciones::ValorNumerico(valor)));
+    }
+    if (f.almacen_partida) fila.insert(QString::fromUtf8(f.almacen_partida), almacen);
+    if (f.fuente_partida) {
+      const QString fuente = Texto(p, f.fuente_partida);
+      fila.insert(QString::fromUtf8(f.fuente_partida), fuente);
+      if (!fuente.isEmpty() && !fuentes->contains(fuente)) fuentes->append(fuente);
+    }
+    if (!Insertar(c, tabla, fila, false, nullptr, error)) return false;
+  }
+  return true;
+}
+
+// PostgreSQL: saves of one serie take turns from the folio to the commit, so the next folio is
+// never read twice. SQLite's writers already take turns for the whole transaction.
+bool TurnoDeFolio(Connection& c, const QString& tabla, const QString& serie, QString* error) {
+  if (!c.sql()) return true;
+  return c.Run(u"select pg_advisory_xact_lock(hashtext(?))"_s, {u"folio:"_s + tabla + u':' + serie},
+               error);
+}
+
+// The next folio of the serie, as the key; a key taken in the same instant moves on.
+bool EscribirEncabezadoNuevo(const Session& session, Connection& c, const FamiliaCaptura& f,
+                             const Documento& d, QString* llave, QString* error) {
+  const QString tabla = QString::fromUtf8(f.tabla);
+  const QString serie = SerieDe(session, f);
+  if (!TurnoDeFolio(c, tabla, serie, error)) return false;
+  QVariantMap fila;
+  const QVariantMap vacia = mFunciones::InicializarRegistro(tabla);
+  for (auto it = vacia.begin(); it != vacia.end(); ++it) fila.insert(it.key().toLower(), *it);
+  fila.insert(Encabezado(session, f, d, mFunciones::FechaServidor(session)));
+  fila.insert(u"serie"_s, serie);
+  fila.insert(u"status"_s, QString::fromUtf8(f.status_inicial));
+  if (TieneColumna(tabla, u"tienda"_s)) fila.insert(u"tienda"_s, session.Tienda);
+  for (int intento = 0; intento < 50; ++intento) {
+    const qint32 folio =
+        mFunciones::NumeroSiguiente(c, u"folio"_s, tabla, u"where serie = ?"_s, {serie});
+    *llave = Llave(serie, folio);
+    fila.insert(u"folio"_s, folio);
+    fila.insert(QString::fromUtf8(f.llave), *llave);
+    bool escrito = false;
+    if (!Insertar(c, tabla, fila, true, &escrito, error)) return false;
+    if (escrito) return true;
+  }
+  *error = u"No se pudo tomar un folio nuevo de la serie "_s + serie;
+  return false;
+}
+
+struct Guardado0 {
+  QString llave;
+  int almacen = 0;
+  QStringList fuentes;  // source documents of the rows, before and after
+};
+
+bool EscribirCambio(const Session& session, Connection& c, const FamiliaCaptura& f,
+                    const Documento& d, Guardado0* g, QString* error) {
+  const QString tabla = QString::fromUtf8(f.tabla);
+  const QString columna = QString::fromUtf8(f.llave);
+  if (f.fuente_partida) {
+    g->fuentes = mSaldos::ListaDocumentosRelacionados(c, tabla, columna, d.llave,
+                                                      QString::fromUtf8(f.fuente_partida), error);
+    g->fuentes.removeAll(QString());
+  }
+  const QVariantMap fila = Encabezado(session, f, d, mFunciones::FechaServidor(session));
+  QStringList asignaciones;
+  for (const QString& nombre : fila.keys()) asignaciones << dialect::Name(nombre) + u" = ?"_s;
+  QVariantList valores = fila.values();
+  valores << d.llave;
+  if (!c.Run(u"update "_s + dialect::Name(tabla) + u" set "_s + asignaciones.join(u", "_s) +
+                 u" where "_s + dialect::Name(columna) + u" = ?"_s,
+             valores, error)) {
+    return false;
+  }
+  if (f.existencias == Existencias::kSalida &&
+      !mInventario::ActualizarExistencias(c, tabla, columna, d.llave, g->almacen, +1, error)) {
+    return false;
+  }
+  return mFunciones::BorrarDetalles(c, tabla, columna, d.llave) ||
+         (*error = u"No se pudieron borrar las partidas de "_s + d.llave, false);
+}
+
+}  // namespace
+
+QString Llave(const QString& serie, qint32 folio) {
+  return serie.isEmpty() ? QString::number(folio) : serie + u'-' + QString::number(folio);
+}
+
+Guardado GuardarDocumento(Session& session, const FamiliaCaptura& f, Documento d) {
+  Connection c(session.Cadena);
+  if (!c.ok()) return {Outcome::Stop(c.error()), {}};
+  Transaction t(c);
+  if (!t.ok()) return {Outcome::Stop(t.error()), {}};
+  const bool alta = d.llave.isEmpty();
+  if (!d.encabezado.contains(u"fecha"_s)) {
+    d.encabezado.insert(u"fecha"_s, mFunciones::FechaServidor(session, true));
+  }
+  if (f.completar) {
+    for (QVariantMap& p : d.partidas) {
+      if (!TieneCodigo(p)) continue;
+      if (Outcome o = f.completar(session, c, d, &p); !o) return {o, {}};
+    }
+  }
+  if (alta && d.folio_previsto <= 0) {
+    d.folio_previsto = mFunciones::NumeroSiguiente(c, u"folio"_s, QString::fromUtf8(f.tabla),
+                                                   u"where serie = ?"_s, {SerieDe(session, f)});
+  }
+  if (!alta) {
+    const Leido leido = LeerDocumento(c, f, d.llave);
+    if (!leido.outcome) return {leido.outcome, {}};
+    if (!leido.modificable) {
+      return {Outcome::Stop(u"Este documento ya no se puede modificar"_s), {}};
+    }
+  }
+  if (Outcome o = Revisar(session, c, f, d); !o) return {o, {}};
+
+  Guardado0 g;
+  g.llave = d.llave;
+  g.almacen = AlmacenDe(session, c, f, d);
+  QString error;
+  bool ok = alta ? EscribirEncabezadoNuevo(session, c, f, d, &g.llave, &error)
+                 : EscribirCambio(session, c, f, d, &g, &error);
+  ok = ok && EscribirPartidas(session, c, f, d, g.llave, g.almacen, &g.fuentes, &error);
+  if (!ok) return {Outcome::Stop(error), {}};
+  if (f.totalizar) {
+    if (Outcome o = f.totalizar(c, g.llave); !o) return {o, {}};
+  }
+  if (f.existencias == Existencias::kSalida &&
+      !mInventario::ActualizarExistencias(c, QString::fromUtf8(f.tabla), QString::fromUtf8(f.llave),
+                                          g.llave, g.almacen, -1, &error)) {
+    return {Outcome::Stop(error), {}};
+  }
+  if (f.recalcular) {
+    if (Outcome o = f.recalcular(c, g.llave, g.fuentes, alta); !o) return {o, {}};
+  }
+  if (!t.Commit()) return {Outcome::Stop(t.error()), {}};
+  session.*f.actual = g.llave;
+  return {Outcome::Ok(), g.llave};
+}
+
+}  // namespace ventarix::captura

@@ -1,0 +1,234 @@
+// Delivery notes, quotations and sales orders: what each adds to the capture engine.
+#include "sales/familias_ventas.h"
+
+#include <QSqlQuery>
+
+#include "catalogs/mFunciones_precios.h"
+#include "catalogs/registro_leido.h"
+#include "core/mFunciones.h"
+#include "core/mFunciones_valores.h"
+#include "documents/mSaldos.h"
+#include "documents/row_arithmetic.h"
+
+namespace ventarix::ventas {
+
+namespace {
+
+using namespace Qt::StringLiterals;
+using captura::Documento;
+
+double Numero(const QVariantMap& m, const char* c) {
+  return mFunciones::ValorNumerico(m.value(QString::fromUtf8(c)));
+}
+QString Texto(const QVariantMap& m, const char* c) {
+  return mFunciones::ValorTexto(m.value(QString::fromUtf8(c))).trimmed();
+}
+qint32 Cliente(const Documento& d) { return static_cast<qint32>(Numero(d.encabezado, "cliente")); }
+
+Outcome Requerido(const Documento& d, const char* columna, const QString& mensaje,
+                  const QString& campo) {
+  if (Texto(d.encabezado, columna).isEmpty()) return Outcome::Warning(mensaje, campo);
+  return Outcome::Ok();
+}
+
+// A delivery note or an order for a client over the limit on credit cannot be saved while the
+// warning flashes.
+Outcome LimiteDeCredito(const Session&, Connection& c, const Documento& d, bool) {
+  const Credito credito =
+      CreditoDe(c, Cliente(d), static_cast<int>(Numero(d.encabezado, "plazo")), TotalDe(d));
+  if (credito.excedido) return Outcome::Warning(u"Límite de crédito excedido ! ! !"_s, u"Msg1"_s);
+  return Outcome::Ok();
+}
+
+Outcome CamposRemision(const Session&, Connection&, const Documento& d, bool) {
+  if (Outcome o = Requerido(d, "obs", u"Se requiere la entrada de una observación"_s, u"Datos5"_s);
+      !o) {
+    return o;
+  }
+  if (Outcome o = Requerido(d, "tipo", u"Se requiere la entrada de un tipo"_s, u"Tipo"_s); !o) {
+    return o;
+  }
+  if (Numero(d.encabezado, "metodo") <= 0) {
+    return Outcome::Warning(u"Se requiere la entrada de un Método de Pago"_s, u"Datos30"_s);
+  }
+  return Outcome::Ok();
+}
+
+Outcome CamposPedido(const Session&, Connection&, const Documento& d, bool) {
+  if (Outcome o = Requerido(d, "tipo", u"Se requiere la entrada de un tipo de pedido"_s, u"Tipo"_s);
+      !o) {
+    return o;
+  }
+  if (Outcome o = Requerido(d, "referencia",
+                            u"Se requiere la entrada de una referencia de pedido"_s, u"Datos20"_s);
+      !o) {
+    return o;
+  }
+  return Requerido(d, "obs", u"Se requiere la entrada de una observación"_s, u"Datos5"_s);
+}
+
+Outcome CamposCotizacion(const Session&, Connection&, const Documento& d, bool) {
+  if (Outcome o = Requerido(d, "obs", u"Se requiere la entrada de una observación"_s, u"Datos5"_s);
+      !o) {
+    return o;
+  }
+  return Requerido(d, "tipo", u"Se requiere la entrada de un tipo de unidad"_s, u"Tipo"_s);
+}
+
+// A row of a known code takes what the screen would show: the catalogue's description and
+// unit, the client's price and discount, tax, cost and commission; what the row already
+// holds stays.
+Outcome Completar(const Session&, Connection& c, const Documento& d, QVariantMap* p) {
+  const QString codigo = Texto(*p, "codigo").toUpper();
+  const mFunciones::SqlText sql = mFunciones::SqlProducto(codigo);
+  QSqlQuery q = c.Exec(sql.text, sql.values);
+  if (!q.next()) {
+    return Outcome::Warning(u"Este código no existe en productos\n\n"_s + codigo, u"Fg1"_s);
+  }
+  const RowValues producto = catalogs::RegistroLeido(q);
+  auto poner = [p](const char* columna, const QVariant& valor) {
+    const QString nombre = QString::fromUtf8(columna);
+    if (!p->contains(nombre) || p->value(nombre).toString().trimmed().isEmpty()) {
+      p->insert(nombre, valor);
+    }
+  };
+  p->insert(u"codigo"_s, producto.Text(u"codigo"_s));
+  poner("descripcion", producto.Text(u"producto"_s));
+  poner("unidad", producto.Text(u"unidad"_s));
+  poner("cantidad", 1);
+  if (!p->contains(u"precio"_s)) {
+    const mFunciones::PrecioHallado precio = mFunciones::PrecioPorCliente(c, Cliente(d), producto);
+    const std::optional<mFunciones::PrecioHallado> especial =
+        mFunciones::PrecioEspecial(c, Cliente(d), producto.Text(u"codigo"_s));
+    const mFunciones::PrecioHallado hallado = especial ? *especial : precio;
+    p->insert(u"precio"_s, hallado.PrecioEncontrado);
+    poner("dcto", hallado.DctoEncontrado);
+  }
+  poner("dcto", 0);
+  poner("impuesto", producto.Number(u"impuesto"_s));
+  poner("costo", producto.Number(u"costo"_s));
+  poner("com", producto.Number(u"comision"_s));
+  poner("surtir", Numero(*p, "cantidad"));
+  return Outcome::Ok();
+}
+
+Outcome TotalizarRemision(Connection& c, const QString& llave) {
+  return mSaldos::TotalizarRemision(c, llave);
+}
+Outcome TotalizarCotizacion(Connection& c, const QString& llave) {
+  return mSaldos::TotalizarCotizacion(c, llave);
+}
+Outcome TotalizarPedido(Connection& c, const QString& llave) {
+  return mSaldos::TotalizarPedido(c, llave);
+}
+
+// The orders a delivery note draws on: what is still pending, and their statuses.
+Outcome SurtirPedidos(Connection& c, const QString&, const QStringList& fuentes, bool) {
+  if (fuentes.isEmpty()) return Outcome::Ok();
+  return mSaldos::RecalcularSurtirPedidos(c, fuentes);
+}
+
+// A new or changed order's own pending quantities, against the notes already drawn on it.
+Outcome SurtirPedido(Connection& c, const QString& llave, const QStringList&, bool) {
+  return mSaldos::RecalcularSurtirPedidos(c, {llave});
+}
+
+const QStringList kColumnasPartida = {u"precio"_s, u"dcto"_s, u"impuesto"_s, u"costo"_s, u"com"_s};
+
+}  // namespace
+
+Credito CreditoDe(Connection& c, qint32 cliente, int plazo, double total) {
+  Credito r;
+  QSqlQuery q = c.Exec(u"select saldo, credito from clientes where numero = ?"_s, {cliente});
+  if (q.next()) {
+    r.saldo = q.value(0).toDouble();
+    r.credito = q.value(1).toDouble();
+  }
+  const bool a_credito = cliente != 0 && plazo != 0 && r.credito != 0;
+  if (a_credito) r.saldo += total;
+  r.excedido = a_credito && r.saldo > r.credito;
+  return r;
+}
+
+double TotalDe(const Documento& d) {
+  DocumentSums sumas;
+  for (const QVariantMap& p : d.partidas) {
+    if (Texto(p, "codigo").isEmpty()) continue;
+    sumas.Add(ComputeRow({Numero(p, "cantidad"), Numero(p, "precio"), Numero(p, "dcto"),
+                          Numero(p, "impuesto"), Numero(p, "costo"), Numero(p, "com")},
+                         true));
+  }
+  return sumas.total;
+}
+
+const captura::FamiliaCaptura& Remisiones() {
+  static const captura::FamiliaCaptura f{
+      .tabla = "remisiones",
+      .llave = "remision",
+      .derechos = "Remisiones",
+      .actual = &Session::RemisionActual,
+      .serie = &Session::SerieRemisiones,
+      .status_inicial = "POR FACTURAR",
+      .columnas = {u"agente"_s, u"plazo"_s, u"pedido"_s, u"obs"_s, u"tipo"_s, u"referencia"_s,
+                   u"orden de compra"_s, u"solicitado por"_s, u"enviar a"_s, u"metodo"_s,
+                   u"metododepago"_s, u"numctapago"_s, u"condicionesdepago"_s},
+      .columnas_partida = kColumnasPartida + QStringList{u"pedido"_s},
+      .almacen_partida = "almacen",
+      .fuente_partida = "pedido",
+      .existencias = captura::Existencias::kSalida,
+      .revisar_credito = LimiteDeCredito,
+      .revisar_campos = CamposRemision,
+      .completar = Completar,
+      .totalizar = TotalizarRemision,
+      .recalcular = SurtirPedidos,
+  };
+  return f;
+}
+
+const captura::FamiliaCaptura& Cotizaciones() {
+  static const captura::FamiliaCaptura f{
+      .tabla = "cotizaciones",
+      .llave = "cotizacion",
+      .derechos = "Cotizaciones",
+      .actual = &Session::CotizacionActual,
+      .serie = &Session::SerieCotizaciones,
+      .status_inicial = "ALTA",
+      .columnas = {u"agente"_s, u"plazo"_s, u"obs"_s, u"tipo"_s, u"referencia"_s},
+      .columnas_partida = kColumnasPartida,
+      .almacen_partida = "tienda",
+      .revisar_campos = CamposCotizacion,
+      .completar = Completar,
+      .totalizar = TotalizarCotizacion,
+  };
+  return f;
+}
+
+const captura::FamiliaCaptura& Pedidos() {
+  static const captura::FamiliaCaptura f{
+      .tabla = "pedidos",
+      .llave = "pedido",
+      .derechos = "Pedidos",
+      .actual = &Session::PedidoActual,
+      .serie = &Session::SeriePedidos,
+      .status_inicial = "POR SURTIR",
+      .columnas = {u"agente"_s, u"plazo"_s, u"obs"_s, u"tipo"_s, u"referencia"_s},
+      .columnas_partida = kColumnasPartida + QStringList{u"surtir"_s},
+      .almacen_partida = "tienda",
+      .con_costo = false,
+      .revisar_credito = LimiteDeCredito,
+      .revisar_campos = CamposPedido,
+      .completar = Completar,
+      .totalizar = TotalizarPedido,
+      .recalcular = SurtirPedido,
+  };
+  return f;
+}
+
+const captura::FamiliaCaptura* FamiliaDeTabla(const QString& tabla) {
+  for (const captura::FamiliaCaptura* f : {&Remisiones(), &Cotizaciones(), &Pedidos()}) {
+    if (tabla.compare(QString::fromUtf8(f->tabla), Qt::CaseInsensitive) == 0) return f;
+  }
+  return nullptr;
+}
+
+}  // namespace ventarix::ventas
