@@ -14,6 +14,7 @@ inline constexpr int kExitUsage = 2;
 int RunEmpresa(const QStringList& args);
 int RunDemo(const QStringList& args);
 int RunMantenimiento(const QStringList& args);
+int RunDocumento(const QStringList& args);
 void PrintHelp();
 
 // Console output, UTF-8 whatever the locale says.

@@ -33,6 +33,8 @@ void PrintHelp() {
       "  ventarix mantenimiento manto1|manto2|barrido --empresa RUTA\n"
       "                                         recalcula existencias y periodos, saldos y\n"
       "                                         status, o las marcas de imágenes de productos\n"
+      "  ventarix documento guardar --empresa RUTA [--usuario NOMBRE] ARCHIVO|-\n"
+      "                                         guarda los documentos JSON del archivo\n"
       "  ventarix --help                        muestra esta ayuda\n"
       "\n"
       "RUTA es un archivo SQLite (por ejemplo empresa.mdb) o un archivo de conexión .txt\n"

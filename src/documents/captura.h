@@ -44,6 +44,9 @@ using RevisarFamilia = Outcome (*)(const Session& session, Connection& c, const 
 // by the client's rules when none is given, tax, cost.
 using CompletarPartida = Outcome (*)(const Session& session, Connection& c, const Documento& d,
                                      QVariantMap* partida);
+// Fills what leaving the party's field fills on the screen (agent, credit term, payment data),
+// where the document does not say.
+using CompletarEncabezado = Outcome (*)(const Session& session, Connection& c, Documento* d);
 // Totals from the stored rows.
 using Totalizar = Outcome (*)(Connection& c, const QString& llave);
 // Balances, statuses and fulfilment of the document `llave` and of the documents `fuentes`
@@ -74,6 +77,7 @@ struct FamiliaCaptura {
   // suspended client.
   RevisarFamilia revisar_credito = nullptr;
   RevisarFamilia revisar_campos = nullptr;
+  CompletarEncabezado completar_encabezado = nullptr;
   CompletarPartida completar = nullptr;
   Totalizar totalizar = nullptr;
   Recalcular recalcular = nullptr;

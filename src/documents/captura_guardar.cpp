@@ -95,7 +95,7 @@ bool EscribirPartidas(const Session& session, Connection& c, const FamiliaCaptur
     fila.insert(QString::fromUtf8(f.llave), llave);
     fila.insert(u"item"_s, ++item);
     fila.insert(u"fecha"_s, fecha);
-    if (fila.contains(QString::fromUtf8(f.socio))) {
+    if (TieneColumna(tabla, QString::fromUtf8(f.socio))) {
       fila.insert(QString::fromUtf8(f.socio), static_cast<qint32>(Numero(d.encabezado, f.socio)));
     }
     fila.insert(u"codigo"_s, Texto(p, "codigo").toUpper());
@@ -103,7 +103,7 @@ bool EscribirPartidas(const Session& session, Connection& c, const FamiliaCaptur
     fila.insert(u"unidad"_s, Texto(p, "unidad"));
     fila.insert(u"cantidad"_s, Numero(p, "cantidad"));
     for (const QString& columna : f.columnas_partida) {
-      if (!fila.contains(columna)) continue;
+      if (!TieneColumna(tabla, columna)) continue;
       const QVariant valor = p.value(columna);
       fila.insert(columna, valor.metaType().id() == QMetaType::QString
                                ? QVariant(mFunciones::ValorTexto(valor))
@@ -202,6 +202,9 @@ Guardado GuardarDocumento(Session& session, const FamiliaCaptura& f, Documento d
   const bool alta = d.llave.isEmpty();
   if (!d.encabezado.contains(u"fecha"_s)) {
     d.encabezado.insert(u"fecha"_s, mFunciones::FechaServidor(session, true));
+  }
+  if (f.completar_encabezado) {
+    if (Outcome o = f.completar_encabezado(session, c, &d); !o) return {o, {}};
   }
   if (f.completar) {
     for (QVariantMap& p : d.partidas) {

@@ -75,6 +75,35 @@ Outcome CamposCotizacion(const Session&, Connection&, const Documento& d, bool) 
   return Requerido(d, "tipo", u"Se requiere la entrada de un tipo de unidad"_s, u"Tipo"_s);
 }
 
+// Leaving the client's field brings its agent, credit term and payment data.
+Outcome DatosDelCliente(const Session&, Connection& c, Documento* d) {
+  QSqlQuery q = c.Exec(u"select agente, plazo, metodo, numctapago from clientes where numero = ?"_s,
+                       {Cliente(*d)});
+  if (!q.next()) return Outcome::Ok();
+  const QStringList columnas = {u"agente"_s, u"plazo"_s, u"metodo"_s, u"numctapago"_s};
+  for (int i = 0; i < columnas.size(); ++i) {
+    if (!d->encabezado.contains(columnas[i])) d->encabezado.insert(columnas[i], q.value(i));
+  }
+  return Outcome::Ok();
+}
+
+// The delivery note's payment data as the screen leaves it: the method's name, the account's
+// last digits or "NO IDENTIFICADO", and cash or credit by the term.
+Outcome DatosDePago(const Session& session, Connection& c, Documento* d) {
+  if (Outcome o = DatosDelCliente(session, c, d); !o) return o;
+  QVariantMap& e = d->encabezado;
+  const QVariant nombre = c.Scalar(u"select nombre from metodos where numero = ?"_s,
+                                   {static_cast<qint32>(Numero(e, "metodo"))});
+  e.insert(u"metododepago"_s, nombre.toString());
+  QString cuenta = Texto(e, "numctapago");
+  if (cuenta.size() < 4) cuenta.clear();
+  e.insert(u"numctapago"_s, cuenta.isEmpty() ? u"NO IDENTIFICADO"_s : cuenta);
+  if (Texto(e, "condicionesdepago").isEmpty()) {
+    e.insert(u"condicionesdepago"_s, Numero(e, "plazo") == 0 ? u"CONTADO"_s : u"CREDITO"_s);
+  }
+  return Outcome::Ok();
+}
+
 // A row of a known code takes what the screen would show: the catalogue's description and
 // unit, the client's price and discount, tax, cost and commission; what the row already
 // holds stays.
@@ -178,6 +207,7 @@ const captura::FamiliaCaptura& Remisiones() {
       .existencias = captura::Existencias::kSalida,
       .revisar_credito = LimiteDeCredito,
       .revisar_campos = CamposRemision,
+      .completar_encabezado = DatosDePago,
       .completar = Completar,
       .totalizar = TotalizarRemision,
       .recalcular = SurtirPedidos,
@@ -197,6 +227,7 @@ const captura::FamiliaCaptura& Cotizaciones() {
       .columnas_partida = kColumnasPartida,
       .almacen_partida = "tienda",
       .revisar_campos = CamposCotizacion,
+      .completar_encabezado = DatosDelCliente,
       .completar = Completar,
       .totalizar = TotalizarCotizacion,
   };
@@ -217,6 +248,7 @@ const captura::FamiliaCaptura& Pedidos() {
       .con_costo = false,
       .revisar_credito = LimiteDeCredito,
       .revisar_campos = CamposPedido,
+      .completar_encabezado = DatosDelCliente,
       .completar = Completar,
       .totalizar = TotalizarPedido,
       .recalcular = SurtirPedido,

@@ -12,6 +12,7 @@
 #include "core/startup.h"
 #include "documents/mInventario.h"
 #include "edocs/llave_privada.h"
+#include "support/empresa_demo.h"
 #include "support/test_company.h"
 
 using namespace ventarix;
@@ -19,26 +20,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// A demo company on the current engine; null when it could not be made (the test has failed
-// or been skipped by then).
-std::unique_ptr<testing::TestCompany> Demo() {
-  QFETCH_GLOBAL(QString, engine);
-  auto company = std::make_unique<testing::TestCompany>(engine, false);
-  if (company->skipped()) {
-    QTest::qSkip("VENTARIX_TEST_PG is not set", __FILE__, __LINE__);
-    return nullptr;
-  }
-  if (!company->ok()) {
-    QTest::qFail(qPrintable(company->error()), __FILE__, __LINE__);
-    return nullptr;
-  }
-  const Outcome made = CrearEmpresaDemo(company->path());
-  if (!made) {
-    QTest::qFail(qPrintable(made.message), __FILE__, __LINE__);
-    return nullptr;
-  }
-  return company;
-}
+std::unique_ptr<testing::TestCompany> Demo() { return testing::EmpresaDemo(); }
 
 #define VENTARIX_DEMO(var)     \
   const auto var = Demo();     \
