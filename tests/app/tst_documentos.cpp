@@ -1,0 +1,174 @@
+// `ventarix documento guardar` as a web store or a script feeds it: several processes at once
+// on one serie, a save killed halfway, and files that are not what they should be.
+#include <csignal>
+
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QProcess>
+#include <QSet>
+#include <QSqlQuery>
+#include <QTest>
+
+#include "support/empresa_demo.h"
+#include "ventarix_run.h"
+
+using namespace ventarix;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QStringList Codigos(Connection& c, int cuantos) {
+  QStringList codigos;
+  QSqlQuery q = c.Exec(u"select codigo from productos where status <> 'BAJA' order by codigo"_s);
+  while (q.next() && codigos.size() < cuantos) codigos << q.value(0).toString();
+  return codigos;
+}
+
+QJsonObject Nota(const QStringList& codigos, int desde, int renglones, double cantidad) {
+  QJsonArray partidas;
+  for (int i = 0; i < renglones; ++i) {
+    partidas.append(QJsonObject{{u"codigo"_s, codigos[(desde + i) % codigos.size()]},
+                                {u"cantidad"_s, cantidad}});
+  }
+  return {{u"familia"_s, u"remisiones"_s},  {u"cliente"_s, 1},         {u"plazo"_s, 0},
+          {u"obs"_s, u"TIENDA EN LÍNEA"_s}, {u"tipo"_s, u"DIRECTA"_s}, {u"metodo"_s, 1},
+          {u"partidas"_s, partidas}};
+}
+
+QString Archivo(const testing::TestCompany& company, const QString& nombre, const QJsonValue& v) {
+  const QString ruta = company.folder() + u'/' + nombre;
+  QFile f(ruta);
+  f.open(QIODevice::WriteOnly);
+  f.write(v.isArray() ? QJsonDocument(v.toArray()).toJson() : QJsonDocument(v.toObject()).toJson());
+  return ruta;
+}
+
+// Stock and balances as they stand, to compare with what the sweeps rebuild.
+QString Figuras(Connection& c) {
+  QString texto;
+  QSqlQuery q = c.Exec(u"select codigo, almacen1 from productos order by codigo"_s);
+  while (q.next())
+    texto += q.value(0).toString() + u'=' + QString::number(q.value(1).toDouble(), 'f', 4) + u' ';
+  texto += c.Scalar(u"select sum(saldo) from clientes"_s).toString();
+  return texto;
+}
+
+QProcess* Lanzar(const QStringList& args, QObject* padre) {
+  auto* p = new QProcess(padre);
+  p->start(QStringLiteral(VENTARIX_BUILD_DIR "/src/ventarix"), args);
+  return p;
+}
+
+}  // namespace
+
+class TestDocumentos : public QObject {
+  Q_OBJECT
+
+ private slots:
+  void initTestCase_data() { testing::AddEngineRows(); }
+
+  // Eight processes save 25 notes each of one serie at the same time: 200 notes, no key
+  // twice, folios 1 to 200 without a gap, and the stock and balances the sweeps rebuild.
+  void OchoProcesosALaVez() {
+    const auto company = testing::EmpresaDemo();
+    if (!company) return;
+    Connection c(company->cadena());
+    const QStringList codigos = Codigos(c, 40);
+    std::vector<QProcess*> procesos;
+    for (int p = 0; p < 8; ++p) {
+      QJsonArray notas;
+      for (int k = 0; k < 25; ++k) notas.append(Nota(codigos, p * 25 + k, 2, 1));
+      procesos.push_back(Lanzar({u"documento"_s, u"guardar"_s, u"--empresa"_s, company->path(),
+                                 Archivo(*company, u"p%1.json"_s.arg(p), notas)},
+                                this));
+    }
+    QSet<QString> llaves;
+    for (QProcess* p : procesos) {
+      QVERIFY(p->waitForFinished(300000));
+      QVERIFY2(p->exitCode() == 0, p->readAllStandardError().constData());
+      for (const QByteArray& linea : p->readAllStandardOutput().split('\n')) {
+        if (!linea.isEmpty()) llaves.insert(QString::fromUtf8(linea));
+      }
+    }
+    QCOMPARE(llaves.size(), 200);
+    QSqlQuery q = c.Exec(
+        u"select count(*), count(distinct remision), min(folio), max(folio) "
+        u"from remisiones"_s);
+    QVERIFY(q.next());
+    QCOMPARE(q.value(0).toInt(), 200);
+    QCOMPARE(q.value(1).toInt(), 200);
+    QCOMPARE(q.value(2).toInt(), 1);
+    QCOMPARE(q.value(3).toInt(), 200);
+    q.finish();
+    const QString antes = Figuras(c);
+    for (const QString& manto : {u"manto1"_s, u"manto2"_s}) {
+      const testing::Run r =
+          testing::Ventarix({u"mantenimiento"_s, manto, u"--empresa"_s, company->path()});
+      QVERIFY2(r.code == 0, qPrintable(testing::Describe(r)));
+    }
+    QCOMPARE(Figuras(c), antes);
+  }
+
+  // A save killed with SIGKILL in the middle leaves the whole note or nothing of it.
+  void GuardadoInterrumpido() {
+    const auto company = testing::EmpresaDemo();
+    if (!company) return;
+    Connection c(company->cadena());
+    const QString antes = Figuras(c);
+    QProcess* p = Lanzar({u"documento"_s, u"guardar"_s, u"--empresa"_s, company->path(),
+                          Archivo(*company, u"grande.json"_s, Nota(Codigos(c, 300), 0, 3000, 0.5))},
+                         this);
+    QVERIFY(p->waitForStarted());
+    QTest::qWait(700);
+    ::kill(static_cast<pid_t>(p->processId()), SIGKILL);
+    p->waitForFinished();
+    const int notas = c.Scalar(u"select count(*) from remisiones"_s).toInt();
+    const int renglones = c.Scalar(u"select count(*) from \"remisiones detalles\""_s).toInt();
+    if (notas == 0) {
+      QCOMPARE(renglones, 0);
+      QCOMPARE(Figuras(c), antes);
+    } else {
+      QCOMPARE(renglones, 3000);
+      QVERIFY(Figuras(c) != antes);
+    }
+  }
+
+  // What does not belong gets a clear word and nothing of that document is written; the
+  // documents before it stay saved.
+  void ArchivoQueNoSirve_data() {
+    QTest::addColumn<QString>("contenido");
+    QTest::addColumn<QString>("dice");
+    QTest::newRow("not JSON") << u"{familia: remisiones"_s << u"no es un documento JSON"_s;
+    QTest::newRow("unknown family") << u"{\"familia\":\"vales\"}"_s << u"Familia desconocida"_s;
+    QTest::newRow("unknown column") << u"{\"familia\":\"remisiones\",\"color\":1}"_s
+                                    << u"Columna desconocida en remisiones: color"_s;
+    QTest::newRow("refused second")
+        << u"[{\"familia\":\"remisiones\",\"cliente\":1,\"obs\":\"X\",\"tipo\":\"D\","
+           u"\"metodo\":1,\"partidas\":[{\"codigo\":\"1-00001\"}]},"
+           u"{\"familia\":\"remisiones\",\"cliente\":1,\"tipo\":\"D\",\"metodo\":1,"
+           u"\"partidas\":[{\"codigo\":\"1-00001\"}]}]"_s
+        << u"Documento 2: Se requiere la entrada de una observación"_s;
+  }
+  void ArchivoQueNoSirve() {
+    QFETCH(QString, contenido);
+    QFETCH(QString, dice);
+    const auto company = testing::EmpresaDemo();
+    if (!company) return;
+    const QString ruta = company->folder() + u"/malo.json"_s;
+    QFile f(ruta);
+    QVERIFY(f.open(QIODevice::WriteOnly) && f.write(contenido.toUtf8()) > 0);
+    f.close();
+    const testing::Run r =
+        testing::Ventarix({u"documento"_s, u"guardar"_s, u"--empresa"_s, company->path(), ruta});
+    QCOMPARE(r.code, 1);
+    QVERIFY2(r.err.contains(dice), qPrintable(testing::Describe(r)));
+    Connection c(company->cadena());
+    QCOMPARE(c.Scalar(u"select count(*) from remisiones"_s).toInt(),
+             dice.startsWith(u"Documento 2"_s) ? 1 : 0);
+  }
+};
+
+QTEST_GUILESS_MAIN(TestDocumentos)
+#include "tst_documentos.moc"
