@@ -380,7 +380,8 @@ bool Generar(Connection& c, const Familia& f, int desde, int hasta, qint64* fila
 }  // namespace
 
 bool GenerarCatalogos(Connection& c, QString* error) {
-  return Insertar(c, u"productos"_s, 1,
+  Transaction t(c);
+  return t.ok() && Insertar(c, u"productos"_s, 1,
                   {{"codigo", u"('P' || d)"_s},
                    {"producto", u"('ARTICULO ' || d)"_s},
                    {"unidad", u"'PZA'"_s},
@@ -394,7 +395,8 @@ bool GenerarCatalogos(Connection& c, QString* error) {
                   kClientes, error) &&
          Insertar(c, u"proveedores"_s, 1,
                   {{"numero", u"d"_s}, {"nombre", u"('PROVEEDOR ' || d)"_s}}, 1, kProveedores,
-                  error);
+                  error) &&
+         t.Commit();
 }
 
 bool GenerarDocumentos(Connection& c, int desde, int hasta, qint64* filas, QString* error) {
@@ -402,10 +404,15 @@ bool GenerarDocumentos(Connection& c, int desde, int hasta, qint64* filas, QStri
   std::vector<Familia> familias = Ventas();
   for (Familia& f : Compras()) familias.push_back(std::move(f));
   for (Familia& f : Inventario(c.sql())) familias.push_back(std::move(f));
+  Transaction t(c);
+  if (!t.ok()) {
+    *error = t.error();
+    return false;
+  }
   for (const Familia& f : familias) {
     if (!Generar(c, f, desde, hasta, filas, error)) return false;
   }
-  return true;
+  return t.Commit() || (*error = t.error(), false);
 }
 
 }  // namespace ventarix::bench

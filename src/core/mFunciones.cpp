@@ -133,22 +133,34 @@ bool InsertarConNumero(Connection& connection, const QString& table, const QStri
   return false;
 }
 
-QDateTime FechaServidor(const Session& session, bool solo_fecha) {
+namespace {
+
+// The server is asked only on a PostgreSQL company without a fixed date.
+QDateTime FechaDe(Connection* connection, const Session& session, bool solo_fecha) {
   if (!session.FechaFija.isEmpty()) {
     const QDate fija = QDate::fromString(session.FechaFija, QStringLiteral("yyyyMMdd"));
     if (fija.isValid()) return QDateTime(fija, QTime(0, 0));
   }
   QDateTime fecha;
-  if (session.Sql) {
-    Connection connection(session.Cadena);
-    if (connection.ok()) {
-      fecha = dialect::ReadDate(connection.Scalar(QStringLiteral("select ") + dialect::Now(true) +
-                                                  QStringLiteral(" as fecha")));
-    }
+  if (connection != nullptr && connection->ok()) {
+    fecha = dialect::ReadDate(connection->Scalar(QStringLiteral("select ") + dialect::Now(true) +
+                                                 QStringLiteral(" as fecha")));
   }
   if (!fecha.isValid()) fecha = QDateTime::currentDateTime();
   if (solo_fecha) fecha = QDateTime(fecha.date(), QTime(0, 0));
   return fecha;
+}
+
+}  // namespace
+
+QDateTime FechaServidor(const Session& session, bool solo_fecha) {
+  if (!session.Sql || !session.FechaFija.isEmpty()) return FechaDe(nullptr, session, solo_fecha);
+  Connection connection(session.Cadena);
+  return FechaDe(&connection, session, solo_fecha);
+}
+
+QDateTime FechaServidor(Connection& connection, const Session& session, bool solo_fecha) {
+  return FechaDe(session.Sql ? &connection : nullptr, session, solo_fecha);
 }
 
 SqlText SqlProducto(const QString& codigo) {

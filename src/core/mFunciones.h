@@ -42,6 +42,8 @@ bool InsertarConNumero(Connection& connection, const QString& table, const QStri
 // The server's date and time (PostgreSQL) or the workstation's (SQLite); date only when
 // asked. FechaFija "yyyyMMdd" overrides both.
 QDateTime FechaServidor(const Session& session, bool solo_fecha = false);
+// The same on a connection already open (a save asks inside its own transaction).
+QDateTime FechaServidor(Connection& connection, const Session& session, bool solo_fecha = false);
 
 // Statement and bound values that find a product by any of its four codes.
 struct SqlText {

@@ -137,7 +137,7 @@ bool EscribirEncabezadoNuevo(const Session& session, Connection& c, const Famili
   QVariantMap fila;
   const QVariantMap vacia = mFunciones::InicializarRegistro(tabla);
   for (auto it = vacia.begin(); it != vacia.end(); ++it) fila.insert(it.key().toLower(), *it);
-  fila.insert(Encabezado(session, f, d, mFunciones::FechaServidor(session)));
+  fila.insert(Encabezado(session, f, d, mFunciones::FechaServidor(c, session)));
   fila.insert(u"serie"_s, serie);
   fila.insert(u"status"_s, QString::fromUtf8(f.status_inicial));
   if (TieneColumna(tabla, u"tienda"_s)) fila.insert(u"tienda"_s, session.Tienda);
@@ -170,7 +170,7 @@ bool EscribirCambio(const Session& session, Connection& c, const FamiliaCaptura&
                                                       QString::fromUtf8(f.fuente_partida), error);
     g->fuentes.removeAll(QString());
   }
-  const QVariantMap fila = Encabezado(session, f, d, mFunciones::FechaServidor(session));
+  const QVariantMap fila = Encabezado(session, f, d, mFunciones::FechaServidor(c, session));
   QStringList asignaciones;
   for (const QString& nombre : fila.keys()) asignaciones << dialect::Name(nombre) + u" = ?"_s;
   QVariantList valores = fila.values();
@@ -201,7 +201,7 @@ Guardado GuardarDocumento(Session& session, const FamiliaCaptura& f, Documento d
   if (!t.ok()) return {Outcome::Stop(t.error()), {}};
   const bool alta = d.llave.isEmpty();
   if (!d.encabezado.contains(u"fecha"_s)) {
-    d.encabezado.insert(u"fecha"_s, mFunciones::FechaServidor(session, true));
+    d.encabezado.insert(u"fecha"_s, mFunciones::FechaServidor(c, session, true));
   }
   if (f.completar_encabezado) {
     if (Outcome o = f.completar_encabezado(session, c, &d); !o) return {o, {}};

@@ -35,10 +35,10 @@ Outcome ClienteActivo(const Session& session, Connection& c, const FamiliaCaptur
 }
 
 // Documents of another month are changed only by an administrator or a manager.
-Outcome DentroDeFecha(const Session& session, const Documento& d, bool alta) {
+Outcome DentroDeFecha(const Session& session, Connection& c, const Documento& d, bool alta) {
   if (alta || session.Administrador || session.Gerente) return Outcome::Ok();
   const QDate fecha = FechaDe(d).date();
-  const QDate hoy = mFunciones::FechaServidor(session, true).date();
+  const QDate hoy = mFunciones::FechaServidor(c, session, true).date();
   if (fecha.year() != hoy.year() || fecha.month() != hoy.month()) {
     return Outcome::Warning(u"Este movimiento se encuentra fuera de fecha"_s, u"Fecha"_s);
   }
@@ -104,7 +104,7 @@ Outcome Revisar(const Session& session, Connection& c, const FamiliaCaptura& f,
   if (f.revisar_campos) {
     if (Outcome o = f.revisar_campos(session, c, d, alta); !o) return o;
   }
-  if (Outcome o = DentroDeFecha(session, d, alta); !o) return o;
+  if (Outcome o = DentroDeFecha(session, c, d, alta); !o) return o;
   if (Outcome o = ChecarPartidas(d.partidas, f.checar_utilidad, false); !o) return o;
   return HayExistencias(session, c, f, d, alta);
 }

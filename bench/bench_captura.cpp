@@ -1,0 +1,128 @@
+// A 20-row delivery note saved through the capture engine (checks, folio, header, rows,
+// totals, stock, orders) on a company of 10,000 and then 100,000 documents: p50 and p95 of
+// each engine.
+#include <algorithm>
+#include <cstdio>
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QFileInfo>
+#include <QTemporaryDir>
+#include <QTextStream>
+
+#include "big_company.h"
+#include "core/company_database.h"
+#include "core/mFunciones.h"
+#include "documents/captura.h"
+#include "sales/familias_ventas.h"
+
+using namespace ventarix;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kGuardados = 40;
+
+Session Sesion(const QString& path, bool sql) {
+  Session s;
+  s.Motor = sql ? u"Sql"_s : u"Access"_s;
+  s.BaseDatos = path;
+  s.BaseNombre = QFileInfo(path).fileName();
+  s.Sql = sql;
+  s.Access = !sql;
+  mFunciones::ConstruirCadenas(s);
+  s.Equipo = u"BENCH"_s;
+  s.SerieRemisiones = u"W"_s;
+  s.usuario.Set(u"Remisiones"_s, u"SSS"_s);
+  s.empresa.Set(u"guardar_sin_existencias"_s, u"S"_s);
+  return s;
+}
+
+captura::Documento Nota(int n) {
+  captura::Documento d;
+  d.encabezado = {{u"cliente"_s, 1 + n % 100}, {u"plazo"_s, 0},   {u"obs"_s, u"BANCO"_s},
+                  {u"tipo"_s, u"DIRECTA"_s},     {u"metodo"_s, 1}};
+  for (int i = 0; i < 20; ++i) {
+    d.partidas.push_back({{u"codigo"_s, u"P%1"_s.arg(1 + (n * 20 + i) % bench::kProductos)},
+                          {u"cantidad"_s, 1 + i % 3}});
+  }
+  return d;
+}
+
+struct Cifras {
+  double p50 = 0, p95 = 0;
+};
+
+Cifras Medir(Session& s, int desde) {
+  std::vector<double> ms;
+  for (int i = 0; i < kGuardados; ++i) {
+    QElapsedTimer reloj;
+    reloj.start();
+    const captura::Guardado g = captura::GuardarDocumento(s, ventas::Remisiones(), Nota(desde + i));
+    ms.push_back(reloj.nsecsElapsed() / 1e6);
+    if (!g.outcome) {
+      std::fprintf(stderr, "save: %s\n", qPrintable(g.outcome.message));
+      return {-1, -1};
+    }
+  }
+  std::sort(ms.begin(), ms.end());
+  return {ms[ms.size() / 2], ms[ms.size() * 95 / 100]};
+}
+
+bool Crecer(Session& s, int desde, int hasta) {
+  Connection c(s.Cadena);
+  QString error;
+  qint64 filas = 0;
+  if ((desde == 1 && !bench::GenerarCatalogos(c, &error)) ||
+      !bench::GenerarDocumentos(c, desde, hasta, &filas, &error)) {
+    std::fprintf(stderr, "generation: %s\n", qPrintable(error));
+    return false;
+  }
+  if (c.sql()) {
+    c.Run(u"set client_min_messages = error"_s);
+    c.Run(u"analyze"_s);
+  }
+  return true;
+}
+
+bool Correr(const char* motor, Session s, int chica, int grande) {
+  if (!CrearEmpresa(s.BaseDatos).ok || !Crecer(s, 1, chica)) return false;
+  const Cifras a = Medir(s, 0);
+  if (a.p50 < 0 || !Crecer(s, chica + 1, grande)) return false;
+  const Cifras b = Medir(s, kGuardados);
+  if (b.p50 < 0) return false;
+  std::printf("| %s | %.1f ms | %.1f ms | %.1f ms | %.1f ms |\n", motor, a.p50, a.p95, b.p50,
+              b.p95);
+  return true;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  QCoreApplication app(argc, argv);
+  const double escala = argc > 1 ? QString::fromLocal8Bit(argv[1]).toDouble() : 1.0;
+  const int grande = std::max(1000, int(100000 * escala));
+  const int chica = grande / 10;
+  QTemporaryDir dir;
+  std::printf("| engine | p50 at %d | p95 at %d | p50 at %d | p95 at %d |\n|---|---:|---:|---:|---:|\n",
+              chica, chica, grande, grande);
+  if (!Correr("sqlite", Sesion(dir.filePath(u"captura.mdb"_s), false), chica, grande)) return 1;
+  const QString admin = qEnvironmentVariable("VENTARIX_TEST_PG");
+  if (admin.isEmpty()) return 0;
+  const QString catalog = u"vtx_bench_captura_%1"_s.arg(QCoreApplication::applicationPid());
+  Connection server(admin);
+  server.Run(u"set default_transaction_read_only = off"_s);
+  if (!server.Run(u"create database "_s + catalog)) return 1;
+  std::optional<ConnectionTarget> target = ParseCadena(admin);
+  target->catalog = catalog;
+  const QString path = dir.filePath(u"captura.txt"_s);
+  QFile txt(path);
+  txt.open(QIODevice::WriteOnly | QIODevice::Text);
+  QTextStream(&txt) << PostgresCadena(*target) << '\n' << PostgresCadena(*target) << '\n';
+  txt.close();
+  const bool ok = Correr("postgres", Sesion(path, true), chica, grande);
+  server.Run(u"drop database if exists "_s + catalog + u" with (force)"_s);
+  server.Run(u"drop role if exists "_s + catalog + u"_consulta"_s);
+  return ok ? 0 : 1;
+}
