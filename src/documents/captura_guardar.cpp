@@ -1,5 +1,9 @@
 // Saving a captured document: header, rows, totals, stock and what depends on it, in one
 // transaction.
+#include <optional>
+
+#include <QHash>
+#include <QSet>
 #include <QSqlError>
 #include <QSqlQuery>
 #include <QSqlRecord>
@@ -22,12 +26,16 @@ using namespace Qt::StringLiterals;
 QString Detalles(const FamiliaCaptura& f) { return QString::fromUtf8(f.tabla) + u" detalles"_s; }
 
 bool TieneColumna(const QString& tabla, const QString& columna) {
-  const schema::Table* t = schema::FindTable(tabla);
-  if (t == nullptr) return false;
-  for (const schema::Column& c : t->columns) {
-    if (columna.compare(QString::fromUtf8(c.name), Qt::CaseInsensitive) == 0) return true;
-  }
-  return false;
+  // Asked for every row of every save: the definition's columns are read once.
+  static const QHash<QString, QSet<QString>> kColumnas = [] {
+    QHash<QString, QSet<QString>> columnas;
+    for (const schema::Table& t : schema::Tables()) {
+      QSet<QString>& nombres = columnas[QString::fromUtf8(t.name)];
+      for (const schema::Column& c : t.columns) nombres.insert(QString::fromUtf8(c.name));
+    }
+    return columnas;
+  }();
+  return kColumnas.value(tabla.toLower()).contains(columna.toLower());
 }
 
 QString SerieDe(const Session& session, const FamiliaCaptura& f) {
@@ -87,6 +95,8 @@ bool EscribirPartidas(const Session& session, Connection& c, const FamiliaCaptur
   const QString tabla = Detalles(f);
   const QVariantMap vacia = mFunciones::InicializarRegistro(tabla);
   const QVariant fecha = dialect::DateValue(FechaDe(d), session.Sql);
+  // Every row has the same columns: one statement, prepared once, takes them all.
+  std::optional<QSqlQuery> insert;
   int item = 0;
   for (const QVariantMap& p : d.partidas) {
     if (!TieneCodigo(p)) continue;
@@ -115,7 +125,19 @@ bool EscribirPartidas(const Session& session, Connection& c, const FamiliaCaptur
       fila.insert(QString::fromUtf8(f.fuente_partida), fuente);
       if (!fuente.isEmpty() && !fuentes->contains(fuente)) fuentes->append(fuente);
     }
-    if (!Insertar(c, tabla, fila, false, nullptr, error)) return false;
+    if (!insert) {
+      QStringList nombres;
+      for (const QString& columna : fila.keys()) nombres << dialect::Name(columna);
+      insert.emplace(c.db());
+      insert->prepare(u"insert into "_s + dialect::Name(tabla) + u" ("_s + nombres.join(u", "_s) +
+                      u") values ("_s + QStringList(fila.size(), u"?"_s).join(u", "_s) + u')');
+    }
+    int i = 0;
+    for (const QVariant& valor : fila) insert->bindValue(i++, valor);
+    if (!insert->exec()) {
+      *error = QueryError(*insert);
+      return false;
+    }
   }
   return true;
 }

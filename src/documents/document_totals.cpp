@@ -2,6 +2,7 @@
 
 #include <array>
 #include <charconv>
+#include <optional>
 
 #include <QSqlQuery>
 #include <QStringList>
@@ -50,8 +51,10 @@ Outcome ReadRows(Connection& connection, const TotalsFamily& family, const QStri
   return Outcome::Ok();
 }
 
+// `update` is prepared at the first row and run again for the others: every row of a document
+// takes the same statement.
 Outcome WriteRow(Connection& connection, const TotalsFamily& family, const QVariant& id,
-                 const RowAmounts& r) {
+                 const RowAmounts& r, std::optional<QSqlQuery>& update) {
   QString text =
       QStringLiteral(
           "update %1 set cantidad = ?, precio = ?, importe = ?, dcto = ?, descuento = ?, "
@@ -65,8 +68,12 @@ Outcome WriteRow(Connection& connection, const TotalsFamily& family, const QVari
   }
   text += QStringLiteral(" where ") + RowIdentityMatch(connection.sql());
   values << id;
-  QString error;
-  if (!connection.Run(text, values, &error)) return Outcome::Stop(error);
+  if (!update) {
+    update.emplace(connection.db());
+    if (!update->prepare(text)) return Outcome::Stop(QueryError(*update));
+  }
+  for (int i = 0; i < values.size(); ++i) update->bindValue(i, values[i]);
+  if (!update->exec()) return Outcome::Stop(QueryError(*update));
   return Outcome::Ok();
 }
 
@@ -103,10 +110,13 @@ Outcome TotalizeDocument(Connection& connection, const TotalsFamily& family, con
   std::vector<StoredRow> rows;
   if (Outcome read = ReadRows(connection, family, key, &rows); !read) return read;
   DocumentSums running;
+  std::optional<QSqlQuery> update;
   for (const StoredRow& row : rows) {
     const RowAmounts amounts = ComputeRow(row.input, family.with_cost);
     running.Add(amounts);
-    if (Outcome written = WriteRow(connection, family, row.id, amounts); !written) return written;
+    if (Outcome written = WriteRow(connection, family, row.id, amounts, update); !written) {
+      return written;
+    }
   }
   double header_total = running.total;
   for (const Deduction& d : deductions) header_total -= d.amount;

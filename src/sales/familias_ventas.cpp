@@ -109,12 +109,17 @@ Outcome DatosDePago(const Session& session, Connection& c, Documento* d) {
 // holds stays.
 Outcome Completar(const Session&, Connection& c, const Documento& d, QVariantMap* p) {
   const QString codigo = Texto(*p, "codigo").toUpper();
-  const mFunciones::SqlText sql = mFunciones::SqlProducto(codigo);
-  QSqlQuery q = c.Exec(sql.text, sql.values);
+  // The exact code first, by its index; the alternate codes only when it is not one.
+  QSqlQuery q = c.Exec(u"select * from productos where codigo = ?"_s, {codigo});
   if (!q.next()) {
-    return Outcome::Warning(u"Este código no existe en productos\n\n"_s + codigo, u"Fg1"_s);
+    const mFunciones::SqlText sql = mFunciones::SqlProducto(codigo);
+    q = c.Exec(sql.text, sql.values);
+    if (!q.next()) {
+      return Outcome::Warning(u"Este código no existe en productos\n\n"_s + codigo, u"Fg1"_s);
+    }
   }
   const RowValues producto = catalogs::RegistroLeido(q);
+  q.finish();
   auto poner = [p](const char* columna, const QVariant& valor) {
     const QString nombre = QString::fromUtf8(columna);
     if (!p->contains(nombre) || p->value(nombre).toString().trimmed().isEmpty()) {
@@ -126,10 +131,10 @@ Outcome Completar(const Session&, Connection& c, const Documento& d, QVariantMap
   poner("unidad", producto.Text(u"unidad"_s));
   poner("cantidad", 1);
   if (!p->contains(u"precio"_s)) {
-    const mFunciones::PrecioHallado precio = mFunciones::PrecioPorCliente(c, Cliente(d), producto);
     const std::optional<mFunciones::PrecioHallado> especial =
         mFunciones::PrecioEspecial(c, Cliente(d), producto.Text(u"codigo"_s));
-    const mFunciones::PrecioHallado hallado = especial ? *especial : precio;
+    const mFunciones::PrecioHallado hallado =
+        especial ? *especial : mFunciones::PrecioPorCliente(c, Cliente(d), producto);
     p->insert(u"precio"_s, hallado.PrecioEncontrado);
     poner("dcto", hallado.DctoEncontrado);
   }
