@@ -122,7 +122,9 @@ class TestDocumentos : public QObject {
                          this);
     QVERIFY(p->waitForStarted());
     QTest::qWait(700);
-    ::kill(static_cast<pid_t>(p->processId()), SIGKILL);
+    // A finished process has no pid, and kill(0) would strike this whole process group.
+    const qint64 pid = p->processId();
+    if (p->state() == QProcess::Running && pid > 0) ::kill(static_cast<pid_t>(pid), SIGKILL);
     p->waitForFinished();
     const int notas = c.Scalar(u"select count(*) from remisiones"_s).toInt();
     const int renglones = c.Scalar(u"select count(*) from \"remisiones detalles\""_s).toInt();
