@@ -12,6 +12,7 @@
 #include "core/ui/mdi_inicio.h"
 #include "core/ui/mdi_inicio_entrada.h"
 #include "core/ui/message_box.h"
+#include "core/ui/traducciones.h"
 
 namespace ventarix {
 
@@ -87,6 +88,7 @@ int RunDesktop(int& argc, char** argv, const QString& empresa) {
   QApplication app(argc, argv);
   QApplication::setApplicationName(QStringLiteral("Ventarix"));
   QApplication::setApplicationVersion(QStringLiteral(VENTARIX_VERSION));
+  CargarTraducciones(app);
   if (!escritorio::RevisarRegion()) return 1;
 
   Session session;
