@@ -90,6 +90,7 @@ FormaSocio::FormaSocio(Session& session, socios::Socio socio, bool cambio, QWidg
     if (QWidget* campo = Campo(columna)) campo->setEnabled(false);
   }
   OrdenDeCaptura();
+  PintarCamposAlEnfocar(this, session_);
   Cargar();
   if (QWidget* nombre = Campo(u"Nombre"_s)) nombre->setFocus();
 }
@@ -104,7 +105,7 @@ void FormaSocio::OrdenDeCaptura() {
   }
   if (precios_ != nullptr) orden << precios_->marcas() << precios_->productos();
   orden << guardar_ << salir_;
-  for (qsizetype i = 1; i < orden.size(); ++i) setTabOrder(orden[i - 1], orden[i]);
+  EncadenarFoco(orden);
 }
 
 void FormaSocio::Cargar() {
