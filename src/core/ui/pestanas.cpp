@@ -102,10 +102,10 @@ void Pestanas::PonerLetra(int index) {
 void Pestanas::Avanzar(int paso) {
   if (count() < 2) return;
   int siguiente = currentIndex();
-  // A disabled tab is passed over, as a click can't reach it either.
+  // A hidden or disabled tab is passed over, as a click can't reach it either.
   for (int vuelta = 0; vuelta < count(); ++vuelta) {
     siguiente = (siguiente + paso + count()) % count();
-    if (isTabEnabled(siguiente)) break;
+    if (isTabVisible(siguiente) && isTabEnabled(siguiente)) break;
   }
   setCurrentIndex(siguiente);
   EntrarEnPagina();
