@@ -82,6 +82,12 @@ ListadoInforme ListarInforme(Connection& connection, const QString& esquema, con
   return listado;
 }
 
+Outcome RevisarListado(const ListadoInforme& listado, const QString& esquema, const QDate& mes) {
+  if (!listado.ok || !listado.renglones.isEmpty()) return Outcome::Ok();
+  return Outcome::Warning(QStringLiteral("No hay documentos ") + esquema +
+                          QStringLiteral(" en el mes de ") + MesAnoNombre(mes));
+}
+
 QString ArchivoInforme(const Session& session, const QDate& mes) {
   return session.CarpetaBak + QStringLiteral("/1") + session.empresa.Text(QStringLiteral("rfc")) +
          QStringLiteral("%1%2")

@@ -46,6 +46,10 @@ QStringList EsquemasInforme();
 // were saved. Invoices are taken by their saving time, notes by their date.
 ListadoInforme ListarInforme(Connection& connection, const QString& esquema, const QDate& mes);
 
+// A month listed without documents: a warning, said after the listing and before the
+// confirmations of what would be an empty file. Ok for a month with documents.
+Outcome RevisarListado(const ListadoInforme& listado, const QString& esquema, const QDate& mes);
+
 // <CarpetaBak>/1<company RFC><mmyyyy>.txt
 QString ArchivoInforme(const Session& session, const QDate& mes);
 

@@ -29,13 +29,15 @@ inline void SaveShot(QWidget* widget, const QString& name) {
 
 class ModalCatcher : public QObject {
  public:
-  // One answer per modal window, in order. Message boxes: Enter, or the given button. Input
-  // dialogs: the text, then OK (or Cancel when `accept` is false). File dialogs: Cancel.
-  // Other dialogs: the text typed into the focused field, then Enter (or Esc).
+  // One answer per modal window, in order. Message boxes: Enter, or the given button (by its
+  // kind, or by its caption `boton` without the "&"). Input dialogs: the text, then OK (or
+  // Cancel when `accept` is false). File dialogs: the file named by the text, or Cancel when
+  // there is none. Other dialogs: the text typed into the focused field, then Enter (or Esc).
   struct Reply {
     QString input;
     bool accept = true;
     QMessageBox::StandardButton button = QMessageBox::NoButton;
+    QString boton;
   };
 
   explicit ModalCatcher(QList<Reply> replies = {}, QString shot_prefix = {})
@@ -46,9 +48,11 @@ class ModalCatcher : public QObject {
 
   void Add(Reply reply) { replies_.append(std::move(reply)); }
 
-  QStringList texts;   // message text, input label, or dialog object name
+  QStringList texts;   // message text, input label, file dialog's folder, or object name
   QStringList titles;  // window titles
   QList<QMessageBox::Icon> icons;
+  QList<QStringList> buttons;  // the captions of each window's buttons, without the "&"
+
   int pending() const { return replies_.size(); }
 
  private:
@@ -67,6 +71,15 @@ class ModalCatcher : public QObject {
   void Answer(QWidget* modal) {
     const Reply reply = replies_.isEmpty() ? Reply{} : replies_.takeFirst();
     titles << modal->windowTitle();
+    QList<QAbstractButton*> visible;
+    QStringList captions;
+    for (QAbstractButton* button : modal->findChildren<QAbstractButton*>()) {
+      const QString caption = QString(button->text()).remove(u'&');
+      if (!button->isVisible() || caption.isEmpty()) continue;
+      visible << button;
+      captions << caption;
+    }
+    buttons << captions;
     if (!prefix_.isEmpty()) SaveShot(modal->window(), prefix_ + QString::number(++shots_));
     if (auto* box = qobject_cast<QMessageBox*>(modal)) {
       texts << box->text();
@@ -74,6 +87,8 @@ class ModalCatcher : public QObject {
       busy_ = false;
       if (reply.button != QMessageBox::NoButton) {
         box->button(reply.button)->click();
+      } else if (!reply.boton.isEmpty()) {
+        visible.value(captions.indexOf(reply.boton))->click();
       } else {
         QTest::keyClick(box, Qt::Key_Return);
       }
@@ -87,12 +102,16 @@ class ModalCatcher : public QObject {
       reply.accept ? input->accept() : input->reject();
       return;
     }
-    texts << modal->objectName();
     if (auto* files = qobject_cast<QFileDialog*>(modal)) {
+      texts << files->directory().absolutePath();
       busy_ = false;
-      files->reject();
+      if (reply.input.isEmpty()) return files->reject();
+      // Typed into the name field, as a person does (a whole path is taken too).
+      files->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setText(reply.input);
+      static_cast<QDialog*>(files)->accept();  // QFileDialog::accept, which checks the name
       return;
     }
+    texts << modal->objectName();
     QWidget* field = modal->focusWidget();
     if (field == nullptr) field = modal->findChild<QLineEdit*>();
     if (field != nullptr) QTest::keyClicks(field, reply.input);

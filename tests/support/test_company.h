@@ -5,6 +5,7 @@
 #include <QString>
 #include <QTemporaryDir>
 
+#include "catalogs/demo_company.h"
 #include "core/database.h"
 #include "core/session.h"
 #include "support/escribir.h"
@@ -61,3 +62,11 @@ void AddEngineRows();
 #define VENTARIX_COMPANY_CONNECTION(var, c) \
   VENTARIX_COMPANY(var);                    \
   ::ventarix::Connection c(var.cadena())
+
+// The demo shop on a fresh database of the current global engine row.
+#define VENTARIX_DEMO_COMPANY(var)                         \
+  QFETCH_GLOBAL(QString, engine);                          \
+  ::ventarix::testing::TestCompany var(engine, false);     \
+  if (var.skipped()) QSKIP("VENTARIX_TEST_PG is not set"); \
+  QVERIFY2(var.ok(), qPrintable(var.error()));             \
+  QVERIFY(::ventarix::CrearEmpresaDemo(var.path()).ok)

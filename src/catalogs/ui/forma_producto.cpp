@@ -37,8 +37,8 @@ FormaProducto::FormaProducto(Session& session, bool alta, QWidget* parent)
   auto* layout = new QVBoxLayout(this);
   layout->addLayout(campos_->layout);
   layout->addLayout(botones);
-  QWidget::setTabOrder(campos_->fg3, guardar_);
-  QWidget::setTabOrder(guardar_, salir_);
+  EncadenarFoco({campos_->fg3, guardar_, salir_});
+  PintarCamposAlEnfocar(this, session_);
   Conectar();
 }
 

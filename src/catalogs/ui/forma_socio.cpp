@@ -19,6 +19,7 @@
 #include "core/ui/campo_captura.h"
 #include "core/ui/campo_catalogo.h"
 #include "core/ui/message_box.h"
+#include "core/ui/pestanas.h"
 #include "core/ui/teclas_captura.h"
 
 namespace ventarix {
@@ -50,7 +51,7 @@ FormaSocio::FormaSocio(Session& session, socios::Socio socio, bool cambio, QWidg
   numero_campo_->setAlignment(Qt::AlignRight);
   numero_campo_->setMaximumWidth(numero_campo_->fontMetrics().horizontalAdvance(u"0000000000"_s));
   status_ = new EtiquetaStatus(cambio_, this);
-  tabs_ = new QTabWidget(this);
+  tabs_ = new Pestanas(this);
   tabs_->addTab(Pagina(), u"Datos generales"_s);
   if (cambio_ && socio == socios::Socio::kClientes) {
     precios_ = new PreciosDelCliente(session_, this);
@@ -89,6 +90,7 @@ FormaSocio::FormaSocio(Session& session, socios::Socio socio, bool cambio, QWidg
     if (QWidget* campo = Campo(columna)) campo->setEnabled(false);
   }
   OrdenDeCaptura();
+  PintarCamposAlEnfocar(this, session_);
   Cargar();
   if (QWidget* nombre = Campo(u"Nombre"_s)) nombre->setFocus();
 }
@@ -103,7 +105,7 @@ void FormaSocio::OrdenDeCaptura() {
   }
   if (precios_ != nullptr) orden << precios_->marcas() << precios_->productos();
   orden << guardar_ << salir_;
-  for (qsizetype i = 1; i < orden.size(); ++i) setTabOrder(orden[i - 1], orden[i]);
+  EncadenarFoco(orden);
 }
 
 void FormaSocio::Cargar() {

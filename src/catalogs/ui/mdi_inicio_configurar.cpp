@@ -12,6 +12,7 @@
 #include "catalogs/configurar_datos.h"
 #include "catalogs/ui/campos_ajustes.h"
 #include "core/ui/message_box.h"
+#include "core/ui/pestanas.h"
 #include "core/ui/teclas_captura.h"
 
 namespace ventarix {
@@ -30,7 +31,7 @@ MDIInicioConfigurar::MDIInicioConfigurar(Session& session, QWidget* parent)
   auto* arriba = new QFormLayout;
   arriba->addRow(u"Usuario"_s, usuario_);
 
-  tabs_ = new QTabWidget(this);
+  tabs_ = new Pestanas(this);
   tabs_->setObjectName(u"Tab1"_s);
   tabs_->addTab(PaginaTpv(), u"Punto de venta"_s);
   tabs_->addTab(PaginaFormulario(u"Ticket"_s), u"Ticket"_s);

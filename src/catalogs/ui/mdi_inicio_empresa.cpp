@@ -17,6 +17,7 @@
 #include "catalogs/ui/campos_ajustes.h"
 #include "core/ui/mdi_inicio_presentacion.h"
 #include "core/ui/message_box.h"
+#include "core/ui/pestanas.h"
 #include "core/ui/teclas_captura.h"
 
 namespace ventarix {
@@ -27,7 +28,7 @@ MDIInicioEmpresa::MDIInicioEmpresa(Session& session, QWidget* parent)
     : QDialog(parent), session_(session), campos_(new CamposAjustes(session, this)) {
   setObjectName(u"MDIInicioEmpresa"_s);
   setWindowTitle(u"Empresa"_s);
-  tabs_ = new QTabWidget(this);
+  tabs_ = new Pestanas(this);
   tabs_->setObjectName(u"Tab1"_s);
   tabs_->addTab(PaginaEmpresa(), u"Empresa"_s);
   tabs_->addTab(PaginaExpedidoEn(), u"Expedido en"_s);

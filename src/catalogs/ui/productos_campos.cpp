@@ -17,6 +17,7 @@
 #include "core/mFunciones_valores.h"
 #include "core/ui/campo_captura.h"
 #include "core/ui/campo_catalogo.h"
+#include "core/ui/teclas_captura.h"
 #include "documents/round_half_even.h"
 
 namespace ventarix {
@@ -119,28 +120,31 @@ CamposDeProducto::CamposDeProducto(QDialog* forma, const Session& session, bool 
   lbl_consumos = new QLabel(forma);
   lbl_consumos->setObjectName(u"LblConsumos"_s);
 
+  // The screen reads down the general column, then down the prices column to the levels,
+  // then across the two lists; Enter walks the fields in that same order.
+  QList<QWidget*> orden;
+  auto fila = [this, &orden](QFormLayout* columna, int i) {
+    QWidget* contenido = Datos[i];
+    if (i == kMarca) contenido = marca;
+    if (i == kLinea) contenido = linea;
+    columna->addRow(Texto(kDefiniciones[i].titulo), contenido);
+    orden << Datos[i];
+  };
   auto* generales = new QFormLayout;
-  for (int i : {kCodigo, kProducto, kDescripcion, kUnidad}) {
-    generales->addRow(Texto(kDefiniciones[i].titulo), Datos[i]);
-  }
-  generales->addRow(Texto(kDefiniciones[kMarca].titulo), marca);
-  generales->addRow(Texto(kDefiniciones[kLinea].titulo), linea);
-  for (int i : {kUbicacion, kZona, kCodigo1, kCodigo2, kCodigo3}) {
-    generales->addRow(Texto(kDefiniciones[i].titulo), Datos[i]);
+  for (int i : {kCodigo, kProducto, kDescripcion, kUnidad, kMarca, kLinea, kUbicacion, kZona,
+                kCodigo1, kCodigo2, kCodigo3}) {
+    fila(generales, i);
   }
   generales->addRow(u"Mone&da:"_s, moneda);
   generales->addRow(QString(), pt);
   generales->addRow(u"Status:"_s, status);
+  orden << moneda << pt;
 
   auto* precios = new QFormLayout;
-  for (int i : {kPrecio, kImpuesto, kCosto, kVenta}) {
-    precios->addRow(Texto(kDefiniciones[i].titulo), Datos[i]);
-  }
+  for (int i : {kPrecio, kImpuesto, kCosto, kVenta}) fila(precios, i);
   precios->addRow(u"Utilidad $:"_s, utilidad);
   precios->addRow(u"Impuesto $:"_s, impuesto);
-  for (int i : {kComision, kDescuento, kMin, kMax}) {
-    precios->addRow(Texto(kDefiniciones[i].titulo), Datos[i]);
-  }
+  for (int i : {kComision, kDescuento, kMin, kMax}) fila(precios, i);
   auto* columna_precios = new QVBoxLayout;
   columna_precios->addLayout(precios);
   columna_precios->addWidget(fg1);
@@ -152,22 +156,13 @@ CamposDeProducto::CamposDeProducto(QDialog* forma, const Session& session, bool 
   listas->addWidget(new QLabel(u"Materiales"_s, forma), 0, 2);
   listas->addWidget(lbl_consumos, 0, 3, Qt::AlignRight);
   listas->addWidget(fg3, 1, 2, 1, 2);
+  orden << fg1 << fg2 << fg3;
 
   layout = new QGridLayout;
   layout->addLayout(generales, 0, 0);
   layout->addLayout(columna_precios, 0, 1);
   layout->addLayout(listas, 1, 0, 1, 2);
-
-  // Focus follows the save order of the fields, then the levels and the lists.
-  QWidget* anterior = Datos[0];
-  for (int i = 1; i < kDatos; ++i) {
-    QWidget::setTabOrder(anterior, Datos[i]);
-    anterior = Datos[i];
-  }
-  for (QWidget* siguiente : std::initializer_list<QWidget*>{moneda, pt, fg1, fg2, fg3}) {
-    QWidget::setTabOrder(anterior, siguiente);
-    anterior = siguiente;
-  }
+  EncadenarFoco(orden);
 }
 
 productos::Producto CamposDeProducto::Leer() const {

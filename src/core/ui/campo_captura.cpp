@@ -1,5 +1,8 @@
 #include "core/ui/campo_captura.h"
 
+#include <QAbstractSpinBox>
+#include <QCheckBox>
+#include <QComboBox>
 #include <QKeyEvent>
 #include <QLocale>
 #include <QTimer>
@@ -50,6 +53,8 @@ void CampoCaptura::focusOutEvent(QFocusEvent* event) {
   pintado_ = false;
   if (decimales_ > 0) setText(mFunciones::FormatoNumero(Numero(), decimales_));
   QLineEdit::focusOutEvent(event);
+  // A long text left behind reads from its start again, not from where typing ended.
+  setCursorPosition(0);
   emit Dejado();
 }
 
@@ -71,6 +76,54 @@ void CampoCaptura::keyPressEvent(QKeyEvent* event) {
       return;
     default:
       QLineEdit::keyPressEvent(event);
+  }
+}
+
+namespace {
+
+// Paints one field with the session's colour while it has the focus; a child of the field.
+class PintorDeFoco : public QObject {
+ public:
+  PintorDeFoco(QWidget* campo, QRgb color) : QObject(campo), campo_(campo), color_(color) {
+    campo->installEventFilter(this);
+  }
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (watched == campo_ && event->type() == QEvent::FocusIn && !pintado_) {
+      paleta_ = campo_->palette();
+      relleno_ = campo_->autoFillBackground();
+      QPalette fondo = paleta_;
+      for (QPalette::ColorRole papel : {QPalette::Base, QPalette::Button, QPalette::Window}) {
+        fondo.setColor(papel, QColor::fromRgb(color_));
+      }
+      campo_->setPalette(fondo);
+      campo_->setAutoFillBackground(true);
+      pintado_ = true;
+    } else if (watched == campo_ && event->type() == QEvent::FocusOut && pintado_) {
+      campo_->setPalette(paleta_);
+      campo_->setAutoFillBackground(relleno_);
+      pintado_ = false;
+    }
+    return false;
+  }
+
+ private:
+  QWidget* campo_;
+  QRgb color_;
+  QPalette paleta_;
+  bool relleno_ = false;
+  bool pintado_ = false;
+};
+
+}  // namespace
+
+void PintarCamposAlEnfocar(QWidget* forma, const Session& session) {
+  for (QWidget* campo : forma->findChildren<QWidget*>()) {
+    if (qobject_cast<QComboBox*>(campo) != nullptr || qobject_cast<QCheckBox*>(campo) != nullptr ||
+        qobject_cast<QAbstractSpinBox*>(campo) != nullptr) {
+      new PintorDeFoco(campo, session.ColorFondo);
+    }
   }
 }
 

@@ -48,4 +48,8 @@ class CampoCaptura : public QLineEdit {
   bool pintado_ = false;
 };
 
+// The same colour while it has the focus for every other field of a capture screen (choices,
+// check boxes, spin boxes): each of `forma`'s fields that is no CampoCaptura.
+void PintarCamposAlEnfocar(QWidget* forma, const Session& session);
+
 }  // namespace ventarix

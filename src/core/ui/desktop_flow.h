@@ -12,8 +12,10 @@ namespace ventarix::escritorio {
 bool RevisarRegion();
 
 // Repeats until a company database passes the company check: the given company path (kept as
-// the stored choice), else the stored choice, else the open-file dialog; a PostgreSQL company
-// that cannot be reached first offers a new remote address. False when no file was chosen.
+// the stored choice), else the stored choice, else the open-file dialog in the user's
+// documents; a PostgreSQL company that cannot be reached first offers a new remote address.
+// Without a file chosen the program says it would end and offers to make a new empty company
+// or the demo company instead, which then opens. False when the user leaves.
 bool SeleccionarBaseDatos(Session& session, const QString& empresa);
 
 // The remote address prompt, until a valid address is given (true, connection file

@@ -19,6 +19,7 @@
 #include "core/menu_catalog.h"
 #include "core/ui/mayusculas.h"
 #include "core/ui/message_box.h"
+#include "core/ui/pestanas.h"
 #include "core/ui/teclas_captura.h"
 
 namespace ventarix {
@@ -145,7 +146,7 @@ FrmUsuariosP::FrmUsuariosP(Session& session, QWidget* parent)
 }
 
 QWidget* FrmUsuariosP::ConstruirMenus() {
-  auto* pestanas = new QTabWidget(this);
+  auto* pestanas = new Pestanas(this);
   pestanas->setObjectName(u"Menus"_s);
   const std::array<QString, 4> nombres = {u"mnuReg"_s, u"mnuCat"_s, u"mnuRte"_s, u"mnuUtil"_s};
   const std::array<QString, 4> titulos = {u"&Registros"_s, u"Ca&tálogos"_s, u"Re&portes"_s,

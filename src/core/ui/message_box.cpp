@@ -3,6 +3,7 @@
 #include <QAbstractSpinBox>
 #include <QApplication>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QWidget>
 
 #include "core/mFunciones.h"
@@ -61,6 +62,19 @@ QMessageBox::StandardButton Ask(QWidget* parent, const QString& text,
                                 QMessageBox::StandardButton default_button) {
   return static_cast<QMessageBox::StandardButton>(
       Show(parent, text, QMessageBox::Question, buttons, default_button));
+}
+
+int Elegir(QWidget* parent, const QString& text, const QStringList& opciones) {
+  QMessageBox box(QMessageBox::Question, QString::fromLatin1(kTitulo), text, QMessageBox::NoButton,
+                  parent);
+  QList<QPushButton*> botones;
+  for (const QString& opcion : opciones) {
+    botones << box.addButton(opcion, opcion == opciones.last() ? QMessageBox::RejectRole
+                                                               : QMessageBox::AcceptRole);
+  }
+  if (!botones.isEmpty()) box.setDefaultButton(botones.first());
+  box.exec();
+  return static_cast<int>(botones.indexOf(qobject_cast<QPushButton*>(box.clickedButton())));
 }
 
 void Inform(QWidget* parent, const QString& text, MessageIcon icon) {

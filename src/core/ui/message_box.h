@@ -29,6 +29,9 @@ QMessageBox::StandardButton Ask(QWidget* parent, const QString& text,
                                 QMessageBox::StandardButtons buttons = QMessageBox::Yes |
                                                                        QMessageBox::No,
                                 QMessageBox::StandardButton default_button = QMessageBox::Yes);
+// A question whose answers are the given captions (with their "&" letters), the last one the
+// answer of Esc; returns the index of the one chosen.
+int Elegir(QWidget* parent, const QString& text, const QStringList& opciones);
 // A message with an OK button.
 void Inform(QWidget* parent, const QString& text, MessageIcon icon = MessageIcon::kInformation);
 

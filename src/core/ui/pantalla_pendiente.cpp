@@ -1,6 +1,8 @@
 #include "core/ui/pantalla_pendiente.h"
 
+#include <QKeyEvent>
 #include <QLabel>
+#include <QMdiSubWindow>
 #include <QVBoxLayout>
 
 namespace ventarix {
@@ -21,6 +23,23 @@ PantallaPendiente::PantallaPendiente(const QString& forma, QWidget* parent)
   layout->addWidget(nombre, 0, Qt::AlignCenter);
   layout->addWidget(aviso, 0, Qt::AlignCenter);
   resize(420, 160);
+  // It holds no field, so it takes the keys itself.
+  setFocusPolicy(Qt::StrongFocus);
+}
+
+void PantallaPendiente::keyPressEvent(QKeyEvent* event) {
+  const bool cerrar = event->key() == Qt::Key_Escape ||
+                      (event->key() == Qt::Key_F4 && event->modifiers() == Qt::ControlModifier);
+  if (!cerrar) {
+    QWidget::keyPressEvent(event);
+    return;
+  }
+  // Inside the main window it is the window around the screen that closes.
+  if (auto* ventana = qobject_cast<QMdiSubWindow*>(parentWidget())) {
+    ventana->close();
+  } else {
+    close();
+  }
 }
 
 }  // namespace ventarix

@@ -6,7 +6,7 @@
 namespace ventarix {
 
 // Stands in for a screen that is not built yet: a window named after the form that says so,
-// so that every menu entry already leads somewhere.
+// so that every menu entry already leads somewhere. Esc and Ctrl+F4 close it.
 class PantallaPendiente : public QWidget {
   Q_OBJECT
 
@@ -14,6 +14,9 @@ class PantallaPendiente : public QWidget {
   explicit PantallaPendiente(const QString& forma, QWidget* parent = nullptr);
 
   QString forma() const { return forma_; }
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;
 
  private:
   QString forma_;

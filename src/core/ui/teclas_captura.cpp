@@ -50,6 +50,10 @@ bool TeclaDeCaptura(QDialog* forma, QKeyEvent* event) {
   }
 }
 
+void EncadenarFoco(const QList<QWidget*>& orden) {
+  for (qsizetype i = 1; i < orden.size(); ++i) QWidget::setTabOrder(orden[i - 1], orden[i]);
+}
+
 QPushButton* BotonDeCaptura(const char* texto, const char* nombre, QDialog* forma) {
   auto* boton = new QPushButton(QString::fromUtf8(texto), forma);
   boton->setObjectName(QString::fromLatin1(nombre));

@@ -4,10 +4,13 @@
 #include <tuple>
 #include <utility>
 
+#include <QList>
+
 class QDialog;
 class QHBoxLayout;
 class QKeyEvent;
 class QPushButton;
+class QWidget;
 
 namespace ventarix {
 
@@ -15,6 +18,9 @@ namespace ventarix {
 // has the focus or moves to the next field, Down and Up move forward and back, Esc leaves.
 // Returns whether the key was taken.
 bool TeclaDeCaptura(QDialog* forma, QKeyEvent* event);
+
+// The order Enter (and Tab) walks the fields in: the screen's reading order.
+void EncadenarFoco(const QList<QWidget*>& orden);
 
 // A button that Enter presses only when it has the focus: the screens move through their
 // fields with Enter, so no button is the dialog's default.

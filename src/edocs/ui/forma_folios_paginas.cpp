@@ -18,6 +18,7 @@
 
 #include "core/ui/campo_captura.h"
 #include "core/ui/message_box.h"
+#include "core/ui/pestanas.h"
 #include "core/ui/teclas_captura.h"
 #include "edocs/ui/caja_leyenda.h"
 #include "edocs/ui/forma_folios.h"
@@ -62,7 +63,7 @@ QWidget* FormaFolios::ConstruirFila(const QString& campo, const QString& titulo,
 }
 
 void FormaFolios::ConstruirPaginas() {
-  tabs_ = new QTabWidget(this);
+  tabs_ = new Pestanas(this);
   tabs_->setObjectName(u"TabStrip1"_s);
   // Enter walks the fields; the pages change with Ctrl+Tab.
   tabs_->tabBar()->setFocusPolicy(Qt::NoFocus);

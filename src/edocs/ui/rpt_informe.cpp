@@ -2,7 +2,6 @@
 
 #include <QComboBox>
 #include <QDateEdit>
-#include <QDesktopServices>
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -10,9 +9,9 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QLocale>
 #include <QTableWidget>
 #include <QToolBar>
-#include <QUrl>
 #include <QVBoxLayout>
 
 #include "core/database.h"
@@ -50,9 +49,7 @@ QAction* Accion(QToolBar* barra, const QString& nombre, const QString& texto, Qt
 }  // namespace
 
 rptInforme::rptInforme(Session& session, QWidget* parent)
-    : QWidget(parent), session_(session), visor_([](const QString& path) {
-        return QDesktopServices::openUrl(QUrl::fromLocalFile(path));
-      }) {
+    : QWidget(parent), session_(session), visor_(VisorDelSistema()) {
   setObjectName(QStringLiteral("rptInforme"));
   auto* barra = new QToolBar(this);
   addAction(Accion(barra, QStringLiteral("Listar"), QStringLiteral("Listar"), Qt::Key_F5));
@@ -68,7 +65,9 @@ rptInforme::rptInforme(Session& session, QWidget* parent)
   combo_->addItems(edocs::EsquemasInforme());
   fecha_ = new QDateEdit(mFunciones::FechaServidor(session_, true).date(), this);
   fecha_->setObjectName(QStringLiteral("Fecha"));
-  fecha_->setDisplayFormat(QStringLiteral("dd/MM/yyyy"));
+  // A month picker: the day means nothing to the report.
+  fecha_->setLocale(QLocale(QLocale::Spanish, QLocale::Mexico));
+  fecha_->setDisplayFormat(QStringLiteral("MMMM yyyy"));
   titulo_ = new QLabel(this);
   titulo_->setObjectName(QStringLiteral("Titulo"));
   archivo_ = new QLabel(this);
@@ -134,6 +133,7 @@ bool rptInforme::Listar() {
   }
   renglones_ = listado.renglones;
   Mostrar();
+  ui::ShowOutcome(this, session_, edocs::RevisarListado(listado, combo_->currentText(), Mes()));
   return true;
 }
 
@@ -155,8 +155,10 @@ void rptInforme::Mostrar() {
   fg1_->resizeColumnsToContents();
 }
 
-// The file is always made from the month and scheme on screen: they are listed again first.
+// The file is always made from the month and scheme on screen: they are listed again first,
+// so that an empty month is said before the confirmations.
 void rptInforme::Crear() {
+  if (!Listar()) return;
   const QString path = edocs::ArchivoInforme(session_, Mes());
   const QString ruta = QStringLiteral("\n\n") + QDir::toNativeSeparators(path);
   if (ui::Ask(this, QStringLiteral("Crear informe archivo mensual para enviar al SAT") + ruta) !=
@@ -167,21 +169,20 @@ void rptInforme::Crear() {
                         ruta) != QMessageBox::Yes) {
     return;
   }
-  if (!Listar()) return;
   const Outcome escrito = edocs::EscribirInforme(path, renglones_);
   if (!escrito) {
     ui::ShowOutcome(this, session_, escrito);
     return;
   }
   ui::Inform(this, QStringLiteral("El informe archivo a enviar al SAT es") + ruta);
-  visor_(path);
+  MostrarArchivoDeTexto(this, path, visor_);
 }
 
 void rptInforme::Abrir() {
   const QString path =
       QFileDialog::getOpenFileName(this, QStringLiteral("Informes mensuales SAT"),
                                    session_.CarpetaBak, QStringLiteral("Archivos TXT (*.txt)"));
-  if (!path.isEmpty()) visor_(path);
+  if (!path.isEmpty()) MostrarArchivoDeTexto(this, path, visor_);
 }
 
 void RegistrarInformeSat(FormRegistry& registry) {

@@ -1,11 +1,10 @@
 #pragma once
 
-#include <functional>
-
 #include <QList>
 #include <QWidget>
 
 #include "core/session.h"
+#include "core/ui/visor_texto.h"
 #include "edocs/informe_sat.h"
 
 class QAction;
@@ -20,16 +19,17 @@ class FormRegistry;
 
 // The monthly SAT report: the scheme in Combo, the month in Fecha, the month's documents in
 // Fg1, and the file the SAT receives (its path in Archivo). The toolbar lists (F5), creates
-// the file after two confirmations (F6) and opens an earlier report (F7).
+// the file after two confirmations (F6) and opens an earlier report (F7). The month is shown
+// as a month, "marzo 2024"; a month without documents is said so.
 class rptInforme : public QWidget {
   Q_OBJECT
 
  public:
   explicit rptInforme(Session& session, QWidget* parent = nullptr);
 
-  // How a report file is shown: the platform's text viewer unless a test says otherwise.
-  using Visor = std::function<bool(const QString& path)>;
-  void PonerVisor(Visor visor) { visor_ = std::move(visor); }
+  // How the platform opens a report file, unless a test says otherwise. Where it can't, the
+  // program's own text viewer shows the file.
+  void PonerVisor(VisorDePlataforma visor) { visor_ = std::move(visor); }
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;
@@ -43,7 +43,7 @@ class rptInforme : public QWidget {
   void Abrir();
 
   Session& session_;
-  Visor visor_;
+  VisorDePlataforma visor_;
   QComboBox* combo_;
   QDateEdit* fecha_;
   QLabel* titulo_;

@@ -105,6 +105,7 @@ class TestProductosForms : public QObject {
     QCOMPARE(QApplication::focusWidget(), codigo);
     Enter();
     Teclear(u"desarmador plano"_s);
+    Enter();  // no description
     Teclear(u"pza"_s);
     auto* marca = alta.findChild<QLineEdit*>(u"Marca"_s);
     QCOMPARE(QApplication::focusWidget(), marca);
@@ -122,6 +123,8 @@ class TestProductosForms : public QObject {
     QCOMPARE(Texto(alta, u"NombreMarca"_s), u"TRUPER"_s);
     Teclear(u"1"_s);
     Teclear(u"pasillo 3"_s);
+    // Zona, the alternate codes, the currency and the finished-product mark as they are.
+    for (int i = 0; i < 6; ++i) Enter();
     Teclear(u"116"_s);
     QCOMPARE(QApplication::focusWidget(), alta.findChild<QLineEdit*>(u"Impuesto"_s));
     QCOMPARE(Texto(alta, u"Impuesto"_s), u"16.00"_s);
@@ -182,6 +185,29 @@ class TestProductosForms : public QObject {
     QCOMPARE(Columna(s, u"zona"_s, u"12-00001"_s).toString(), u"ZONA00"_s);
   }
 
+  // On a demo product Enter walks the screen as it reads, down the general column and then
+  // down the prices to the levels, and every field it reaches wears the focus colour.
+  void EnterSigueLaPantalla() {
+    VENTARIX_DEMO_COMPANY(company);
+    Session s = company.MakeSession();
+    s.RegistroActual = u"1-00001"_s;
+    FrmProductosC cambio(s);
+    QVERIFY(Mostrar(cambio));
+    QStringList recorrido;
+    for (QWidget* campo = QApplication::focusWidget();
+         campo->objectName() != u"Fg1"_s && recorrido.size() < 25;
+         campo = QApplication::focusWidget()) {
+      recorrido << campo->objectName();
+      QVERIFY2(campo->palette().color(QPalette::Base) == QColor::fromRgb(s.ColorFondo),
+               qPrintable(campo->objectName()));
+      if (campo->objectName() == u"Moneda"_s) testing::SaveShot(&cambio, u"frm_productos_c"_s);
+      Enter();
+    }
+    QCOMPARE(recorrido.join(u' '),
+             u"Producto Descripcion Unidad Marca Linea Ubicacion Zona Codigo1 Codigo2 Codigo3 "
+             "Moneda pt Precio Impuesto Costo Venta Comision Descuento Min Max"_s);
+  }
+
   // The change screen opens on the product, with its code fixed and, for a clerk barred from
   // costs, its cost too.
   void CambioConCostoBloqueado() {
@@ -219,6 +245,7 @@ class TestProductosForms : public QObject {
     s.RegistroActual = u"12-00009"_s;
     FrmProductosC cambio(s);
     QVERIFY(Mostrar(cambio));
+    Enter();  // Descripción
     Enter();  // Unidad
     Enter();  // Marca
     QCOMPARE(QApplication::focusWidget(), cambio.findChild<QLineEdit*>(u"Marca"_s));

@@ -218,6 +218,36 @@ class TestSociosForms : public QObject {
     QCOMPARE(Valor(session, u"select agente from clientes where numero = 1"_s).toInt(), 1);
   }
 
+  // On a demo client Ctrl+Tab goes from the general data into the brand grid and on from
+  // inside it; Ctrl+Shift+Tab, Ctrl+PgUp and Ctrl+PgDn go back and forth, the page reached
+  // takes the keyboard, and the tabs have Alt letters.
+  void PestanasPorTeclado() {
+    VENTARIX_DEMO_COMPANY(company);
+    Session session = company.MakeSession();
+    session.RegistroActual = u"1"_s;
+    FrmClientesC cambio(session);
+    QVERIFY(Mostrar(cambio));
+    auto* tabs = cambio.findChild<QTabWidget*>();
+    const std::pair<QKeyCombination, int> pasos[] = {
+        {Qt::ControlModifier | Qt::Key_Tab, 1},
+        {Qt::ControlModifier | Qt::Key_Tab, 2},
+        {Qt::ControlModifier | Qt::ShiftModifier | Qt::Key_Backtab, 1},
+        {Qt::ControlModifier | Qt::Key_PageUp, 0},
+        {Qt::ControlModifier | Qt::Key_PageDown, 1}};
+    for (const auto& [tecla, pagina] : pasos) {
+      QTest::keyClick(Foco(), tecla.key(), tecla.keyboardModifiers());
+      QCOMPARE(tabs->currentIndex(), pagina);
+      QVERIFY(tabs->currentWidget() == Foco() || tabs->currentWidget()->isAncestorOf(Foco()));
+    }
+    for (int pagina : {2, 0}) {
+      const QString titulo = tabs->tabText(pagina);
+      QTest::keyClick(Foco(), titulo[titulo.indexOf(u'&') + 1].toLower().toLatin1(),
+                      Qt::AltModifier);
+      QCOMPARE(tabs->currentIndex(), pagina);
+    }
+    testing::SaveShot(&cambio, u"frm_clientes_c_pestanas"_s);
+  }
+
   void AltaDeProveedor() {
     VENTARIX_SOCIOS(company, session);
     FrmProveedoresA alta(session);

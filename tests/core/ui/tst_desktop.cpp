@@ -1,15 +1,18 @@
 // From the start of the program to the main window: a company given on the command line, a
 // fresh company without users, and a remote company that cannot be reached.
 #include <QAction>
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QLabel>
+#include <QScopeGuard>
 #include <QSettings>
 #include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTextStream>
 
+#include "core/database.h"
 #include "core/inicio.h"
 #include "core/startup.h"
 #include "core/ui/desktop_flow.h"
@@ -66,9 +69,33 @@ class TestDesktop : public QObject {
     ventarix::testing::SaveShot(&ventana, u"mdi_inicio_"_s + engine);
   }
 
+  // The first start: the open-file dialog in the owner's documents; cancelled, the program
+  // says it ends without a company and offers to make one; the demo company made opens.
+  void PrimerInicioConEmpresaDemo() {
+    QFETCH_GLOBAL(QString, engine);
+    ventarix::testing::TestCompany company(engine, false);
+    if (company.skipped()) QSKIP("VENTARIX_TEST_PG is not set");
+    QTemporaryDir casa;
+    QVERIFY(QDir(casa.path()).mkdir(u"Documents"_s));
+    const QByteArray home = qgetenv("HOME");
+    qputenv("HOME", QFile::encodeName(casa.path()));
+    const auto regresar = qScopeGuard([&home] { qputenv("HOME", home); });
+    Session session;
+    ModalCatcher catcher({{}, {.boton = u"Empresa de demostración"_s}, {company.path()}},
+                         u"primer_inicio_"_s);
+    QVERIFY(ventarix::escritorio::SeleccionarBaseDatos(session, {}));
+    QCOMPARE(catcher.texts.value(0), casa.filePath(u"Documents"_s));
+    QVERIFY(catcher.texts.value(1).contains(u"sin ella el sistema termina"_s));
+    QCOMPARE(catcher.buttons.value(1).size(), 3);
+    QCOMPARE(ventarix::startup::LeerEleccion().base_datos,
+             QFileInfo(company.path()).absoluteFilePath());
+    QVERIFY(
+        ventarix::Connection(session.Cadena).Scalar(u"select count(*) from productos"_s).toInt());
+  }
+
   // A PostgreSQL company behind an address that does not answer: the address prompt, a wrong
   // address refused, a right one written into the connection file; an empty answer then leads
-  // to the file dialog, and cancelling it ends the program.
+  // to the file dialog, and leaving it ends the program.
   void DireccionRemota() {
     QFETCH_GLOBAL(QString, engine);
     if (engine != QLatin1String("postgres"))
@@ -82,12 +109,14 @@ class TestDesktop : public QObject {
                          << "postgresql://sa:x@127.0.0.1:1433/empresa\n";
     }
     Session session;
-    ModalCatcher catcher({{u"1.2.3"_s}, {}, {u" 127.0.0. 2 "_s}, {QString()}, {}}, u"direccion_"_s);
+    ModalCatcher catcher(
+        {{u"1.2.3"_s}, {}, {u" 127.0.0. 2 "_s}, {QString()}, {}, {.boton = u"Salir del sistema"_s}},
+        u"direccion_"_s);
     QVERIFY(!ventarix::escritorio::SeleccionarBaseDatos(session, path));
     const QString prompt = QStringLiteral(
         "Cuál es la nueva IP pública para la conexión remota ?\nEjemplo: 187.123.34.231");
-    QCOMPARE(catcher.texts, (QStringList{prompt, u"Esta IP no es válida"_s, prompt, prompt,
-                                         catcher.texts.value(4)}));
+    QCOMPARE(catcher.texts.mid(0, 4),
+             (QStringList{prompt, u"Esta IP no es válida"_s, prompt, prompt}));
     QCOMPARE(catcher.titles.value(0), u"IP pública del modem"_s);
     QCOMPARE(catcher.titles.value(4), u"Abrir base de datos SqlServer / Access"_s);
     QFile file(path);

@@ -172,6 +172,15 @@ class TestMdiInicio : public QObject {
     testing::SaveShot(&ventana, u"mdi_inicio_aviso_"_s + engine);
     Elegir(ventana, "Toolbar1_14");
     QVERIFY(ventana.area()->subWindowList().isEmpty());
+    // The notice closes with Esc and with Ctrl+F4 too, as every window does.
+    ventana.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&ventana));
+    for (const QKeyCombination tecla : {QKeyCombination(Qt::Key_Escape),
+                                        QKeyCombination(Qt::ControlModifier | Qt::Key_F4)}) {
+      Elegir(ventana, "mnuReg_7");
+      QTest::keyClick(QApplication::focusWidget(), tecla.key(), tecla.keyboardModifiers());
+      QTRY_VERIFY(ventana.area()->subWindowList().isEmpty());
+    }
   }
 
   // The year panel: the answer's first four characters become the year the browsers show, and

@@ -54,6 +54,20 @@ class TestMessageBox : public QObject {
     QCOMPARE(catcher.icons.value(0), QMessageBox::Question);
   }
 
+  // Qt's own buttons and dialogs speak Spanish like the rest of the system: a question, a
+  // notice and the open-file dialog Qt draws itself.
+  void BotonesEnEspanol() {
+    ModalCatcher catcher({{QString(), true, QMessageBox::Cancel}, {}, {}}, u"botones_"_s);
+    ventarix::ui::Ask(nullptr, u"¿Guardar los cambios?"_s,
+                      QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
+    ventarix::ui::Inform(nullptr, u"Listo"_s);
+    QFileDialog::getOpenFileName(nullptr, u"Abrir"_s, QString(), QString(), nullptr,
+                                 QFileDialog::DontUseNativeDialog);
+    QCOMPARE(catcher.buttons.value(0), (QStringList{u"Sí"_s, u"No"_s, u"Cancelar"_s}));
+    QCOMPARE(catcher.buttons.value(1), QStringList{u"Aceptar"_s});
+    QVERIFY(catcher.buttons.value(2).contains(u"Cancelar"_s));
+  }
+
   // The trap: normal pointer back, a stop message with the description, one line in the log;
   // an outcome shown by any screen takes the same trap when it is a run-time error, and a
   // user's mistake or a rule's refusal stays out of the log.

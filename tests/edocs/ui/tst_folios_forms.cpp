@@ -108,7 +108,7 @@ class TestFoliosForms : public QObject {
     QVERIFY(alta.findChild<QWidget*>(u"NoAprobacion"_s)->isVisible());
     testing::SaveShot(&alta, u"frm_folios_facturas_a_cfd"_s);
     QTest::keyClick(esquema, Qt::Key_Down);
-    QCOMPARE(tabs->tabText(tabs->currentIndex()), u"CFDi"_s);
+    QCOMPARE(tabs->tabText(tabs->currentIndex()).remove(u'&'), u"CFDi"_s);
     QVERIFY(!alta.findChild<QWidget*>(u"NoAprobacion"_s)->isVisible());
 
     // The series as typed is refused, and stays as typed until the clerk fixes it.
@@ -190,7 +190,7 @@ class TestFoliosForms : public QObject {
     QCOMPARE(Foco(), alta.findChild<QPlainTextEdit*>(u"Leyenda1"_s));
     testing::SaveShot(&alta, u"frm_folios_facturas_a_leyendas"_s);
     QTest::keyClick(Foco(), Qt::Key_Tab, Qt::ControlModifier);
-    QCOMPARE(tabs->tabText(tabs->currentIndex()), u"Pagaré"_s);
+    QCOMPARE(tabs->tabText(tabs->currentIndex()).remove(u'&'), u"Pagaré"_s);
     testing::SaveShot(&alta, u"frm_folios_facturas_a_pagare"_s);
 
     Guardar(alta);
@@ -269,7 +269,7 @@ class TestFoliosForms : public QObject {
     auto* tabs = alta.findChild<QTabWidget*>(u"TabStrip1"_s);
     QCOMPARE(tabs->count(), 6);  // no promissory note on this side
     QTest::keyClick(Foco(), Qt::Key_Down);
-    QCOMPARE(tabs->tabText(tabs->currentIndex()), u"CBB"_s);
+    QCOMPARE(tabs->tabText(tabs->currentIndex()).remove(u'&'), u"CBB"_s);
     QTest::keyClick(Foco(), Qt::Key_Return);
     Capturar({u"NC"_s, u"7"_s, u"7"_s, u"REGIMEN DE PERSONAS FISICAS"_s, u"998877"_s, u"2011"_s});
     Asentar(alta);

@@ -1,11 +1,12 @@
 // The monthly SAT report as the accountant uses it, by keys, on both engines: the scheme and
 // the month chosen, the month listed with its amounts, the file made only after both
-// confirmations, the final message with the path and the file handed to the text viewer, and
-// the dialog of earlier reports.
+// confirmations, the final message with the path and the file shown by the program's own
+// viewer on a machine without one, and the dialog of earlier reports.
 #include <QComboBox>
 #include <QDateEdit>
 #include <QFile>
 #include <QLabel>
+#include <QPlainTextEdit>
 #include <QTableWidget>
 #include <QTest>
 
@@ -54,10 +55,11 @@ class TestInformeForms : public QObject {
     std::unique_ptr<QWidget> forma(registry.Create(u"rptInforme"_s, session));
     auto* informe = qobject_cast<rptInforme*>(forma.get());
     QVERIFY(informe != nullptr);
+    // A machine without a viewer of its own: the program's viewer shows the file.
     QStringList vistos;
     informe->PonerVisor([&vistos](const QString& path) {
       vistos << path;
-      return true;
+      return false;
     });
     QVERIFY(testing::Mostrar(*informe));
     // A toolbar key, pressed with the report window in front as after any message.
@@ -73,18 +75,28 @@ class TestInformeForms : public QObject {
     QVERIFY(combo && fecha && fg1 && archivo);
     QCOMPARE(informe->windowTitle(), u"INFORME MENSUAL SAT AL MES DE abril 2024"_s);
 
-    // CBB first: nothing was issued under it.
+    // CBB first: nothing was issued under it, which is said after listing and again before
+    // the confirmations of an empty file. The month is picked as a month.
     combo->setFocus();
     QTest::keyClick(combo, Qt::Key_End);
     QCOMPARE(combo->currentText(), u"CBB"_s);
     QTest::keyClick(combo, Qt::Key_Return);
     QVERIFY(fecha->hasFocus());
-    // The day's section is selected on arrival; the date field moves on by itself.
-    QTest::keyClicks(fecha, u"15032024"_s);
-    QCOMPARE(fecha->date(), QDate(2024, 3, 15));
-    QTest::keyClick(fecha, Qt::Key_Return);
-    QVERIFY(fg1->hasFocus());
-    QCOMPARE(fg1->rowCount(), 0);
+    QCOMPARE(fecha->text(), u"abril 2024"_s);
+    QTest::keyClick(fecha, Qt::Key_Down);
+    QCOMPARE(fecha->text(), u"marzo 2024"_s);
+    {
+      ModalCatcher catcher({{}, {}, {{}, true, QMessageBox::No}}, u"rpt_informe_vacio_"_s);
+      QTest::keyClick(fecha, Qt::Key_Return);
+      QCOMPARE(informe->focusWidget(), fg1);
+      QCOMPARE(fg1->rowCount(), 0);
+      tecla(Qt::Key_F6);
+      QTRY_COMPARE(catcher.pending(), 0);
+      const QString vacio = u"No hay documentos CBB en el mes de marzo 2024"_s;
+      QCOMPARE(catcher.texts.mid(0, 2), QStringList({vacio, vacio}));
+      QCOMPARE(catcher.icons.value(0), QMessageBox::Warning);
+      QVERIFY(catcher.texts.value(2).startsWith(u"Crear informe archivo mensual"_s));
+    }
 
     // Then CFD, listed with F5.
     combo->setFocus();
@@ -129,18 +141,24 @@ class TestInformeForms : public QObject {
     QCOMPARE(vistos, QStringList{path});
     QFile file(path);
     QVERIFY(file.open(QIODevice::ReadOnly));
-    const QList<QByteArray> lineas = file.readAll().split('\n');
+    const QByteArray texto = file.readAll();
+    auto* visor = informe->findChild<QPlainTextEdit*>(u"Texto"_s);
+    QVERIFY(visor != nullptr && visor->isReadOnly());
+    QCOMPARE(visor->toPlainText(), QString::fromUtf8(texto).remove(u'\r'));
+    testing::SaveShot(visor->window(), u"rpt_informe_visor"_s);
+    const QList<QByteArray> lineas = texto.split('\n');
     QCOMPARE(lineas.size(), 4);
     QCOMPARE(lineas[3], QByteArray("|9|202412345|31/03/2024 23:59:59|100.00|16.00|1|I|MXN|1|||||"));
 
-    // Earlier reports: the dialog of the backup folder, cancelled, opens nothing.
+    // Earlier reports: the dialog of the backup folder; the one chosen opens the same way.
     {
-      ModalCatcher catcher({{{}, false}});
+      ModalCatcher catcher({{path}});
       tecla(Qt::Key_F7);
       QTRY_COMPARE(catcher.pending(), 0);
       QCOMPARE(catcher.titles.value(0), u"Informes mensuales SAT"_s);
     }
-    QCOMPARE(vistos.size(), 1);
+    QCOMPARE(vistos, QStringList({path, path}));
+    QCOMPARE(informe->findChildren<QPlainTextEdit*>(u"Texto"_s).size(), 2);
   }
 };
 
