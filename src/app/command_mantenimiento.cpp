@@ -1,15 +1,12 @@
 #include <QElapsedTimer>
-#include <QFileInfo>
 #include <QString>
 #include <QStringList>
 #include <QTextStream>
 
 #include "app/commands.h"
 #include "core/database.h"
-#include "core/inicio.h"
 #include "core/mFunciones.h"
-#include "core/session_load.h"
-#include "core/startup.h"
+#include "core/session.h"
 #include "maintenance/sweeps.h"
 
 namespace ventarix::app {
@@ -21,38 +18,6 @@ constexpr int kAnchoBarra = 20;
 int Usage() {
   PrintError(QStringLiteral("Uso: ventarix mantenimiento manto1|manto2|barrido --empresa RUTA"));
   return kExitUsage;
-}
-
-// The company after "--empresa" (or in "--empresa=RUTA"); empty when there is none.
-QString Empresa(const QStringList& args) {
-  const QString option = QStringLiteral("--empresa");
-  for (qsizetype i = 0; i < args.size(); ++i) {
-    if (args[i] == option) return args.value(i + 1);
-    if (args[i].startsWith(option + QLatin1Char('='))) return args[i].mid(option.size() + 1);
-  }
-  return {};
-}
-
-// The company opened as the desktop opens it, without a login: the file's engine, the company
-// check, and the session load that sets the folder tree (the pictures among them).
-bool AbrirEmpresa(const QString& path, Session& session, QString* error) {
-  inicio::PrepararSesion(session);
-  startup::AplicarEleccion(session, startup::EleccionDeArchivo(path));
-  if (!QFileInfo::exists(session.BaseDatos)) {
-    *error = QStringLiteral("No existe la empresa ") + path;
-    return false;
-  }
-  const Outcome revision = startup::ChecarEmpresa(session);
-  if (!revision) {
-    *error = revision.message;
-    if (error->isEmpty()) {
-      *error = QStringLiteral("No se puede abrir la empresa ") + path + QStringLiteral(": ") +
-               Connection(session.Cadena).error();
-    }
-    return false;
-  }
-  CargarSesion(session);
-  return true;
 }
 
 QString Barra(int hechos, int total) {
@@ -93,7 +58,7 @@ int RunMantenimiento(const QStringList& args) {
       PrintError(QStringLiteral("Acción desconocida: mantenimiento ") + accion);
     return Usage();
   }
-  const QString path = Empresa(args);
+  const QString path = Opcion(args, QStringLiteral("--empresa"));
   if (path.isEmpty()) return Usage();
 
   Session session;
