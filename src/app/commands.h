@@ -18,6 +18,9 @@ inline constexpr int kExitUsage = 2;
 int RunEmpresa(const QStringList& args);
 int RunDemo(const QStringList& args);
 int RunMantenimiento(const QStringList& args);
+// Cancelling and deleting a record: "documento cancelar|borrar KEY ...".
+bool EsAccionDeBaja(const QString& accion);
+int RunDocumentoBaja(const QStringList& args);
 void PrintHelp();
 
 // The value of "--name VALUE" or "--name=VALUE" among the words; empty without one.

@@ -35,6 +35,9 @@ int RunSubcommand(int argc, char** argv) {
   if (command == QLatin1String("empresa")) return RunEmpresa(args);
   if (command == QLatin1String("demo")) return RunDemo(args);
   if (command == QLatin1String("mantenimiento")) return RunMantenimiento(args);
+  if (command == QLatin1String("documento") && EsAccionDeBaja(args.value(0))) {
+    return RunDocumentoBaja(args);
+  }
   if (command == QLatin1String("--help") || command == QLatin1String("-h") ||
       command == QLatin1String("ayuda")) {
     PrintHelp();
