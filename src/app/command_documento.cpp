@@ -144,6 +144,7 @@ int Guardar(const QStringList& args) {
 int RunDocumento(const QStringList& args) {
   const QString accion = args.value(0);
   if (accion == u"guardar"_s) return Guardar(args);
+  if (EsAccionDeBaja(accion)) return RunDocumentoBaja(args);
   if (!accion.isEmpty()) PrintError(u"Acción desconocida: documento "_s + accion);
   return Uso();
 }

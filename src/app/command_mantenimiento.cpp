@@ -1,5 +1,4 @@
 #include <QElapsedTimer>
-#include <QFileInfo>
 #include <QString>
 #include <QStringList>
 #include <QTextStream>
@@ -7,10 +6,8 @@
 #include "app/commands.h"
 #include "app/empresa_abierta.h"
 #include "core/database.h"
-#include "core/inicio.h"
 #include "core/mFunciones.h"
-#include "core/session_load.h"
-#include "core/startup.h"
+#include "core/session.h"
 #include "maintenance/sweeps.h"
 
 namespace ventarix::app {

@@ -15,6 +15,9 @@ int RunEmpresa(const QStringList& args);
 int RunDemo(const QStringList& args);
 int RunMantenimiento(const QStringList& args);
 int RunDocumento(const QStringList& args);
+// Cancelling and deleting a record: "documento cancelar|borrar KEY ...".
+bool EsAccionDeBaja(const QString& accion);
+int RunDocumentoBaja(const QStringList& args);
 void PrintHelp();
 
 // Console output, UTF-8 whatever the locale says.
