@@ -123,6 +123,10 @@ bool Navegador::Tecla(QKeyEvent* event) {
       case Qt::Key_D:
         Predeterminar();
         return true;
+      case Qt::Key_End:
+        // The grid then moves to the last row of the whole view, not of the pages read.
+        modelo_->IrAlFinal();
+        return false;
       default:
         return false;
     }
@@ -374,6 +378,9 @@ void Navegador::MostrarSuma() {
 void Navegador::Copiar() {
   const QModelIndexList celdas = fg1_->selectionModel()->selectedIndexes();
   if (celdas.isEmpty()) return;
+  for (const QItemSelectionRange& rango : fg1_->selectionModel()->selection()) {
+    modelo_->AsegurarFilas(rango.top(), rango.bottom());
+  }
   if (celdas.size() == 1) {
     QApplication::clipboard()->setText(celdas.front().data().toString());
     return;

@@ -1,6 +1,7 @@
 // The grid browser as a clerk uses it on the demo shop: searching clients with F4, sorting,
 // summing selected balances, finding the saved view again the next day, and the rights and
 // password checks in front of the add screen.
+#include <QAbstractItemModelTester>
 #include <QApplication>
 #include <QLabel>
 #include <QLineEdit>
@@ -251,6 +252,37 @@ class TestNavegador : public QObject {
              (QStringList{u"Pantalla para modo precios ACTIVADA"_s, u"FrmProductosP"_s,
                           u"Pantalla para modo precios DESACTIVADA"_s}));
     QCOMPARE(session.RegistroActual, navegador.modelo()->Valor(0, 0).toString());
+  }
+
+  // Ctrl+End on 3,000 invoices lands on the last one at once, reading its page alone; the
+  // rows between arrive in key order when read, and Ctrl+Home goes back to the first.
+  void CtrlFinYCtrlInicio() {
+    VENTARIX_COMPANY_CONNECTION(company, c);
+    QVERIFY(testing::Escribir(
+        c,
+        u"insert into facturas (factura, serie, folio, fecha, periodo, status, usuario, equipo, "
+        u"cliente, tienda, esquema, metodo, ingreso) with recursive s(g) as (select 1 union all "
+        u"select g + 1 from s where g < 3000) select 'A-' || g, 'A', g, current_timestamp, 2025, "
+        u"'BAJA', 'PRUEBAS', 'PRUEBAS', 1, 1, 'CFDI', 1, 1 from s"_s));
+    QStringList facturas;
+    for (QSqlQuery q = c.Exec(u"select factura from facturas order by factura"_s); q.next();) {
+      facturas << q.value(0).toString();
+    }
+    Session session = company.MakeSession();
+    session.AnoAMostrar = 2025;
+    FormRegistry registry;
+    Navegador navegador(session, *mBrowse::FamiliaDeForma(u"FrmFacturas"_s), registry);
+    ModeloVista* modelo = navegador.modelo();
+    QAbstractItemModelTester tester(modelo, QAbstractItemModelTester::FailureReportingMode::QtTest);
+    navegador.show();
+    const qint64 leidas = modelo->leidas();
+    QTest::keyClick(navegador.grid(), Qt::Key_End, Qt::ControlModifier);
+    QCOMPARE(navegador.grid()->currentIndex().row(), 2999);
+    QCOMPARE(modelo->leidas() - leidas, ModeloVista::kPagina);
+    modelo->AsegurarFilas(0, 2999);
+    QCOMPARE(Columna(navegador, u"factura"_s), facturas);
+    QTest::keyClick(navegador.grid(), Qt::Key_Home, Qt::ControlModifier);
+    QCOMPARE(navegador.grid()->currentIndex().row(), 0);
   }
 
   // The count guard: exactly 200,000 rows are all shown; one more and the grid stops there.
