@@ -372,11 +372,14 @@ QString SumaSeleccion(const std::vector<double>& valores, qint64 celdas) {
   if (celdas > kMaximoCeldas) {
     return QStringLiteral("Error, Demasiadas filas = ") + QString::number(celdas);
   }
+  const QString cuenta = QStringLiteral("Celdas = ") + QString::number(celdas);
+  if (valores.empty()) return cuenta;
   double suma = 0;
   for (double v : valores) suma += v;
   QLocale formato = QLocale::c();
   formato.setNumberOptions(QLocale::DefaultNumberOptions);
-  return formato.toString(suma, 'f', 2) + QStringLiteral(",  Suma = ") + QString::number(celdas);
+  return QStringLiteral("Suma = ") + formato.toString(suma, 'f', 2) + QStringLiteral(",  ") +
+         cuenta;
 }
 
 }  // namespace ventarix::mBrowse

@@ -60,6 +60,8 @@ Navegador::Navegador(Session& session, const mBrowse::Familia& familia,
   connect(fg1_, &QTableView::doubleClicked, this, &Navegador::Cambiar);
   connect(fg1_->selectionModel(), &QItemSelectionModel::selectionChanged, this,
           &Navegador::MostrarSuma);
+  // A reload or a search empties the selection without a word: the panel follows.
+  connect(modelo_, &ModeloVista::modelReset, this, &Navegador::MostrarSuma);
   connect(fg1_->selectionModel(), &QItemSelectionModel::currentChanged, this, &Navegador::Estado);
   connect(modelo_, &ModeloVista::rowsInserted, this, &Navegador::Estado);
   connect(modelo_, &ModeloVista::Error, this,

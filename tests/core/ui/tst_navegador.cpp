@@ -154,6 +154,17 @@ class TestNavegador : public QObject {
     QVERIFY(otra.modelo()->consulta().orden.front().descendente);
     QCOMPARE(otra.grid()->currentIndex().row(), 4);
     QCOMPARE(otra.modelo()->Valor(4, columna_nombre).toString(), quinto);
+
+    // RFCs are text: counted, never added. A search that finds nothing clears the panel.
+    const QModelIndex rfc = otra.modelo()->index(0, otra.modelo()->ColumnaDe(u"rfc"_s));
+    QTest::mouseClick(otra.grid()->viewport(), Qt::LeftButton, {},
+                      otra.grid()->visualRect(rfc).center());
+    QTest::keyClick(otra.grid(), Qt::Key_Down, Qt::ShiftModifier);
+    QCOMPARE(otra.property("suma").toString(), u"Celdas = 2"_s);
+    ModalCatcher catcher({{u"NADIE SE LLAMA ASI"_s}});
+    QTest::keyClick(otra.grid(), Qt::Key_F4);
+    QTRY_COMPARE(otra.modelo()->rowCount(), 0);
+    QCOMPARE(otra.property("suma").toString(), QString());
   }
 
   // A clerk without the add right is told so; with the right, a view that guards the add
