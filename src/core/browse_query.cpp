@@ -244,11 +244,21 @@ Campos CamposDeSentencia(Connection& connection, const QString& sentencia) {
   if (!resultado.outcome) return resultado;
   QString texto = sentencia.trimmed();
   while (texto.endsWith(u';')) texto.chop(1);
-  const ResultadoVista r = Ejecutar(
-      connection, QStringLiteral("select * from (") + texto + QStringLiteral(") as t limit 0"), {});
+  const QString sin_limite = QStringLiteral("select * from (") + texto + QStringLiteral(") as t");
+  ResultadoVista r = Ejecutar(connection, sin_limite + QStringLiteral(" limit 0"), {});
   if (!r.ok()) {
     resultado.outcome = Outcome::Stop(r.error);
     return resultado;
+  }
+  // SQLite tells the type of a computed column (a count beside the row) only from a row.
+  if (std::any_of(r.tipos.begin(), r.tipos.end(), [](QMetaType t) { return !t.isValid(); })) {
+    const ResultadoVista con_fila =
+        Ejecutar(connection, sin_limite + QStringLiteral(" limit 1"), {});
+    if (con_fila.ok() && con_fila.tipos.size() == r.tipos.size()) {
+      for (qsizetype i = 0; i < r.tipos.size(); ++i) {
+        if (!r.tipos.at(i).isValid()) r.tipos[i] = con_fila.tipos.at(i);
+      }
+    }
   }
   for (qsizetype i = 0; i < r.nombres.size(); ++i) {
     resultado.campos.push_back({r.nombres.at(i), TipoDeCampo(r.nombres.at(i), r.tipos.at(i))});

@@ -8,6 +8,7 @@
 #include <QSqlQuery>
 
 #include "core/browse_filter.h"
+#include "core/browse_titulos.h"
 #include "core/dialect.h"
 
 namespace ventarix::mBrowse {
@@ -135,6 +136,7 @@ std::vector<ColumnaVista> DefinicionInicial(const std::vector<Campo>& campos) {
     ColumnaVista c;
     c.nombre = campo.nombre;
     c.tipo = campo.tipo;
+    c.opciones = QStringList{TituloDeColumna(campo.nombre)};
     switch (TipoDe(campo.tipo)) {
       case TipoColumna::kNumero:
         c.formato = campo.tipo == kTipoDoble ? QStringLiteral("#,##0.00") : QString();

@@ -30,7 +30,7 @@ struct VistaCargada {
 VistaCargada ObtenerVista(const Session& session, const QString& tabla,
                           const QString& sentencia_inicial = {});
 
-// A definition line per field, with widths and formats by type.
+// A definition line per field, with widths and formats by type and its caption in field 7.
 std::vector<ColumnaVista> DefinicionInicial(const std::vector<Campo>& campos);
 
 // Writes the current row, first visible column, search and sort into the user's row, adding

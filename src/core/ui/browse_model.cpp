@@ -7,6 +7,7 @@
 #include <QLocale>
 #include <QTimer>
 
+#include "core/browse_titulos.h"
 #include "core/dialect.h"
 
 namespace ventarix {
@@ -261,7 +262,7 @@ QVariant ModeloVista::headerData(int section, Qt::Orientation orientation, int r
   if (role != Qt::DisplayRole) return {};
   if (orientation == Qt::Vertical) return section + 1;
   if (section < 0 || section >= columnCount()) return {};
-  return columnas_[section].nombre;
+  return mBrowse::TituloDe(columnas_[section]);
 }
 
 bool ModeloVista::canFetchMore(const QModelIndex& parent) const {

@@ -5,9 +5,14 @@
 #include <QApplication>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QSettings>
 #include <QSqlQuery>
+#include <QStandardPaths>
 #include <QTableView>
 #include <QTableWidget>
+#include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
 
@@ -17,6 +22,7 @@
 #include "core/session_load.h"
 #include "core/ui/browse_model.h"
 #include "core/ui/form_registry.h"
+#include "core/ui/mdi_inicio.h"
 #include "core/ui/navegador.h"
 #include "support/modal_catcher.h"
 #include "support/test_company.h"
@@ -68,6 +74,11 @@ QStringList Columna(const Navegador& navegador, const QString& nombre) {
   return valores;
 }
 
+QString Titulo(const Navegador* navegador, const QString& columna) {
+  const ModeloVista* modelo = navegador->modelo();
+  return modelo->headerData(modelo->ColumnaDe(columna), Qt::Horizontal).toString();
+}
+
 }  // namespace
 
 #define VENTARIX_DEMO(var) \
@@ -79,6 +90,10 @@ class TestNavegador : public QObject {
 
  private slots:
   void initTestCase_data() { testing::AddEngineRows(); }
+  void initTestCase() {
+    QStandardPaths::setTestModeEnabled(true);
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, settings_.path());
+  }
 
   void BuscarOrdenarSumarYVolver() {
     VENTARIX_DEMO(company);
@@ -296,6 +311,40 @@ class TestNavegador : public QObject {
     QCOMPARE(navegador.grid()->currentIndex().row(), 0);
   }
 
+  // The products fill the main window's work area, with Spanish captions and whole names, and
+  // open again at the size left; the folio ranges' used folios stand by the key, as numbers.
+  void VentanaAMedidaDelTrabajo() {
+    VENTARIX_DEMO(company);
+    QSettings(u"Ventarix"_s, u"TVik"_s).remove(u"Navegadores"_s);
+    Session session = Sesion(*company, u"ADMINISTRADOR"_s);
+    FormRegistry registry;
+    RegistrarNavegadores(registry);
+    MDIInicio principal(session, registry);
+    principal.show();
+    principal.Abrir(u"FrmProductos"_s);
+    auto* productos = qobject_cast<Navegador*>(principal.FormaActiva());
+    QMdiSubWindow* ventana = principal.area()->currentSubWindow();
+    QCOMPARE(ventana->geometry(), principal.area()->viewport()->rect());
+    QCOMPARE(Titulo(productos, u"ultimo costo"_s), u"Último costo"_s);
+    const int producto = productos->modelo()->ColumnaDe(u"producto"_s);
+    for (const QString& nombre : Columna(*productos, u"producto"_s).mid(0, 100))
+      QVERIFY(productos->fontMetrics().horizontalAdvance(nombre) <
+              productos->grid()->columnWidth(producto));
+    testing::SaveShot(&principal, u"navegador_productos_mdi"_s);
+    ventana->resize(700, 400);
+    ventana->close();
+    principal.Abrir(u"FrmProductos"_s);
+    QCOMPARE(principal.area()->currentSubWindow()->size(), QSize(700, 400));
+    principal.Abrir(u"FrmFoliosFacturas"_s);
+    auto* folios = qobject_cast<Navegador*>(principal.FormaActiva());
+    QCOMPARE(Titulo(folios, u"anoaprobacion"_s), u"Año aprobación"_s);
+    const QModelIndex ocupados =
+        folios->modelo()->index(0, folios->modelo()->ColumnaDe(u"ocupados"_s));
+    QVERIFY(ocupados.column() == 3 &&
+            ocupados.data(Qt::TextAlignmentRole).toInt() & Qt::AlignRight);
+    testing::SaveShot(&principal, u"navegador_folios_mdi"_s);
+  }
+
   // The count guard: exactly 200,000 rows are all shown; one more and the grid stops there.
   void LimiteDeFilas() {
     QFETCH_GLOBAL(QString, engine);
@@ -333,6 +382,9 @@ class TestNavegador : public QObject {
     QCOMPARE(modelo.Valor(199999, 0).toInt(), 200000);
     QVERIFY(!modelo.canFetchMore());
   }
+
+ private:
+  QTemporaryDir settings_;
 };
 
 QTEST_MAIN(TestNavegador)
