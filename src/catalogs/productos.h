@@ -64,13 +64,16 @@ struct Producto {
   bool consumos_cambiados = false;
 };
 
-// What the change screen shows and never writes.
+// The company's warehouses, almacen1 to almacen5 of each product.
+inline constexpr int kAlmacenes = 5;
+
+// What the change screen shows and never writes: the stock of every warehouse.
 struct Historial {
   double ultimo_costo = 0;
   double ultima_venta = 0;
   QDateTime fecha_ultima_compra;
   QDateTime fecha_ultima_venta;
-  std::array<double, 3> almacenes{};
+  std::array<double, kAlmacenes> almacenes{};
 };
 
 // The product with that code, its lists (with the clients' and materials' names in
