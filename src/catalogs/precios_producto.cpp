@@ -18,8 +18,7 @@ Niveles Calcular(const Figuras& figuras) {
     Nivel& nivel = niveles[k];
     nivel.nombre = u"Precio %1"_s.arg(k + 1);
     nivel.utilidad = figuras.utilidades[k];
-    nivel.precio =
-        sin_niveles ? final : catalogs::ConImpuesto(figuras.precios[k], figuras.impuesto);
+    nivel.precio = sin_niveles ? final : catalogs::PrecioNeto(figuras.precios[k], figuras.impuesto);
   }
   return niveles;
 }

@@ -1,5 +1,7 @@
 #include "catalogs/price_formulas.h"
 
+#include <cmath>
+
 #include "documents/round_half_even.h"
 
 namespace ventarix::catalogs {
@@ -24,6 +26,10 @@ std::optional<double> PrecioPorFormula(Formula formula, double costo, double uti
 }
 
 double ConImpuesto(double precio, double impuesto) { return precio * (1 + (impuesto / 100)); }
+
+double PrecioNeto(double precio, double impuesto) {
+  return RoundHalfEven(ConImpuesto(precio, RoundHalfEven(impuesto, 2)), 4);
+}
 
 double SinImpuesto(double precio_con_impuesto, double impuesto) {
   const double factor = 1 + (impuesto / 100);
@@ -66,8 +72,28 @@ Niveles CalcularNiveles(Formula formula, double costo, double impuesto,
     nivel.utilidad = utilidades[k];
     if (const auto precio = PrecioPorFormula(formula, c, utilidades[k])) {
       nivel.precio = RoundHalfEven(*precio, 4);
-      nivel.precio_con_impuesto = RoundHalfEven(*nivel.precio * (1 + i / 100), 4);
+      nivel.precio_con_impuesto = PrecioNeto(*nivel.precio, i);
     }
+  }
+  return niveles;
+}
+
+Niveles NivelesDeProducto(Formula formula, const std::optional<NivelesGuardados>& guardado,
+                          double costo, double impuesto,
+                          const std::array<double, kNiveles>& utilidades) {
+  Niveles niveles = CalcularNiveles(formula, costo, impuesto, utilidades);
+  if (!guardado) return niveles;
+  const bool mismo_costo = RoundHalfEven(costo, 4) == RoundHalfEven(guardado->costo, 4);
+  for (int k = 0; k < kNiveles; ++k) {
+    Nivel& nivel = niveles[k];
+    const bool mismo_margen =
+        RoundHalfEven(utilidades[k], 2) == RoundHalfEven(guardado->utilidades[k], 2);
+    // Half a cent, and a hair for the binary fractions: the formula's price to the cent.
+    const bool al_centavo =
+        nivel.precio && std::abs(*nivel.precio - guardado->precios[k]) <= 0.005 + 1e-9;
+    if (nivel.precio && !(mismo_costo && mismo_margen && al_centavo)) continue;
+    nivel.precio = guardado->precios[k];
+    nivel.precio_con_impuesto = PrecioNeto(guardado->precios[k], impuesto);
   }
   return niveles;
 }

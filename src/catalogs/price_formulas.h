@@ -26,6 +26,9 @@ std::optional<double> PrecioPorFormula(Formula formula, double costo, double uti
 
 // Price with tax: price * (1 + tax / 100), unrounded.
 double ConImpuesto(double precio, double impuesto);
+// The net price a person sees beside a price without tax, the same wherever it is shown: tax
+// percent at 2 decimals, the result at 4, ties to the even neighbour.
+double PrecioNeto(double precio, double impuesto);
 // Price without tax from the final one: price / (1 + tax / 100), unrounded. A tax of -100
 // would divide by zero; it leaves the price as it is.
 double SinImpuesto(double precio_con_impuesto, double impuesto);
@@ -56,5 +59,23 @@ using Niveles = std::array<Nivel, kNiveles>;
 // The five levels of a product from cost, margins and tax as a capture screen computes them.
 Niveles CalcularNiveles(Formula formula, double costo, double impuesto,
                         const std::array<double, kNiveles>& utilidades);
+
+// What a stored product holds of its levels.
+struct NivelesGuardados {
+  double costo = 0;
+  std::array<double, kNiveles> utilidades{};
+  std::array<double, kNiveles> precios{};  // without tax
+};
+
+// The levels of a product as its screens show them and a save writes them. A level keeps its
+// stored price while its cost and margin are those the product holds and that price is the
+// formula's to the cent: a brand's recalculation leaves prices at 2 decimals, and pricing them
+// again at 4 on every save would set the level apart from the sale price it was copied to.
+// Any other level, and every level of a new product (`guardado` empty), is priced by the
+// formula at 4; without one, or where it cannot price, the stored price stays. The net price
+// of each is PrecioNeto.
+Niveles NivelesDeProducto(Formula formula, const std::optional<NivelesGuardados>& guardado,
+                          double costo, double impuesto,
+                          const std::array<double, kNiveles>& utilidades);
 
 }  // namespace ventarix::catalogs

@@ -1,5 +1,7 @@
 #include "catalogs/productos.h"
 
+#include <QSqlQuery>
+
 #include "catalogs/guardado.h"
 #include "catalogs/productos_codigos.h"
 #include "catalogs/productos_listas.h"
@@ -28,7 +30,8 @@ const QStringList& Columnas() {
 
 QString Texto(const QString& valor) { return mFunciones::ValorTexto(valor); }
 
-QVariantList Valores(const RowValues& empresa, const Producto& p) {
+QVariantList Valores(const RowValues& empresa, const Producto& p,
+                     const std::optional<catalogs::NivelesGuardados>& guardado) {
   const QString zona = Texto(p.zona).isEmpty() ? u"ZONA00"_s : Texto(p.zona);
   QVariantList v{Texto(p.producto),
                  Texto(p.unidad),
@@ -49,11 +52,26 @@ QVariantList Valores(const RowValues& empresa, const Producto& p) {
                  Texto(p.codigo2),
                  Texto(p.codigo3)};
   for (double u : p.utilidades) v << u;
-  for (double precio : PreciosAGuardar(empresa, p)) v << precio;
+  for (double precio : PreciosAGuardar(empresa, p, guardado)) v << precio;
   const QString moneda = Texto(p.moneda).isEmpty() ? u"MXN"_s : Texto(p.moneda);
   v << moneda << (p.pt ? u"S"_s : u"N"_s) << (p.status == u"BAJA"_s ? u"BAJA"_s : u"ALTA"_s)
     << Texto(p.codigo);
   return v;
+}
+
+// The cost, margins and level prices the product holds; nothing when there is no such code.
+std::optional<catalogs::NivelesGuardados> LeerNiveles(Connection& c, const QString& codigo) {
+  QSqlQuery q = c.Exec(
+      u"select costo, utilidad1, utilidad2, utilidad3, utilidad4, utilidad5, precio1, precio2, "
+      u"precio3, precio4, precio5 from productos where codigo = ?"_s,
+      {codigo});
+  if (!q.next()) return std::nullopt;
+  catalogs::NivelesGuardados guardado{.costo = q.value(0).toDouble()};
+  for (int k = 0; k < catalogs::kNiveles; ++k) {
+    guardado.utilidades[k] = q.value(1 + k).toDouble();
+    guardado.precios[k] = q.value(1 + catalogs::kNiveles + k).toDouble();
+  }
+  return guardado;
 }
 
 Outcome RevisarBaja(const Session& session, Connection& c, const Producto& p) {
@@ -63,12 +81,13 @@ Outcome RevisarBaja(const Session& session, Connection& c, const Producto& p) {
 
 }  // namespace
 
-std::array<double, catalogs::kNiveles> PreciosAGuardar(const RowValues& empresa,
-                                                       const Producto& producto) {
-  const catalogs::Formula formula = catalogs::FormulaDeEmpresa(empresa);
-  std::array<double, catalogs::kNiveles> precios = producto.precios;
+std::array<double, catalogs::kNiveles> PreciosAGuardar(
+    const RowValues& empresa, const Producto& producto,
+    const std::optional<catalogs::NivelesGuardados>& guardado) {
   const catalogs::Niveles niveles =
-      catalogs::CalcularNiveles(formula, producto.costo, producto.impuesto, producto.utilidades);
+      catalogs::NivelesDeProducto(catalogs::FormulaDeEmpresa(empresa), guardado, producto.costo,
+                                  producto.impuesto, producto.utilidades);
+  std::array<double, catalogs::kNiveles> precios = producto.precios;
   for (int k = 0; k < catalogs::kNiveles; ++k) {
     if (niveles[k].precio) precios[k] = *niveles[k].precio;
   }
@@ -113,7 +132,7 @@ Outcome AltaProducto(const Session& session, const Producto& p) {
   QString error;
   const bool ok = c.Run(u"insert into productos ("_s + columnas.join(u", "_s) + u") values ("_s +
                             marcas + u")"_s,
-                        Valores(session.empresa, p), &error) &&
+                        Valores(session.empresa, p, std::nullopt), &error) &&
                   EscribirPreciosClientes(c, Texto(p.codigo), p.precios_clientes, &error) &&
                   EscribirConsumos(c, Texto(p.codigo), p.consumos, &error);
   if (!ok || !t.Commit()) return catalogs::ErrorAlGuardar(c, error);
@@ -123,14 +142,13 @@ Outcome AltaProducto(const Session& session, const Producto& p) {
 Outcome CambioProducto(const Session& session, const Producto& cambiado) {
   if (Outcome revision = RevisarProducto(session, cambiado, false); !revision) return revision;
   Connection c(session.Cadena);
-  const QVariant guardado =
-      c.Scalar(u"select costo from productos where codigo = ?"_s, {Texto(cambiado.codigo)});
-  if (!guardado.isValid()) {
+  const std::optional<catalogs::NivelesGuardados> guardado = LeerNiveles(c, Texto(cambiado.codigo));
+  if (!guardado) {
     return Outcome::Refuse(u"Este código no existe en el catálogo de productos"_s, u"Codigo"_s);
   }
   // A user barred from costs keeps the stored one, and the levels are priced from it.
   Producto p = cambiado;
-  if (!usuarios::PuedeModificar(session, u"ModificarCosto"_s)) p.costo = guardado.toDouble();
+  if (!usuarios::PuedeModificar(session, u"ModificarCosto"_s)) p.costo = guardado->costo;
   Transaction t(c);
   if (!t.ok()) return Outcome::Stop(t.error());
   if (Outcome baja = RevisarBaja(session, c, p); !baja) return baja;
@@ -140,7 +158,7 @@ Outcome CambioProducto(const Session& session, const Producto& cambiado) {
   }
   QString error;
   bool ok = c.Run(u"update productos set "_s + asignaciones.join(u", "_s) + u" where codigo = ?"_s,
-                  Valores(session.empresa, p), &error);
+                  Valores(session.empresa, p, guardado), &error);
   if (ok && p.precios_clientes_cambiados) {
     ok = EscribirPreciosClientes(c, Texto(p.codigo), p.precios_clientes, &error);
   }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <optional>
 #include <vector>
 
 #include <QDateTime>
@@ -51,7 +52,7 @@ struct Producto {
   QString codigo3;
 
   std::array<double, catalogs::kNiveles> utilidades{};
-  // Stored level prices without tax; with a formula they are priced again on saving.
+  // Level prices without tax as read; a save prices again those whose cost or margin changed.
   std::array<double, catalogs::kNiveles> precios{};
   QString moneda = QStringLiteral("MXN");
   bool pt = false;
@@ -64,13 +65,16 @@ struct Producto {
   bool consumos_cambiados = false;
 };
 
-// What the change screen shows and never writes.
+// The company's warehouses, almacen1 to almacen5 of each product.
+inline constexpr int kAlmacenes = 5;
+
+// What the change screen shows and never writes: the stock of every warehouse.
 struct Historial {
   double ultimo_costo = 0;
   double ultima_venta = 0;
   QDateTime fecha_ultima_compra;
   QDateTime fecha_ultima_venta;
-  std::array<double, 3> almacenes{};
+  std::array<double, kAlmacenes> almacenes{};
 };
 
 // The product with that code, its lists (with the clients' and materials' names in
@@ -93,9 +97,11 @@ Outcome AltaProducto(const Session& session, const Producto& producto);
 // The product's row written again, the lists only when they changed.
 Outcome CambioProducto(const Session& session, const Producto& producto);
 
-// The level prices a product is saved with: by the company's formula when it has one,
-// rounded to 4, else the stored ones.
-std::array<double, catalogs::kNiveles> PreciosAGuardar(const RowValues& empresa,
-                                                       const Producto& producto);
+// The level prices a product is saved with, as its screen shows them: the stored ones
+// (`guardado`, empty for a new product) that still follow unchanged cost and margin, else by
+// the company's formula rounded to 4 (catalogs::NivelesDeProducto).
+std::array<double, catalogs::kNiveles> PreciosAGuardar(
+    const RowValues& empresa, const Producto& producto,
+    const std::optional<catalogs::NivelesGuardados>& guardado);
 
 }  // namespace ventarix::productos

@@ -53,7 +53,7 @@ Historial HistorialDe(const RowValues& r) {
   h.ultima_venta = r.Number(u"ultima venta"_s);
   h.fecha_ultima_compra = dialect::ReadDate(r.Value(u"fecha ultima compra"_s));
   h.fecha_ultima_venta = dialect::ReadDate(r.Value(u"fecha ultima venta"_s));
-  for (int k = 0; k < 3; ++k) h.almacenes[k] = r.Number(Columna("almacen", k + 1));
+  for (int k = 0; k < kAlmacenes; ++k) h.almacenes[k] = r.Number(Columna("almacen", k + 1));
   return h;
 }
 

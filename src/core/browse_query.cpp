@@ -1,5 +1,7 @@
 #include "core/browse_query.h"
 
+#include <algorithm>
+
 #include <QDateTime>
 #include <QHash>
 #include <QRegularExpression>
@@ -136,12 +138,13 @@ QString Direccion(bool descendente) {
 }
 
 // The order of pages: the sort's columns, then the key, so that equal values keep one order.
-QString OrdenDePaginas(const Consulta& consulta) {
+// Reversed, it reads the view from its end.
+QString OrdenDePaginas(const Consulta& consulta, bool invertida) {
   QStringList partes;
-  bool descendente = false;
+  bool descendente = invertida;
   for (const Orden& o : consulta.orden) {
-    partes << Columna(QStringLiteral("p"), o.columna) + Direccion(o.descendente);
-    descendente = o.descendente;
+    descendente = o.descendente != invertida;
+    partes << Columna(QStringLiteral("p"), o.columna) + Direccion(descendente);
   }
   // Keys are never null: the plain direction lets PostgreSQL walk their index.
   for (const QString& llave : consulta.llave) {
@@ -152,10 +155,10 @@ QString OrdenDePaginas(const Consulta& consulta) {
   return QStringLiteral(" order by ") + partes.join(QStringLiteral(", "));
 }
 
-// The condition that starts a page right after the last row read, or nothing when the order
-// does not allow it.
+// The condition that starts a page right after the last row read (in the reversed order:
+// right before it), or nothing when the order does not allow it.
 std::optional<Condicion> DespuesDe(const Consulta& consulta, const QStringList& columnas,
-                                   const QVariantList& ultima) {
+                                   const QVariantList& ultima, bool invertida) {
   if (!consulta.llave_unica || consulta.llave.isEmpty() || ultima.isEmpty()) return std::nullopt;
   if (consulta.orden.size() > 1) return std::nullopt;
   QVariantList llaves;
@@ -166,7 +169,8 @@ std::optional<Condicion> DespuesDe(const Consulta& consulta, const QStringList& 
     llaves << ultima.value(i);
     nombres << Columna(QStringLiteral("p"), llave);
   }
-  const bool descendente = !consulta.orden.empty() && consulta.orden.front().descendente;
+  const bool descendente =
+      (!consulta.orden.empty() && consulta.orden.front().descendente) != invertida;
   const QString comparador = descendente ? QStringLiteral(" < ") : QStringLiteral(" > ");
   const QString marcas = QStringList(llaves.size(), QStringLiteral("?")).join(u',');
   const QString por_llave = u'(' + nombres.join(u',') + u')' + comparador + u'(' + marcas + u')';
@@ -240,11 +244,21 @@ Campos CamposDeSentencia(Connection& connection, const QString& sentencia) {
   if (!resultado.outcome) return resultado;
   QString texto = sentencia.trimmed();
   while (texto.endsWith(u';')) texto.chop(1);
-  const ResultadoVista r = Ejecutar(
-      connection, QStringLiteral("select * from (") + texto + QStringLiteral(") as t limit 0"), {});
+  const QString sin_limite = QStringLiteral("select * from (") + texto + QStringLiteral(") as t");
+  ResultadoVista r = Ejecutar(connection, sin_limite + QStringLiteral(" limit 0"), {});
   if (!r.ok()) {
     resultado.outcome = Outcome::Stop(r.error);
     return resultado;
+  }
+  // SQLite tells the type of a computed column (a count beside the row) only from a row.
+  if (std::any_of(r.tipos.begin(), r.tipos.end(), [](QMetaType t) { return !t.isValid(); })) {
+    const ResultadoVista con_fila =
+        Ejecutar(connection, sin_limite + QStringLiteral(" limit 1"), {});
+    if (con_fila.ok() && con_fila.tipos.size() == r.tipos.size()) {
+      for (qsizetype i = 0; i < r.tipos.size(); ++i) {
+        if (!r.tipos.at(i).isValid()) r.tipos[i] = con_fila.tipos.at(i);
+      }
+    }
   }
   for (qsizetype i = 0; i < r.nombres.size(); ++i) {
     resultado.campos.push_back({r.nombres.at(i), TipoDeCampo(r.nombres.at(i), r.tipos.at(i))});
@@ -311,26 +325,35 @@ std::optional<qint64> ContarFilas(Connection& connection, const Consulta& consul
   return r.filas.front().value(0).toLongLong();
 }
 
+bool OrdenTotal(const Consulta& consulta) {
+  return consulta.llave_unica && !consulta.llave.isEmpty();
+}
+
 Pagina LeerPagina(Connection& connection, const Consulta& consulta, const QStringList& columnas,
-                  const QVariantList& ultima, qint64 desde, int cuantas) {
+                  const QVariantList& ultima, qint64 desde, int cuantas, bool desde_el_final) {
   if (Outcome permitida = SentenciaPermitida(consulta.sentencia); !permitida) {
     return {permitida, {}};
   }
+  // Only an order that tells every row apart reads the same rows backwards.
+  const bool invertida = desde_el_final && OrdenTotal(consulta);
+  if (desde_el_final && !invertida) return {Outcome::Stop(QStringLiteral("Orden parcial")), {}};
   const Condicion filtrada = SentenciaFiltrada(consulta);
   QString texto = QStringLiteral("select p.* from (") + filtrada.texto + QStringLiteral(") as p");
   QVariantList valores = filtrada.valores;
-  const std::optional<Condicion> despues = DespuesDe(consulta, columnas, ultima);
+  const std::optional<Condicion> despues = DespuesDe(consulta, columnas, ultima, invertida);
   if (despues) {
     texto += QStringLiteral(" where ") + despues->texto;
     valores << despues->valores;
   }
-  texto += OrdenDePaginas(consulta) + QStringLiteral(" limit ?");
+  texto += OrdenDePaginas(consulta, invertida) + QStringLiteral(" limit ?");
   valores << cuantas;
   if (!despues && desde > 0) {
     texto += QStringLiteral(" offset ?");
     valores << desde;
   }
-  return Leer(connection, texto, valores);
+  Pagina pagina = Leer(connection, texto, valores);
+  if (invertida) std::reverse(pagina.filas.begin(), pagina.filas.end());
+  return pagina;
 }
 
 Pagina LeerFilas(Connection& connection, const QString& sentencia, const Condicion& donde,

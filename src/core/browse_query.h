@@ -67,11 +67,18 @@ struct Pagina {
   Outcome outcome;
   std::vector<QVariantList> filas;
 };
+// Whether the order tells every row apart (a unique key closes it), so that the view read
+// backwards gives the same rows in reverse.
+bool OrdenTotal(const Consulta& consulta);
+
 // Reads up to `cuantas` rows after position `desde`. When the order is the key alone or one
 // column plus a unique key, the page starts after `ultima` (the last row read, whose values
 // are found by the column names `columnas`); otherwise it skips `desde` rows.
+// `desde_el_final` reads the view backwards, for a total order only: the rows right before
+// `ultima`, or those before the last `desde` rows; they come back in the view's order.
 Pagina LeerPagina(Connection& connection, const Consulta& consulta, const QStringList& columnas,
-                  const QVariantList& ultima, qint64 desde, int cuantas);
+                  const QVariantList& ultima, qint64 desde, int cuantas,
+                  bool desde_el_final = false);
 
 // The rows of the view that satisfy a where text over t."column" (a saved row after a change).
 Pagina LeerFilas(Connection& connection, const QString& sentencia, const Condicion& donde,

@@ -8,6 +8,7 @@
 #include <QSqlQuery>
 
 #include "core/browse_filter.h"
+#include "core/browse_titulos.h"
 #include "core/dialect.h"
 
 namespace ventarix::mBrowse {
@@ -135,6 +136,7 @@ std::vector<ColumnaVista> DefinicionInicial(const std::vector<Campo>& campos) {
     ColumnaVista c;
     c.nombre = campo.nombre;
     c.tipo = campo.tipo;
+    c.opciones = QStringList{TituloDeColumna(campo.nombre)};
     switch (TipoDe(campo.tipo)) {
       case TipoColumna::kNumero:
         c.formato = campo.tipo == kTipoDoble ? QStringLiteral("#,##0.00") : QString();
@@ -372,11 +374,14 @@ QString SumaSeleccion(const std::vector<double>& valores, qint64 celdas) {
   if (celdas > kMaximoCeldas) {
     return QStringLiteral("Error, Demasiadas filas = ") + QString::number(celdas);
   }
+  const QString cuenta = QStringLiteral("Celdas = ") + QString::number(celdas);
+  if (valores.empty()) return cuenta;
   double suma = 0;
   for (double v : valores) suma += v;
   QLocale formato = QLocale::c();
   formato.setNumberOptions(QLocale::DefaultNumberOptions);
-  return formato.toString(suma, 'f', 2) + QStringLiteral(",  Suma = ") + QString::number(celdas);
+  return QStringLiteral("Suma = ") + formato.toString(suma, 'f', 2) + QStringLiteral(",  ") +
+         cuenta;
 }
 
 }  // namespace ventarix::mBrowse

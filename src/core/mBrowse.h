@@ -30,7 +30,7 @@ struct VistaCargada {
 VistaCargada ObtenerVista(const Session& session, const QString& tabla,
                           const QString& sentencia_inicial = {});
 
-// A definition line per field, with widths and formats by type.
+// A definition line per field, with widths and formats by type and its caption in field 7.
 std::vector<ColumnaVista> DefinicionInicial(const std::vector<Campo>& campos);
 
 // Writes the current row, first visible column, search and sort into the user's row, adding
@@ -83,8 +83,10 @@ bool BotonPermitido(const QString& permisos, int boton);
 
 // Status texts: "n filas", or "row/n filas".
 QString MostrarFilas(qint64 filas, qint64 fila_actual = 0);
-// The sum panel's text for the selected numbers: the sum and ",  Suma = " count; more than
-// 32767 cells give "Error, Demasiadas filas = " and the count; nothing selected, empty.
+// The sum panel's text for a selection of `celdas` cells, `valores` those of its numeric
+// columns: "Suma = 1,003.50,  Celdas = 3", or "Celdas = 3" alone when no numeric column is
+// selected (codes, names and file names are text, never summed); more than 32767 cells give
+// "Error, Demasiadas filas = " and the count; nothing selected, empty.
 inline constexpr int kMaximoCeldas = 32767;
 QString SumaSeleccion(const std::vector<double>& valores, qint64 celdas);
 

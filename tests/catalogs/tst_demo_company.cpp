@@ -283,6 +283,27 @@ class TestDemoCompany : public QObject {
     QVERIFY(rows > 0);
   }
 
+  // The README's paragraph on the demo counts what the demo holds: each "<n> <rows>" of it
+  // against its table.
+  void ElReadmeCuentaLoQueTiene() {
+    VENTARIX_DEMO(company);
+    QFile readme(QStringLiteral(VENTARIX_SOURCE_DIR) + u"/README.md"_s);
+    QVERIFY(readme.open(QIODevice::ReadOnly | QIODevice::Text));
+    const QString texto = QString::fromUtf8(readme.readAll());
+    const qsizetype desde = texto.indexOf(u"**The demo company**"_s);
+    const QString parrafo = texto.mid(desde, texto.indexOf(u"\n\n"_s, desde) - desde).simplified();
+    const QStringList tablas = {
+        u"clients clientes"_s, u"agents agentes"_s,          u"suppliers proveedores"_s,
+        u"banks bancos"_s,     u"payment methods metodos"_s, u"brands marcas"_s,
+        u"lines lineas"_s,     u"products productos"_s};
+    for (const QString& par : tablas) {
+      const QString filas = par.section(u' ', 0, -2), tabla = par.section(u' ', -1);
+      const QRegularExpressionMatch m =
+          QRegularExpression(u"(\\d+) "_s + filas + u"\\b"_s).match(parrafo);
+      QCOMPARE(m.captured(1).toInt(), Count(c, u"select count(*) from "_s + tabla));
+    }
+  }
+
   // Over a company that already holds tables the demo adds nothing.
   void NoSeEscribeSobreOtraEmpresa() {
     VENTARIX_COMPANY(company);

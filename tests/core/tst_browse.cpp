@@ -364,9 +364,11 @@ class TestBrowse : public QObject {
   }
 
   void SumaDeLaSeleccion() {
-    QCOMPARE(SumaSeleccion({1.5, 2, 1000}, 3), u"1,003.50,  Suma = 3"_s);
+    QCOMPARE(SumaSeleccion({1.5, 2, 1000}, 3), u"Suma = 1,003.50,  Celdas = 3"_s);
+    QCOMPARE(SumaSeleccion({1.5}, 3), u"Suma = 1.50,  Celdas = 3"_s);
+    QCOMPARE(SumaSeleccion({}, 2), u"Celdas = 2"_s);
     const std::vector<double> muchas(kMaximoCeldas, 1.0);
-    QCOMPARE(SumaSeleccion(muchas, kMaximoCeldas), u"32,767.00,  Suma = 32767"_s);
+    QCOMPARE(SumaSeleccion(muchas, kMaximoCeldas), u"Suma = 32,767.00,  Celdas = 32767"_s);
     QCOMPARE(SumaSeleccion({}, kMaximoCeldas + 1), u"Error, Demasiadas filas = 32768"_s);
     QVERIFY(SumaSeleccion({}, 0).isEmpty());
     QCOMPARE(MostrarFilas(120), u"120 filas"_s);

@@ -43,9 +43,9 @@ QGroupBox* Historial(QWidget* padre, const productos::Historial& h) {
                 Dato(grupo, u"FechaUltimaCompra"_s, Fecha(h.fecha_ultima_compra)));
   filas->addRow(u"Fecha última venta:"_s,
                 Dato(grupo, u"FechaUltimaVenta"_s, Fecha(h.fecha_ultima_venta)));
-  for (int k = 0; k < 3; ++k) {
+  for (int k = 0; k < productos::kAlmacenes; ++k) {
     const QString almacen = u"Almacen"_s + QString::number(k + 1);
-    filas->addRow(almacen + u':',
+    filas->addRow(u"Almacén %1:"_s.arg(k + 1),
                   Dato(grupo, almacen, mFunciones::FormatoNumero(h.almacenes[k], 2)));
   }
   return grupo;

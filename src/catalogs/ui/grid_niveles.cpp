@@ -67,17 +67,17 @@ std::array<double, catalogs::kNiveles> GridNiveles::Utilidades() const {
   return utilidades;
 }
 
-void GridNiveles::setPreciosGuardados(const std::array<double, catalogs::kNiveles>& precios) {
-  guardados_ = precios;
+void GridNiveles::setGuardado(const catalogs::NivelesGuardados& guardado) {
+  guardado_ = guardado;
+  guardados_ = guardado.precios;
 }
 
 void GridNiveles::Recalcular(catalogs::Formula formula, double costo, double impuesto) {
   const catalogs::Niveles niveles =
-      catalogs::CalcularNiveles(formula, costo, impuesto, Utilidades());
+      catalogs::NivelesDeProducto(formula, guardado_, costo, impuesto, Utilidades());
   for (int k = 0; k < catalogs::kNiveles; ++k) {
     const double sin = niveles[k].precio.value_or(guardados_[k]);
-    const double con =
-        niveles[k].precio_con_impuesto.value_or(catalogs::ConImpuesto(sin, impuesto));
+    const double con = niveles[k].precio_con_impuesto.value_or(catalogs::PrecioNeto(sin, impuesto));
     Poner(k, kSinImpuesto, sin, 4);
     Poner(k, kConImpuesto, con, 4);
   }

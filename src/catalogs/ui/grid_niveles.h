@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <optional>
 
 #include <QTableWidget>
 
@@ -19,12 +20,12 @@ class GridNiveles : public QTableWidget {
 
   void setUtilidades(const std::array<double, catalogs::kNiveles>& utilidades);
   std::array<double, catalogs::kNiveles> Utilidades() const;
-  // The prices the product holds, shown as they are when the company has no formula.
-  void setPreciosGuardados(const std::array<double, catalogs::kNiveles>& precios);
+  // What a product being changed holds: its levels show as stored until their cost or margin
+  // change (catalogs::NivelesDeProducto).
+  void setGuardado(const catalogs::NivelesGuardados& guardado);
   const std::array<double, catalogs::kNiveles>& PreciosGuardados() const { return guardados_; }
 
-  // Shows each level priced from cost and tax by the formula; a level the formula cannot
-  // price (or every level, without formula) shows the stored price.
+  // Shows each level as NivelesDeProducto prices it from cost, tax and the margins typed.
   void Recalcular(catalogs::Formula formula, double costo, double impuesto);
 
   double PrecioSinImpuesto(int nivel) const;
@@ -40,6 +41,7 @@ class GridNiveles : public QTableWidget {
   void Poner(int fila, int columna, double valor, int decimales);
 
   std::array<double, catalogs::kNiveles> guardados_{};
+  std::optional<catalogs::NivelesGuardados> guardado_;
   bool llenando_ = false;
 };
 

@@ -227,7 +227,7 @@ void CamposDeProducto::Mostrar(const productos::Producto& p,
   Datos[kCodigo2]->setText(p.codigo2);
   Datos[kCodigo3]->setText(p.codigo3);
   fg1->setUtilidades(p.utilidades);
-  fg1->setPreciosGuardados(p.precios);
+  fg1->setGuardado({.costo = p.costo, .utilidades = p.utilidades, .precios = p.precios});
   moneda->setCurrentText(p.moneda);
   pt->setChecked(p.pt);
   status->Mostrar(p.status);

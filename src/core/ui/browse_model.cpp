@@ -1,8 +1,13 @@
 #include "core/ui/browse_model.h"
 
+#include <algorithm>
+#include <optional>
+
 #include <QColor>
 #include <QLocale>
+#include <QTimer>
 
+#include "core/browse_titulos.h"
 #include "core/dialect.h"
 
 namespace ventarix {
@@ -36,7 +41,12 @@ QString Numero(double valor, const QString& formato) {
 }  // namespace
 
 ModeloVista::ModeloVista(const Session& session, QObject* parent, int pagina)
-    : QAbstractTableModel(parent), session_(session), pagina_(pagina) {}
+    : QAbstractTableModel(parent), session_(session), pagina_(pagina) {
+  lector_ = new QTimer(this);
+  lector_->setSingleShot(true);
+  lector_->setInterval(0);
+  connect(lector_, &QTimer::timeout, this, &ModeloVista::LeerPedidas);
+}
 
 Outcome ModeloVista::Cargar(const mBrowse::Consulta& consulta,
                             const std::vector<mBrowse::ColumnaVista>& columnas) {
@@ -48,6 +58,8 @@ Outcome ModeloVista::Cargar(const mBrowse::Consulta& consulta,
   filas_.clear();
   filas_totales_ = 0;
   limite_ = 0;
+  leidas_ = 0;
+  pedidas_.clear();
   Outcome resultado;
   // One connection counts the rows and reads the first page.
   Connection lectura(session_.Cadena, Connection::Acceso::kVista);
@@ -77,12 +89,100 @@ QVariant ModeloVista::Valor(int fila, int columna) const {
   return filas_[fila].value(columna);
 }
 
+bool ModeloVista::Leida(int fila) const {
+  return fila >= 0 && fila < static_cast<int>(filas_.size()) && !filas_[fila].isEmpty();
+}
+
 void ModeloVista::AsegurarFila(int fila) {
-  const qint64 faltan = static_cast<qint64>(fila) + 1 - static_cast<qint64>(filas_.size());
-  if (faltan <= 0 || !canFetchMore()) return;
-  // A jump far down reads the whole gap at once, in whole pages, on one connection.
+  fila = static_cast<int>(qMin<qint64>(fila, limite_ - 1));
+  if (fila < 0 || Leida(fila)) return;
   Connection lectura(session_.Cadena, Connection::Acceso::kVista);
-  Anexar(lectura, (faltan + pagina_ - 1) / pagina_ * pagina_);
+  const int cargadas = static_cast<int>(filas_.size());
+  if (fila < cargadas) return LeerBloque(lectura, fila);
+  if (fila < cargadas + pagina_) return Anexar(lectura, pagina_);
+  Completar();
+  LeerBloque(lectura, fila);
+}
+
+void ModeloVista::IrAlFinal() { AsegurarFila(static_cast<int>(limite_) - 1); }
+
+void ModeloVista::AsegurarFilas(int desde, int hasta) {
+  hasta = qMin(hasta, rowCount() - 1);
+  std::optional<Connection> lectura;
+  for (int fila = qMax(0, desde); fila <= hasta; ++fila) {
+    if (Leida(fila)) continue;
+    if (!lectura) lectura.emplace(session_.Cadena, Connection::Acceso::kVista);
+    LeerBloque(*lectura, fila);
+  }
+}
+
+void ModeloVista::Completar() {
+  const int cargadas = static_cast<int>(filas_.size());
+  if (leyendo_ || cargadas >= limite_) return;
+  // Whoever hears of the new rows may ask for more: nothing is fetched meanwhile.
+  leyendo_ = true;
+  beginInsertRows({}, cargadas, static_cast<int>(limite_) - 1);
+  filas_.resize(limite_);
+  endInsertRows();
+  leyendo_ = false;
+}
+
+void ModeloVista::LeerBloque(Connection& lectura, int fila) {
+  if (leyendo_ || Leida(fila) || fila >= static_cast<int>(filas_.size())) return;
+  leyendo_ = true;
+  // The run of unread rows around the row, [a, b), and the page of it to read, [s, e): from a
+  // read row above, up to a read row below, or the page of the row itself.
+  const int n = static_cast<int>(filas_.size());
+  int a = fila;
+  while (a > 0 && !Leida(a - 1)) --a;
+  int b = fila + 1;
+  while (b < n && !Leida(b)) ++b;
+  int s = qMax(a, fila - fila % pagina_);
+  if (fila - a < pagina_) s = a;
+  if (b - fila <= pagina_) s = qMax(a, b - pagina_);
+  const int e = qMin(b, s + pagina_);
+  // By key after the row above, by key before the row below (backwards), or skipping rows
+  // from whichever end is nearer.
+  const bool total = mBrowse::OrdenTotal(consulta_);
+  const qint64 tras = filas_totales_ - e;
+  QVariantList vecina;
+  qint64 desde = s;
+  bool atras = false;
+  if (s > 0 && Leida(s - 1)) {
+    vecina = filas_[s - 1];
+  } else if (total && (Leida(e) || tras < s)) {
+    atras = true;
+    desde = tras;
+    if (Leida(e)) vecina = filas_[e];
+  }
+  mBrowse::Pagina pagina =
+      lectura.ok() ? mBrowse::LeerPagina(lectura, consulta_, nombres_, vecina, desde, e - s, atras)
+                   : mBrowse::Pagina{Outcome::Stop(lectura.error()), {}};
+  if (!pagina.outcome) pagina.filas.clear();
+  // Rows gone since the count show empty rather than being asked for again.
+  const int leidas = qMin(static_cast<int>(pagina.filas.size()), e - s);
+  const int primera = atras ? e - leidas : s;
+  for (int i = s; i < e; ++i) {
+    const int k = i - primera;
+    filas_[i] = k >= 0 && k < leidas ? std::move(pagina.filas[k])
+                                     : QVariantList(qMax(1, columnCount()), QVariant());
+  }
+  leidas_ += leidas;
+  leyendo_ = false;
+  emit dataChanged(index(s, 0), index(e - 1, columnCount() - 1));
+  if (!pagina.outcome) emit Error(pagina.outcome.message);
+}
+
+void ModeloVista::LeerPedidas() {
+  QList<int> filas = pedidas_.values();
+  pedidas_.clear();
+  std::sort(filas.begin(), filas.end());
+  std::optional<Connection> lectura;
+  for (int fila : filas) {
+    if (fila >= rowCount() || Leida(fila)) continue;
+    if (!lectura) lectura.emplace(session_.Cadena, Connection::Acceso::kVista);
+    LeerBloque(*lectura, fila);
+  }
 }
 
 int ModeloVista::ReemplazarFila(const QVariantList& valores) {
@@ -107,7 +207,9 @@ int ModeloVista::ReemplazarFila(const QVariantList& valores) {
 int ModeloVista::BuscarFila(int columna, const QVariant& valor) const {
   const QString buscado = valor.toString();
   for (size_t i = 0; i < filas_.size(); ++i) {
-    if (filas_[i].value(columna).toString() == buscado) return static_cast<int>(i);
+    if (!filas_[i].isEmpty() && filas_[i].value(columna).toString() == buscado) {
+      return static_cast<int>(i);
+    }
   }
   return -1;
 }
@@ -136,6 +238,12 @@ QString ModeloVista::Formatear(const QVariant& valor, const mBrowse::ColumnaVist
 QVariant ModeloVista::data(const QModelIndex& index, int role) const {
   if (!index.isValid() || index.row() >= rowCount() || index.column() >= columnCount()) return {};
   const mBrowse::ColumnaVista& columna = columnas_[index.column()];
+  if (filas_[index.row()].isEmpty() && (role == Qt::DisplayRole || role == Qt::EditRole)) {
+    // Read with its page once the event loop turns; the grid repaints it then.
+    pedidas_.insert(index.row());
+    if (!lector_->isActive()) lector_->start();
+    return {};
+  }
   switch (role) {
     case Qt::DisplayRole:
       return Formatear(filas_[index.row()].value(index.column()), columna);
@@ -154,7 +262,7 @@ QVariant ModeloVista::headerData(int section, Qt::Orientation orientation, int r
   if (role != Qt::DisplayRole) return {};
   if (orientation == Qt::Vertical) return section + 1;
   if (section < 0 || section >= columnCount()) return {};
-  return columnas_[section].nombre;
+  return mBrowse::TituloDe(columnas_[section]);
 }
 
 bool ModeloVista::canFetchMore(const QModelIndex& parent) const {
@@ -189,6 +297,7 @@ void ModeloVista::Anexar(Connection& lectura, qint64 cuantas) {
     const int n = static_cast<int>(pagina.filas.size());
     beginInsertRows({}, static_cast<int>(desde), static_cast<int>(desde) + n - 1);
     for (QVariantList& fila : pagina.filas) filas_.push_back(std::move(fila));
+    leidas_ += n;
     endInsertRows();
   }
   leyendo_ = false;

@@ -3,11 +3,14 @@
 #include <vector>
 
 #include <QAbstractTableModel>
+#include <QSet>
 #include <QVariantList>
 
 #include "core/browse_query.h"
 #include "core/browse_view.h"
 #include "core/session.h"
+
+class QTimer;
 
 namespace ventarix {
 
@@ -15,6 +18,10 @@ namespace ventarix {
 // opens its own read-only connection and closes it, so nothing stays open between events (an
 // open read on a SQLite file would hold the till's writes). Sorting and filtering happen in
 // SQL; at most kLimiteFilas rows are ever shown.
+//
+// A jump to the end, or far down, makes every row of the view a row of the model at once (the
+// count guard knows how many) and reads only the page jumped to; a row between is read, with
+// its page, when the grid first asks for it. Until then it shows empty.
 class ModeloVista : public QAbstractTableModel {
   Q_OBJECT
 
@@ -37,8 +44,16 @@ class ModeloVista : public QAbstractTableModel {
   qint64 limite() const { return limite_; }
   int ColumnaDe(const QString& nombre) const;
   QVariant Valor(int fila, int columna) const;
-  // Reads pages until `fila` is loaded (or the end).
+  // Makes `fila` (or the last row, when there are fewer) a read row of the model: the next
+  // page when it is near, else its own page alone.
   void AsegurarFila(int fila);
+  // Every row of the view in the model, the last page read: where Ctrl+End goes.
+  void IrAlFinal();
+  // Reads the rows of [desde, hasta] not read yet (a selection about to be summed or copied).
+  void AsegurarFilas(int desde, int hasta);
+  bool Leida(int fila) const;
+  // Rows read from the database since the last load.
+  qint64 leidas() const { return leidas_; }
   // Puts the row in place of the loaded one with the same key, or adds it at the end; returns
   // its row number.
   int ReemplazarFila(const QVariantList& valores);
@@ -68,9 +83,19 @@ class ModeloVista : public QAbstractTableModel {
   qint64 limite_ = 0;
   // Reads up to cuantas more rows on the open connection and appends them.
   void Anexar(Connection& lectura, qint64 cuantas);
+  // Every row of the view a row of the model, those not read yet empty.
+  void Completar();
+  // Reads the page of unread rows around `fila`, next to a read row when it can so that it
+  // goes by key.
+  void LeerBloque(Connection& lectura, int fila);
+  // The rows the grid asked for before they were read, read once the event loop turns.
+  void LeerPedidas();
 
   bool leyendo_ = false;
   int pagina_ = kPagina;
+  qint64 leidas_ = 0;
+  mutable QSet<int> pedidas_;
+  QTimer* lector_;
 };
 
 }  // namespace ventarix

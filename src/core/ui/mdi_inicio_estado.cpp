@@ -22,7 +22,8 @@ namespace ventarix {
 namespace {
 
 // Share of the width each panel takes, in hundredths, as the window grows or shrinks.
-constexpr std::array<int, 6> kAnchos = {58, 6, 9, 10, 5, 12};
+// The fourth holds a browser's sum and count, which must be read whole.
+constexpr std::array<int, 6> kAnchos = {40, 6, 9, 28, 5, 12};
 constexpr int kIcono = 16;
 
 // A gold star beside the user's name marks an administrator.

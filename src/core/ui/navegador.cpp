@@ -4,8 +4,11 @@
 #include <QHeaderView>
 #include <QItemSelectionModel>
 #include <QLabel>
+#include <QMdiArea>
+#include <QMdiSubWindow>
 #include <QRandomGenerator>
 #include <QScrollBar>
+#include <QSettings>
 #include <QTableView>
 #include <QToolBar>
 #include <QVBoxLayout>
@@ -27,14 +30,41 @@ std::vector<mBrowse::ColumnaVista> EnOrdenDeSentencia(
   for (mBrowse::ColumnaVista& c : columnas) {
     for (const mBrowse::ColumnaVista& guardada : cadena) {
       if (guardada.nombre.compare(c.nombre, Qt::CaseInsensitive) == 0) {
-        const int tipo = c.tipo;
+        const mBrowse::ColumnaVista nueva = c;
         c = guardada;
-        c.nombre = guardada.nombre;
-        c.tipo = tipo;
+        c.tipo = nueva.tipo;
+        // A column saved as text that turns out a number (a count the engine could not type
+        // before) is laid out as a number.
+        if (mBrowse::TipoDe(guardada.tipo) != mBrowse::TipoDe(nueva.tipo)) {
+          c.alineacion = nueva.alineacion;
+          c.formato = nueva.formato;
+        }
       }
     }
   }
   return columnas;
+}
+
+// Widest a column grows to show its values.
+constexpr int kAnchoMaximo = 380;
+// Rows of the first page measured.
+constexpr int kMuestra = 100;
+
+// Where a browser's window was left, per user and form, on this workstation: screens differ
+// from one workstation to the next, so the size is no part of the shared view.
+QString ClaveDeVentana(const Session& session, const QString& forma) {
+  return QStringLiteral("Navegadores/") + session.Usuario + u'/' + forma;
+}
+
+// The saved place inside the work area, or the whole area.
+QRect Colocacion(const QRect& guardada, const QRect& area) {
+  if (!guardada.isValid()) return area;
+  QRect r(guardada.topLeft(), guardada.size().boundedTo(area.size()));
+  r.moveRight(qMin(r.right(), area.right()));
+  r.moveBottom(qMin(r.bottom(), area.bottom()));
+  r.moveLeft(qMax(r.left(), area.left()));
+  r.moveTop(qMax(r.top(), area.top()));
+  return r;
 }
 
 }  // namespace
@@ -60,6 +90,8 @@ Navegador::Navegador(Session& session, const mBrowse::Familia& familia,
   connect(fg1_, &QTableView::doubleClicked, this, &Navegador::Cambiar);
   connect(fg1_->selectionModel(), &QItemSelectionModel::selectionChanged, this,
           &Navegador::MostrarSuma);
+  // A reload or a search empties the selection without a word: the panel follows.
+  connect(modelo_, &ModeloVista::modelReset, this, &Navegador::MostrarSuma);
   connect(fg1_->selectionModel(), &QItemSelectionModel::currentChanged, this, &Navegador::Estado);
   connect(modelo_, &ModeloVista::rowsInserted, this, &Navegador::Estado);
   connect(modelo_, &ModeloVista::Error, this,
@@ -140,7 +172,7 @@ bool Navegador::CargarVista() {
   }
   for (int c = 0; c < static_cast<int>(columnas.size()); ++c) {
     fg1_->setColumnHidden(c, columnas[c].oculta);
-    fg1_->setColumnWidth(c, columnas[c].ancho);
+    fg1_->setColumnWidth(c, qMax(columnas[c].ancho, AnchoDeDatos(c)));
   }
   if (vista_.Altura > 0) fg1_->verticalHeader()->setDefaultSectionSize(vista_.Altura);
   const int renglon = qMax(0, vista_.Renglon);
@@ -196,8 +228,40 @@ void Navegador::GuardarVista() {
   if (!guardada) MostrarError(this, session_, guardada.message);
 }
 
+// What the column needs to show its caption and the values of the first rows, up to a cap:
+// a view's saved width is the least it gets.
+int Navegador::AnchoDeDatos(int columna) const {
+  const QFontMetrics letra = fg1_->fontMetrics();
+  const QString titulo = modelo_->headerData(columna, Qt::Horizontal).toString();
+  int ancho = fg1_->horizontalHeader()->fontMetrics().horizontalAdvance(titulo) + 16;
+  const int filas = qMin(modelo_->rowCount(), kMuestra);
+  for (int f = 0; f < filas; ++f) {
+    const QString texto = modelo_->data(modelo_->index(f, columna)).toString();
+    ancho = qMax(ancho, letra.horizontalAdvance(texto) + 12);
+  }
+  return qMin(ancho, kAnchoMaximo);
+}
+
+// The first time the browser shows in the main window it takes the place the user left it in,
+// or the whole work area.
+void Navegador::showEvent(QShowEvent* event) {
+  QWidget::showEvent(event);
+  auto* ventana = qobject_cast<QMdiSubWindow*>(parentWidget());
+  if (colocada_ || ventana == nullptr || ventana->mdiArea() == nullptr) return;
+  colocada_ = true;
+  const QRect guardada = QSettings(QStringLiteral("Ventarix"), QStringLiteral("TVik"))
+                             .value(ClaveDeVentana(session_, objectName()))
+                             .toRect();
+  ventana->setGeometry(Colocacion(guardada, ventana->mdiArea()->viewport()->rect()));
+}
+
 void Navegador::closeEvent(QCloseEvent* event) {
   GuardarVista();
+  auto* ventana = qobject_cast<QMdiSubWindow*>(parentWidget());
+  if (colocada_ && ventana != nullptr && !ventana->isMaximized() && !ventana->isMinimized()) {
+    QSettings(QStringLiteral("Ventarix"), QStringLiteral("TVik"))
+        .setValue(ClaveDeVentana(session_, objectName()), ventana->geometry());
+  }
   if (auto* mdi = window(); mdi != this) {
     QMetaObject::invokeMethod(mdi, "MostrarSuma", Q_ARG(QString, QString()));
   }

@@ -54,6 +54,7 @@ class Navegador : public QWidget {
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
+  void showEvent(QShowEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
 
  private:
@@ -75,6 +76,7 @@ class Navegador : public QWidget {
   QString LlaveActual() const;
   void PintarFondo();
   void Estado();
+  int AnchoDeDatos(int columna) const;
 
   Session& session_;
   const mBrowse::Familia& familia_;
@@ -87,6 +89,7 @@ class Navegador : public QWidget {
   mBrowse::Busqueda busqueda_;  // the search in force, as the user gave it
   bool modo_precios_ = false;   // products: Enter opens the quick price screen
   bool cargada_ = false;
+  bool colocada_ = false;  // placed in the main window's work area
 };
 
 // The browsers of every family, by form name.

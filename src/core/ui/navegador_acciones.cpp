@@ -123,6 +123,10 @@ bool Navegador::Tecla(QKeyEvent* event) {
       case Qt::Key_D:
         Predeterminar();
         return true;
+      case Qt::Key_End:
+        // The grid then moves to the last row of the whole view, not of the pages read.
+        modelo_->IrAlFinal();
+        return false;
       default:
         return false;
     }
@@ -353,15 +357,29 @@ void Navegador::Ordenar(int columna) {
   Estado();
 }
 
+// Only the cells of numeric columns add up; every selected cell counts. Run at each change of
+// the selection and at each load, so that a search that finds nothing clears the panel.
 void Navegador::MostrarSuma() {
+  const QItemSelection seleccion = fg1_->selectionModel()->selection();
   qint64 celdas = 0;
-  for (const QItemSelectionRange& rango : fg1_->selectionModel()->selection()) {
-    celdas += static_cast<qint64>(rango.width()) * rango.height();
+  for (const QItemSelectionRange& rango : seleccion) {
+    for (int c = rango.left(); c <= rango.right(); ++c) {
+      if (!fg1_->isColumnHidden(c)) celdas += rango.height();
+    }
   }
   std::vector<double> valores;
-  if (celdas <= mBrowse::kMaximoCeldas) {
-    for (const QModelIndex& i : fg1_->selectionModel()->selectedIndexes()) {
-      valores.push_back(mFunciones::ValorNumerico(modelo_->Valor(i.row(), i.column())));
+  for (const QItemSelectionRange& rango : seleccion) {
+    if (celdas > mBrowse::kMaximoCeldas) break;
+    modelo_->AsegurarFilas(rango.top(), rango.bottom());
+    for (int c = rango.left(); c <= rango.right(); ++c) {
+      const mBrowse::ColumnaVista& columna = modelo_->columnas()[c];
+      if (fg1_->isColumnHidden(c) ||
+          mBrowse::TipoDe(columna.tipo) != mBrowse::TipoColumna::kNumero) {
+        continue;
+      }
+      for (int f = rango.top(); f <= rango.bottom(); ++f) {
+        valores.push_back(mFunciones::ValorNumerico(modelo_->Valor(f, c)));
+      }
     }
   }
   const QString texto = mBrowse::SumaSeleccion(valores, celdas);
@@ -374,6 +392,9 @@ void Navegador::MostrarSuma() {
 void Navegador::Copiar() {
   const QModelIndexList celdas = fg1_->selectionModel()->selectedIndexes();
   if (celdas.isEmpty()) return;
+  for (const QItemSelectionRange& rango : fg1_->selectionModel()->selection()) {
+    modelo_->AsegurarFilas(rango.top(), rango.bottom());
+  }
   if (celdas.size() == 1) {
     QApplication::clipboard()->setText(celdas.front().data().toString());
     return;

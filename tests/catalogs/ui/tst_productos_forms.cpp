@@ -6,8 +6,10 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QSqlQuery>
 #include <QTest>
 
+#include "catalogs/demo_company.h"
 #include "catalogs/ui/frm_marcas.h"
 #include "catalogs/ui/frm_productos_a.h"
 #include "catalogs/ui/frm_productos_c.h"
@@ -17,6 +19,8 @@
 #include "catalogs/ui/mdi_inicio_cambiar.h"
 #include "catalogs/ui/pantallas_prueba.h"
 #include "core/database.h"
+#include "core/mFunciones_valores.h"
+#include "core/session_load.h"
 #include "core/ui/form_registry.h"
 #include "support/document_rows.h"
 #include "support/modal_catcher.h"
@@ -206,6 +210,35 @@ class TestProductosForms : public QObject {
     QCOMPARE(recorrido.join(u' '),
              u"Producto Descripcion Unidad Marca Linea Ubicacion Zona Codigo1 Codigo2 Codigo3 "
              "Moneda pt Precio Impuesto Costo Venta Comision Descuento Min Max"_s);
+  }
+
+  // A demo product whose first level was left at 2 decimals by its brand: that level's net price
+  // is Precio neto, a new name saved keeps it, and the fifth warehouse's stock shows.
+  void UnPrecioNetoPorNivel() {
+    QFETCH_GLOBAL(QString, engine);
+    testing::TestCompany company(engine, false);
+    if (company.skipped()) QSKIP("VENTARIX_TEST_PG is not set");
+    QVERIFY(company.ok() && CrearEmpresaDemo(company.path()).ok);
+    Session s = company.MakeSession();
+    CargarEmpresa(s);
+    Connection c(s.Cadena);
+    QSqlQuery q = c.Exec(
+        u"select codigo from productos where "_s
+        u"abs(precio1 - costo * (1 + utilidad1 / 100)) > 0.0001 order by codigo"_s);
+    QVERIFY(q.next());
+    s.RegistroActual = q.value(0).toString();
+    const double precio1 = Columna(s, u"precio1"_s, s.RegistroActual).toDouble();
+    FrmProductosC cambio(s);
+    QVERIFY(Mostrar(cambio));
+    auto* fg1 = cambio.findChild<GridNiveles*>(u"Fg1"_s);
+    QCOMPARE(fg1->PrecioSinImpuesto(0), precio1);
+    QCOMPARE(fg1->PrecioConImpuesto(0), mFunciones::ValorNumerico(Texto(cambio, u"Precio"_s)));
+    QCOMPARE(mFunciones::ValorNumerico(Texto(cambio, u"Almacen5"_s)),
+             Columna(s, u"almacen5"_s, s.RegistroActual).toDouble());
+    testing::SaveShot(&cambio, u"frm_productos_c_demo"_s);
+    Teclear(u"tornillo de prueba"_s);
+    testing::Guardar(cambio);
+    QCOMPARE(Columna(s, u"precio1"_s, s.RegistroActual).toDouble(), precio1);
   }
 
   // The change screen opens on the product, with its code fixed and, for a clerk barred from

@@ -1,12 +1,18 @@
 // The grid browser as a clerk uses it on the demo shop: searching clients with F4, sorting,
 // summing selected balances, finding the saved view again the next day, and the rights and
 // password checks in front of the add screen.
+#include <QAbstractItemModelTester>
 #include <QApplication>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QSettings>
 #include <QSqlQuery>
+#include <QStandardPaths>
 #include <QTableView>
 #include <QTableWidget>
+#include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
 
@@ -16,6 +22,7 @@
 #include "core/session_load.h"
 #include "core/ui/browse_model.h"
 #include "core/ui/form_registry.h"
+#include "core/ui/mdi_inicio.h"
 #include "core/ui/navegador.h"
 #include "support/modal_catcher.h"
 #include "support/test_company.h"
@@ -67,6 +74,11 @@ QStringList Columna(const Navegador& navegador, const QString& nombre) {
   return valores;
 }
 
+QString Titulo(const Navegador* navegador, const QString& columna) {
+  const ModeloVista* modelo = navegador->modelo();
+  return modelo->headerData(modelo->ColumnaDe(columna), Qt::Horizontal).toString();
+}
+
 }  // namespace
 
 #define VENTARIX_DEMO(var) \
@@ -78,6 +90,10 @@ class TestNavegador : public QObject {
 
  private slots:
   void initTestCase_data() { testing::AddEngineRows(); }
+  void initTestCase() {
+    QStandardPaths::setTestModeEnabled(true);
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, settings_.path());
+  }
 
   void BuscarOrdenarSumarYVolver() {
     VENTARIX_DEMO(company);
@@ -153,6 +169,17 @@ class TestNavegador : public QObject {
     QVERIFY(otra.modelo()->consulta().orden.front().descendente);
     QCOMPARE(otra.grid()->currentIndex().row(), 4);
     QCOMPARE(otra.modelo()->Valor(4, columna_nombre).toString(), quinto);
+
+    // RFCs are text: counted, never added. A search that finds nothing clears the panel.
+    const QModelIndex rfc = otra.modelo()->index(0, otra.modelo()->ColumnaDe(u"rfc"_s));
+    QTest::mouseClick(otra.grid()->viewport(), Qt::LeftButton, {},
+                      otra.grid()->visualRect(rfc).center());
+    QTest::keyClick(otra.grid(), Qt::Key_Down, Qt::ShiftModifier);
+    QCOMPARE(otra.property("suma").toString(), u"Celdas = 2"_s);
+    ModalCatcher catcher({{u"NADIE SE LLAMA ASI"_s}});
+    QTest::keyClick(otra.grid(), Qt::Key_F4);
+    QTRY_COMPARE(otra.modelo()->rowCount(), 0);
+    QCOMPARE(otra.property("suma").toString(), QString());
   }
 
   // A clerk without the add right is told so; with the right, a view that guards the add
@@ -253,6 +280,71 @@ class TestNavegador : public QObject {
     QCOMPARE(session.RegistroActual, navegador.modelo()->Valor(0, 0).toString());
   }
 
+  // Ctrl+End on 3,000 invoices lands on the last one at once, reading its page alone; the
+  // rows between arrive in key order when read, and Ctrl+Home goes back to the first.
+  void CtrlFinYCtrlInicio() {
+    VENTARIX_COMPANY_CONNECTION(company, c);
+    QVERIFY(testing::Escribir(
+        c,
+        u"insert into facturas (factura, serie, folio, fecha, periodo, status, usuario, equipo, "
+        u"cliente, tienda, esquema, metodo, ingreso) with recursive s(g) as (select 1 union all "
+        u"select g + 1 from s where g < 3000) select 'A-' || g, 'A', g, current_timestamp, 2025, "
+        u"'BAJA', 'PRUEBAS', 'PRUEBAS', 1, 1, 'CFDI', 1, 1 from s"_s));
+    QStringList facturas;
+    for (QSqlQuery q = c.Exec(u"select factura from facturas order by factura"_s); q.next();) {
+      facturas << q.value(0).toString();
+    }
+    Session session = company.MakeSession();
+    session.AnoAMostrar = 2025;
+    FormRegistry registry;
+    Navegador navegador(session, *mBrowse::FamiliaDeForma(u"FrmFacturas"_s), registry);
+    ModeloVista* modelo = navegador.modelo();
+    QAbstractItemModelTester tester(modelo, QAbstractItemModelTester::FailureReportingMode::QtTest);
+    navegador.show();
+    const qint64 leidas = modelo->leidas();
+    QTest::keyClick(navegador.grid(), Qt::Key_End, Qt::ControlModifier);
+    QCOMPARE(navegador.grid()->currentIndex().row(), 2999);
+    QCOMPARE(modelo->leidas() - leidas, ModeloVista::kPagina);
+    modelo->AsegurarFilas(0, 2999);
+    QCOMPARE(Columna(navegador, u"factura"_s), facturas);
+    QTest::keyClick(navegador.grid(), Qt::Key_Home, Qt::ControlModifier);
+    QCOMPARE(navegador.grid()->currentIndex().row(), 0);
+  }
+
+  // The products fill the main window's work area, with Spanish captions and whole names, and
+  // open again at the size left; the folio ranges' used folios stand by the key, as numbers.
+  void VentanaAMedidaDelTrabajo() {
+    VENTARIX_DEMO(company);
+    QSettings(u"Ventarix"_s, u"TVik"_s).remove(u"Navegadores"_s);
+    Session session = Sesion(*company, u"ADMINISTRADOR"_s);
+    FormRegistry registry;
+    RegistrarNavegadores(registry);
+    MDIInicio principal(session, registry);
+    principal.show();
+    principal.Abrir(u"FrmProductos"_s);
+    auto* productos = qobject_cast<Navegador*>(principal.FormaActiva());
+    QMdiSubWindow* ventana = principal.area()->currentSubWindow();
+    QCOMPARE(ventana->geometry(), principal.area()->viewport()->rect());
+    QCOMPARE(Titulo(productos, u"ultimo costo"_s), u"Último costo"_s);
+    const int producto = productos->modelo()->ColumnaDe(u"producto"_s);
+    for (const QString& nombre : Columna(*productos, u"producto"_s).mid(0, 100))
+      QVERIFY(productos->fontMetrics().horizontalAdvance(nombre) <
+              productos->grid()->columnWidth(producto));
+    testing::SaveShot(&principal, u"navegador_productos_mdi"_s);
+    ventana->resize(700, 400);
+    ventana->close();
+    principal.Abrir(u"FrmProductos"_s);
+    QCOMPARE(principal.area()->currentSubWindow()->size(), QSize(700, 400));
+    principal.Abrir(u"FrmFoliosFacturas"_s);
+    auto* folios = qobject_cast<Navegador*>(principal.FormaActiva());
+    QCOMPARE(Titulo(folios, u"anoaprobacion"_s), u"Año aprobación"_s);
+    const QModelIndex ocupados =
+        folios->modelo()->index(0, folios->modelo()->ColumnaDe(u"ocupados"_s));
+    QVERIFY(ocupados.column() == 3 &&
+            ocupados.data(Qt::TextAlignmentRole).toInt() & Qt::AlignRight);
+    testing::SaveShot(&principal, u"navegador_folios_mdi"_s);
+  }
+
   // The count guard: exactly 200,000 rows are all shown; one more and the grid stops there.
   void LimiteDeFilas() {
     QFETCH_GLOBAL(QString, engine);
@@ -290,6 +382,9 @@ class TestNavegador : public QObject {
     QCOMPARE(modelo.Valor(199999, 0).toInt(), 200000);
     QVERIFY(!modelo.canFetchMore());
   }
+
+ private:
+  QTemporaryDir settings_;
 };
 
 QTEST_MAIN(TestNavegador)
