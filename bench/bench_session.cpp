@@ -14,12 +14,12 @@
 #include <QTemporaryDir>
 #include <QTextStream>
 
-#include "catalogs/demo_company.h"
 #include "core/company_database.h"
 #include "core/database.h"
 #include "core/session.h"
 #include "core/session_load.h"
 #include "core/startup.h"
+#include "demo/demo_company.h"
 
 using namespace ventarix;
 

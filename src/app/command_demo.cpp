@@ -3,9 +3,9 @@
 #include <QStringList>
 
 #include "app/commands.h"
-#include "catalogs/demo_company.h"
 #include "core/company_database.h"
 #include "core/database.h"
+#include "demo/demo_company.h"
 
 namespace ventarix::app {
 

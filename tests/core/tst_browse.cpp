@@ -5,13 +5,13 @@
 #include <QSqlQuery>
 #include <QTest>
 
-#include "catalogs/demo_company.h"
 #include "core/browse_families.h"
 #include "core/browse_filter.h"
 #include "core/browse_format.h"
 #include "core/browse_query.h"
 #include "core/mBrowse.h"
 #include "core/passwords.h"
+#include "demo/demo_company.h"
 #include "support/document_rows.h"
 #include "support/test_company.h"
 

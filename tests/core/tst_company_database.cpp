@@ -7,12 +7,12 @@
 #include <QSqlQuery>
 #include <QTest>
 
-#include "catalogs/demo_company.h"
 #include "core/company_database.h"
 #include "core/ddl.h"
 #include "core/dialect.h"
 #include "core/schema.h"
 #include "core/structure_catalog.h"
+#include "demo/demo_company.h"
 #include "support/test_company.h"
 
 using namespace ventarix;

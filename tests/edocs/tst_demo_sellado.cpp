@@ -5,9 +5,9 @@
 #include <QSqlQuery>
 #include <QTest>
 
-#include "catalogs/demo_company.h"
 #include "core/database.h"
 #include "core/session_load.h"
+#include "demo/demo_company.h"
 #include "edocs/empresa_sellado.h"
 #include "edocs/herramientas.h"
 #include "edocs/mDigital.h"

@@ -4,7 +4,7 @@
 
 #include <QTest>
 
-#include "catalogs/demo_company.h"
+#include "demo/demo_company.h"
 #include "support/test_company.h"
 
 namespace ventarix::testing {

@@ -5,9 +5,9 @@
 #include <QString>
 #include <QTemporaryDir>
 
-#include "catalogs/demo_company.h"
 #include "core/database.h"
 #include "core/session.h"
+#include "demo/demo_company.h"
 #include "support/escribir.h"
 
 namespace ventarix::testing {

@@ -9,9 +9,7 @@
 #include <QInputDialog>
 #include <QStandardPaths>
 
-#include "catalogs/demo_company.h"
 #include "core/company_database.h"
-
 #include "core/inicio.h"
 #include "core/startup.h"
 #include "core/ui/desktop_flow.h"
@@ -20,6 +18,7 @@
 #include "core/ui/mdi_inicio_entrada.h"
 #include "core/ui/message_box.h"
 #include "core/ui/traducciones.h"
+#include "demo/demo_company.h"
 
 namespace ventarix {
 

@@ -9,7 +9,6 @@
 #include <QSqlQuery>
 #include <QTest>
 
-#include "catalogs/demo_company.h"
 #include "catalogs/ui/frm_marcas.h"
 #include "catalogs/ui/frm_productos_a.h"
 #include "catalogs/ui/frm_productos_c.h"
@@ -22,6 +21,7 @@
 #include "core/mFunciones_valores.h"
 #include "core/session_load.h"
 #include "core/ui/form_registry.h"
+#include "demo/demo_company.h"
 #include "support/document_rows.h"
 #include "support/modal_catcher.h"
 #include "support/test_company.h"

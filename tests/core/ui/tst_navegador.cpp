@@ -16,7 +16,6 @@
 #include <QTest>
 #include <QTimer>
 
-#include "catalogs/demo_company.h"
 #include "core/mBrowse.h"
 #include "core/passwords.h"
 #include "core/session_load.h"
@@ -24,6 +23,7 @@
 #include "core/ui/form_registry.h"
 #include "core/ui/mdi_inicio.h"
 #include "core/ui/navegador.h"
+#include "demo/demo_company.h"
 #include "support/modal_catcher.h"
 #include "support/test_company.h"
 

@@ -5,7 +5,7 @@
 #include <QString>
 #include <QStringList>
 
-#include "catalogs/demo_tables.h"
+#include "demo/demo_tables.h"
 
 // Agents, clients and suppliers with complete fiscal addresses: what invoices are made for.
 namespace ventarix::demo {

@@ -3,7 +3,7 @@
 #include <QString>
 #include <QStringList>
 
-#include "catalogs/demo_tables.h"
+#include "demo/demo_tables.h"
 
 // The company row and the small lists every screen reads: payment methods, client types,
 // default series, banks.

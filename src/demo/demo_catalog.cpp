@@ -1,4 +1,4 @@
-#include "catalogs/demo_catalog.h"
+#include "demo/demo_catalog.h"
 
 namespace ventarix::demo {
 

@@ -2,8 +2,8 @@
 
 #include <QString>
 
-#include "catalogs/demo_rows.h"
 #include "core/database.h"
+#include "demo/demo_rows.h"
 
 // The demo company, table by table. Each writer adds its rows on the open transaction and
 // returns false with *error set when a row is refused.

@@ -1,9 +1,9 @@
 #include <QFile>
 #include <QString>
 
-#include "catalogs/demo_tables.h"
 #include "core/datos_instalacion.h"
 #include "core/dialect.h"
+#include "demo/demo_tables.h"
 #include "edocs/certificado.h"
 
 // The shop's electronic documents: one CFDi range for invoices and one for credit notes, both

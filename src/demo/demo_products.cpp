@@ -4,9 +4,9 @@
 #include <QPair>
 #include <QString>
 
-#include "catalogs/demo_catalog.h"
-#include "catalogs/demo_tables.h"
 #include "core/dialect.h"
+#include "demo/demo_catalog.h"
+#include "demo/demo_tables.h"
 
 // Lines, brands and the products of the demo shop. Prices follow the company's arithmetic
 // rule from each product's cost and its brand's margins, as a brand recalculation leaves

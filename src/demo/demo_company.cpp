@@ -1,11 +1,11 @@
-#include "catalogs/demo_company.h"
+#include "demo/demo_company.h"
 
 #include <memory>
 
-#include "catalogs/demo_tables.h"
 #include "core/company_database.h"
 #include "core/company_tables.h"
 #include "core/database.h"
+#include "demo/demo_tables.h"
 
 namespace ventarix {
 

@@ -1,8 +1,8 @@
 #include <QDate>
 #include <QString>
 
-#include "catalogs/demo_tables.h"
 #include "core/dialect.h"
+#include "demo/demo_tables.h"
 #include "documents/mSaldos.h"
 
 // The demo shop's stock does not come from nowhere: one opening count per warehouse, an

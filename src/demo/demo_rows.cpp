@@ -1,4 +1,4 @@
-#include "catalogs/demo_rows.h"
+#include "demo/demo_rows.h"
 
 #include <cmath>
 #include <cstring>

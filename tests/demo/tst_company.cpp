@@ -5,11 +5,11 @@
 #include <QSqlQuery>
 #include <QTest>
 
-#include "catalogs/demo_company.h"
 #include "core/company_database.h"
 #include "core/dialect.h"
 #include "core/session_load.h"
 #include "core/startup.h"
+#include "demo/demo_company.h"
 #include "documents/mInventario.h"
 #include "edocs/llave_privada.h"
 #include "support/empresa_demo.h"
@@ -315,4 +315,4 @@ class TestDemoCompany : public QObject {
 };
 
 QTEST_GUILESS_MAIN(TestDemoCompany)
-#include "tst_demo_company.moc"
+#include "tst_company.moc"
