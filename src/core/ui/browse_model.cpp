@@ -204,6 +204,17 @@ int ModeloVista::ReemplazarFila(const QVariantList& valores) {
   return fila;
 }
 
+void ModeloVista::QuitarFila(int fila) {
+  if (fila < 0 || fila >= rowCount()) return;
+  beginRemoveRows({}, fila, fila);
+  filas_.erase(filas_.begin() + fila);
+  --limite_;
+  --filas_totales_;
+  // The rows asked for below it moved up by one: they are asked for again when shown.
+  pedidas_.clear();
+  endRemoveRows();
+}
+
 int ModeloVista::BuscarFila(int columna, const QVariant& valor) const {
   const QString buscado = valor.toString();
   for (size_t i = 0; i < filas_.size(); ++i) {

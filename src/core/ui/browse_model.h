@@ -57,6 +57,8 @@ class ModeloVista : public QAbstractTableModel {
   // Puts the row in place of the loaded one with the same key, or adds it at the end; returns
   // its row number.
   int ReemplazarFila(const QVariantList& valores);
+  // Takes a row out (a record deleted for good).
+  void QuitarFila(int fila);
   // The first loaded row whose column holds the value, or -1.
   int BuscarFila(int columna, const QVariant& valor) const;
 

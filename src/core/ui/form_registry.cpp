@@ -10,6 +10,7 @@
 #include "core/ui/navegador.h"
 #include "core/ui/pantalla_pendiente.h"
 #include "core/ui/usuarios_registro.h"
+#include "documents/ui/bajas_registro.h"
 #include "edocs/ui/folios_registro.h"
 #include "edocs/ui/rpt_informe.h"
 #include "maintenance/ui/mdi_inicio_manto.h"
@@ -22,10 +23,21 @@ QWidget* FormRegistry::Create(const QString& name, Session& session) const {
   return (*found)(session);
 }
 
+QStringList FormRegistry::Actuar(const QString& name, Session& session, const QString& tabla,
+                                 const QStringList& llaves, QWidget* parent) const {
+  const auto found = acciones_.constFind(name);
+  if (found != acciones_.constEnd() && *found) return (*found)(session, tabla, llaves, parent);
+  auto* pendiente = new PantallaPendiente(name);
+  pendiente->setAttribute(Qt::WA_DeleteOnClose);
+  pendiente->show();
+  return {};
+}
+
 void RegistrarFormularios(FormRegistry& registry) {
   registry.Add(QStringLiteral("MDIInicioAutorizacion"),
                [](Session& session) { return new MDIInicioAutorizacion(session); });
   RegistrarNavegadores(registry);
+  RegistrarBajas(registry);
   RegistrarUsuarios(registry);
   RegistrarSocios(registry);
   RegistrarProductos(registry);

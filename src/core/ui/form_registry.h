@@ -4,6 +4,7 @@
 
 #include <QHash>
 #include <QString>
+#include <QStringList>
 
 #include "core/session.h"
 
@@ -26,8 +27,18 @@ class FormRegistry {
   // The screen for the name, or the not-available notice.
   QWidget* Create(const QString& name, Session& session) const;
 
+  // A screen that acts on records a browser hands it (cancel, delete): the browse's table and
+  // the keys of its selected rows. It runs over `parent` and returns the keys it acted on.
+  using Accion = std::function<QStringList(Session& session, const QString& tabla,
+                                           const QStringList& llaves, QWidget* parent)>;
+  void AddAccion(const QString& name, Accion accion) { acciones_.insert(name, std::move(accion)); }
+  // The keys acted on; a name nobody added shows the not-available notice and acts on none.
+  QStringList Actuar(const QString& name, Session& session, const QString& tabla,
+                     const QStringList& llaves, QWidget* parent) const;
+
  private:
   QHash<QString, Factory> factories_;
+  QHash<QString, Accion> acciones_;
 };
 
 // The screens of every subsystem built so far.

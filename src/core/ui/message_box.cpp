@@ -69,12 +69,19 @@ int Elegir(QWidget* parent, const QString& text, const QStringList& opciones) {
                   parent);
   QList<QPushButton*> botones;
   for (const QString& opcion : opciones) {
-    botones << box.addButton(opcion, opcion == opciones.last() ? QMessageBox::RejectRole
-                                                               : QMessageBox::AcceptRole);
+    botones << box.addButton(
+        opcion, opcion == opciones.last() ? QMessageBox::RejectRole : QMessageBox::AcceptRole);
   }
   if (!botones.isEmpty()) box.setDefaultButton(botones.first());
   box.exec();
   return static_cast<int>(botones.indexOf(qobject_cast<QPushButton*>(box.clickedButton())));
+}
+
+bool Confirmar(QWidget* parent, const QString& titulo, const QString& texto) {
+  QMessageBox box(QMessageBox::Question, titulo, texto,
+                  QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel, parent);
+  box.setDefaultButton(QMessageBox::Yes);
+  return box.exec() == QMessageBox::Yes;
 }
 
 void Inform(QWidget* parent, const QString& text, MessageIcon icon) {

@@ -32,6 +32,9 @@ QMessageBox::StandardButton Ask(QWidget* parent, const QString& text,
 // A question whose answers are the given captions (with their "&" letters), the last one the
 // answer of Esc; returns the index of the one chosen.
 int Elegir(QWidget* parent, const QString& text, const QStringList& opciones);
+// One of a row of confirmations under its own title, with Yes, No and Cancel: true only for
+// Yes.
+bool Confirmar(QWidget* parent, const QString& titulo, const QString& texto);
 // A message with an OK button.
 void Inform(QWidget* parent, const QString& text, MessageIcon icon = MessageIcon::kInformation);
 

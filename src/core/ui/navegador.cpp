@@ -209,12 +209,20 @@ void Navegador::RefrescarFila(const QString& llave) {
   fg1_->setCurrentIndex(modelo_->index(fila, qMax(0, fg1_->currentIndex().column())));
 }
 
+void Navegador::QuitarFila(const QString& llave) {
+  const int columna = modelo_->ColumnaDe(QString::fromUtf8(familia_.llave.front()));
+  if (columna >= 0) modelo_->QuitarFila(modelo_->BuscarFila(columna, llave));
+}
+
 bool Navegador::BuscarEnFila(const QString& columna, const QVariant& valor) {
   const int indice = modelo_->ColumnaDe(columna);
   if (indice < 0) return false;
   const int fila = modelo_->BuscarFila(indice, valor);
   if (fila < 0) return false;
-  fg1_->setCurrentIndex(modelo_->index(fila, qMax(0, fg1_->currentIndex().column())));
+  // The row found is the selection too, whatever keys are held: the next <Del> takes it alone.
+  fg1_->selectionModel()->setCurrentIndex(
+      modelo_->index(fila, qMax(0, fg1_->currentIndex().column())),
+      QItemSelectionModel::ClearAndSelect);
   return true;
 }
 

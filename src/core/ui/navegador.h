@@ -67,6 +67,10 @@ class Navegador : public QWidget {
   void ModoPrecios();
   void Predeterminar();
   void Cancelar();
+  void Borrar();
+  void DarDeBajaOBorrar(const QString& forma, bool borrar);
+  QStringList LlavesSeleccionadas() const;
+  void QuitarFila(const QString& llave);
   void Imprimir();
   void Formato();
   void Copiar();

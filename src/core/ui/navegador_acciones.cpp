@@ -123,6 +123,9 @@ bool Navegador::Tecla(QKeyEvent* event) {
       case Qt::Key_D:
         Predeterminar();
         return true;
+      case Qt::Key_Delete:
+        Borrar();
+        return true;
       case Qt::Key_End:
         // The grid then moves to the last row of the whole view, not of the pages read.
         modelo_->IrAlFinal();
@@ -277,7 +280,14 @@ void Navegador::Recargar() {
   CargarVista();
 }
 
-void Navegador::Cancelar() {
+void Navegador::Cancelar() { DarDeBajaOBorrar(QStringLiteral("MDIInicioBajas"), false); }
+
+void Navegador::Borrar() { DarDeBajaOBorrar(QStringLiteral("MDIInicioBorrar"), true); }
+
+// <Del> cancels and <Ctrl+Del> deletes the selected rows, behind the right "B" and the cancel
+// button's authorization; the screen of the action asks and acts, and the browser then shows
+// the rows cancelled or takes out those deleted. Users keep their own delete screen.
+void Navegador::DarDeBajaOBorrar(const QString& forma, bool borrar) {
   QAction* boton = barra_->findChild<QAction*>(QStringLiteral("Toolbar_3"));
   if (!boton->isEnabled() || !boton->isVisible() || !fg1_->currentIndex().isValid()) return;
   if (familia_.derechos != nullptr) {
@@ -286,9 +296,37 @@ void Navegador::Cancelar() {
     if (!permiso) return ui::ShowOutcome(this, session_, permiso);
   }
   if (!Autorizar(3)) return;
-  session_.RegistroActual = LlaveActual();
-  AbrirForma(familia_.derechos == nullptr ? QStringLiteral("FrmUsuariosB")
-                                          : QStringLiteral("MDIInicioBajas"));
+  if (familia_.derechos == nullptr) {
+    session_.RegistroActual = LlaveActual();
+    return AbrirForma(QStringLiteral("FrmUsuariosB"));
+  }
+  const QString columna = QString::fromUtf8(familia_.llave.front());
+  if (modelo_->ColumnaDe(columna) < 0) {
+    return ui::Inform(this, QStringLiteral("No se encuentra la columna [") + columna + u']',
+                      MessageIcon::kStop);
+  }
+  const QStringList hechas = registry_.Actuar(forma, session_, QString::fromUtf8(familia_.titulo),
+                                              LlavesSeleccionadas(), this);
+  for (const QString& llave : hechas) borrar ? QuitarFila(llave) : RefrescarFila(llave);
+}
+
+// The keys of the selection's rows, from its first row to its last, or of the current row.
+QStringList Navegador::LlavesSeleccionadas() const {
+  const int columna = modelo_->ColumnaDe(QString::fromUtf8(familia_.llave.front()));
+  const QItemSelection seleccion = fg1_->selectionModel()->selection();
+  int primera = seleccion.isEmpty() ? fg1_->currentIndex().row() : INT_MAX;
+  int ultima = seleccion.isEmpty() ? primera : -1;
+  for (const QItemSelectionRange& rango : seleccion) {
+    primera = qMin(primera, rango.top());
+    ultima = qMax(ultima, rango.bottom());
+  }
+  modelo_->AsegurarFilas(primera, ultima);
+  QStringList llaves;
+  for (int fila = primera; fila <= ultima; ++fila) {
+    const QString llave = modelo_->Valor(fila, columna).toString().trimmed();
+    if (!llave.isEmpty() && !llaves.contains(llave)) llaves << llave;
+  }
+  return llaves;
 }
 
 void Navegador::Imprimir() {
