@@ -24,7 +24,8 @@ bool EscribirTodo(Connection& c, QString* error) {
          demo::EscribirProductos(c, dice, error) &&
          demo::EscribirProductoTerminado(c, dice, error) &&
          demo::EscribirClientesUtilidades(c, error) && demo::EscribirPreciosPorCliente(c, error) &&
-         demo::EscribirInventarioInicial(c, error) && demo::EscribirFolios(c, error);
+         demo::EscribirInventarioInicial(c, error) && demo::EscribirFolios(c, error) &&
+         demo::EscribirHistoria(c, dice, error);
 }
 
 }  // namespace

@@ -107,23 +107,35 @@ bool EscribirTipos(Connection& c, QString* error) {
 }
 
 // The default serie of each document family, as the session load reads them.
+namespace {
+
+struct Serie {
+  const char *documento, *serie, *nombre;
+};
+constexpr Serie kSeries[] = {{"ordenescompra", "OC", "ÓRDENES DE COMPRA"},
+                             {"compras", "A", "COMPRAS"},
+                             {"licitaciones", "LI", "LICITACIONES"},
+                             {"contrarecibos", "CR", "CONTRARRECIBOS"},
+                             {"cotizaciones", "C", "COTIZACIONES"},
+                             {"pedidos", "P", "PEDIDOS"},
+                             {"remisiones", "R", "REMISIONES"},
+                             {"produccion", "PR", "PRODUCCIÓN"},
+                             {"traspasos", "TR", "TRASPASOS"},
+                             {"cxc", "CC", "COBRANZA"},
+                             {"cxp", "CP", "PAGOS A PROVEEDORES"},
+                             {"ncp", "NP", "NOTAS DE PROVEEDOR"},
+                             {"ajustes", "AJ", "AJUSTES DE INVENTARIO"}};
+
+}  // namespace
+
+QString SerieDe(const char* documento) {
+  for (const Serie& s : kSeries) {
+    if (qstrcmp(s.documento, documento) == 0) return Texto(s.serie);
+  }
+  return {};
+}
+
 bool EscribirSeries(Connection& c, QString* error) {
-  struct Serie {
-    const char *documento, *serie, *nombre;
-  };
-  static const Serie kSeries[] = {{"ordenescompra", "OC", "ÓRDENES DE COMPRA"},
-                                  {"compras", "A", "COMPRAS"},
-                                  {"licitaciones", "LI", "LICITACIONES"},
-                                  {"contrarecibos", "CR", "CONTRARRECIBOS"},
-                                  {"cotizaciones", "C", "COTIZACIONES"},
-                                  {"pedidos", "P", "PEDIDOS"},
-                                  {"remisiones", "R", "REMISIONES"},
-                                  {"produccion", "PR", "PRODUCCIÓN"},
-                                  {"traspasos", "TR", "TRASPASOS"},
-                                  {"cxc", "CC", "COBRANZA"},
-                                  {"cxp", "CP", "PAGOS A PROVEEDORES"},
-                                  {"ncp", "NP", "NOTAS DE PROVEEDOR"},
-                                  {"ajustes", "AJ", "AJUSTES DE INVENTARIO"}};
   RowWriter writer(c, QStringLiteral("series"));
   for (const Serie& s : kSeries) {
     const Fila row{

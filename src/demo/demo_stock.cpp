@@ -46,7 +46,7 @@ bool EscribirAjuste(Connection& c, int almacen, const QDate& fecha, QString* err
 }  // namespace
 
 bool EscribirInventarioInicial(Connection& c, QString* error) {
-  const QDate fecha(QDate::currentDate().year(), 1, 2);
+  const QDate fecha = PrimerDiaDeHistoria().addDays(-1);
   for (int almacen = 1; almacen <= 5; ++almacen) {
     if (!EscribirAjuste(c, almacen, fecha, error)) return false;
   }

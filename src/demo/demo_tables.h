@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QDate>
 #include <QString>
 
 #include "core/database.h"
@@ -16,12 +17,18 @@ inline constexpr int kMetodos = 6;
 inline constexpr int kBancos = 4;
 inline constexpr int kClientes = 60;
 inline constexpr int kProveedores = 10;
+// The shop's history: the working days (Monday to Saturday) up to the day the demo is made.
+// The opening counts are taken the day before the first of them.
+inline constexpr int kDiasDeHistoria = 130;
+QDate PrimerDiaDeHistoria();
 
 // The company's settings put prices at cost * (1 + margin / 100).
 bool EscribirEmpresa(Connection& c, QString* error);
 bool EscribirMetodos(Connection& c, QString* error);
 bool EscribirTipos(Connection& c, QString* error);
 bool EscribirSeries(Connection& c, QString* error);
+// The serie the demo gives a document family ("remisiones" gives "R").
+QString SerieDe(const char* documento);
 bool EscribirBancos(Connection& c, QString* error);
 
 bool EscribirAgentes(Connection& c, QString* error);
@@ -38,5 +45,8 @@ bool EscribirPreciosPorCliente(Connection& c, QString* error);
 bool EscribirInventarioInicial(Connection& c, QString* error);
 // One CFDi range of invoices and one of credit notes, default, with the test certificate.
 bool EscribirFolios(Connection& c, QString* error);
+// Delivery notes, quotations and orders of the last months, saved as the capture screens save
+// them; some cancelled, orders delivered in full or in part.
+bool EscribirHistoria(Connection& c, Dice& dice, QString* error);
 
 }  // namespace ventarix::demo

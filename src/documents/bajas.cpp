@@ -59,16 +59,35 @@ Outcome Baja(const Session& session, Connection& c, const Clase& k, const QStrin
 
 }  // namespace
 
-Outcome DarDeBaja(const Session& session, const QString& clase, const QString& llave,
-                  const QString& motivo) {
-  const Clase* k = Buscar(clase);
+namespace {
+
+// The refusals before the record is read: the kind, the right, the reason.
+Outcome Admitir(const Session& session, const Clase* k, const QString& clase,
+                const QString& razon) {
   if (!k) return Outcome::Stop(u"No se conoce la clase de registro "_s + clase);
   if (Outcome o = mFunciones::TienePermiso(session, k->derechos, u"B"_s); !o) return o;
-  const QString razon = motivo.trimmed();
   if (!k->catalogo && razon.isEmpty()) {
     return Outcome::Warning(u"Se requiere la entrada de un motivo de baja"_s, u"Motivo"_s);
   }
+  return Outcome::Ok();
+}
+
+}  // namespace
+
+Outcome DarDeBaja(const Session& session, const QString& clase, const QString& llave,
+                  const QString& motivo) {
+  const Clase* k = Buscar(clase);
+  const QString razon = motivo.trimmed();
+  if (Outcome o = Admitir(session, k, clase, razon); !o) return o;
   return EnTransaccion(session, [&](Connection& c) { return Baja(session, c, *k, llave, razon); });
+}
+
+Outcome DarDeBaja(const Session& session, Connection& c, const QString& clase, const QString& llave,
+                  const QString& motivo) {
+  const Clase* k = Buscar(clase);
+  const QString razon = motivo.trimmed();
+  if (Outcome o = Admitir(session, k, clase, razon); !o) return o;
+  return Baja(session, c, *k, llave, razon);
 }
 
 Outcome ClasesConLlave(const Session& session, const QString& llave, QStringList* clases) {

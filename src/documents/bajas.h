@@ -5,6 +5,7 @@
 #include <QString>
 #include <QStringList>
 
+#include "core/database.h"
 #include "core/outcome.h"
 #include "core/session.h"
 
@@ -39,6 +40,9 @@ std::optional<Avisos> AvisosDe(Accion accion, const QString& clase);
 // found, one already cancelled (a warning), the kind's blocking checks (their message followed
 // by the key found), and for a purchase the stock it brought that is already gone.
 Outcome DarDeBaja(const Session& session, const QString& clase, const QString& llave,
+                  const QString& motivo);
+// The same inside a transaction the caller holds on `c`; nothing is committed.
+Outcome DarDeBaja(const Session& session, Connection& c, const QString& clase, const QString& llave,
                   const QString& motivo);
 
 // Deletes the record for good. Refusals: the right "B", a record not found, the kind's

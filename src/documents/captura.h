@@ -93,6 +93,10 @@ Outcome RevisarDocumento(const Session& session, const FamiliaCaptura& familia,
 // at this moment (another workstation saving the same serie waits for its turn, and a key
 // already taken moves on to the next folio). Sets the family's current-document variable.
 Guardado GuardarDocumento(Session& session, const FamiliaCaptura& familia, Documento documento);
+// The same inside a transaction the caller holds on `c` (a batch of documents saved as one);
+// nothing is committed, and the session's current-document variable stays.
+Guardado GuardarDocumento(const Session& session, Connection& c, const FamiliaCaptura& familia,
+                          Documento documento);
 
 // The rows of a document as the change screen shows them, and the header, by column name.
 struct Leido {

@@ -221,6 +221,15 @@ Guardado GuardarDocumento(Session& session, const FamiliaCaptura& f, Documento d
   if (!c.ok()) return {Outcome::Stop(c.error()), {}};
   Transaction t(c);
   if (!t.ok()) return {Outcome::Stop(t.error()), {}};
+  const Guardado g = GuardarDocumento(session, c, f, std::move(d));
+  if (!g.outcome) return g;
+  if (!t.Commit()) return {Outcome::Stop(t.error()), {}};
+  session.*f.actual = g.llave;
+  return g;
+}
+
+Guardado GuardarDocumento(const Session& session, Connection& c, const FamiliaCaptura& f,
+                          Documento d) {
   const bool alta = d.llave.isEmpty();
   if (!d.encabezado.contains(u"fecha"_s)) {
     d.encabezado.insert(u"fecha"_s, mFunciones::FechaServidor(c, session, true));
@@ -266,8 +275,6 @@ Guardado GuardarDocumento(Session& session, const FamiliaCaptura& f, Documento d
   if (f.recalcular) {
     if (Outcome o = f.recalcular(c, g.llave, g.fuentes, alta); !o) return {o, {}};
   }
-  if (!t.Commit()) return {Outcome::Stop(t.error()), {}};
-  session.*f.actual = g.llave;
   return {Outcome::Ok(), g.llave};
 }
 

@@ -281,6 +281,58 @@ class TestDemoCompany : public QObject {
     }
     QVERIFY(!b.next());
     QVERIFY(rows > 0);
+    // The history too: the same documents, with the same figures.
+    const QString historia =
+        u"select (select count(*) || '|' || sum(total) from remisiones) || '|' || "
+        "(select count(*) || '|' || sum(total) from pedidos where status = 'BACKORDER')"_s;
+    QCOMPARE(d.Scalar(historia).toString(), c.Scalar(historia).toString());
+  }
+
+  // The last months as the capture screens would have left them: dates up to today, each
+  // note's total that of its rows, cancelled documents at zero with their reason, and every
+  // order's pending quantities and status those its delivery notes give.
+  void HistoriaDeLosUltimosMeses() {
+    VENTARIX_DEMO(company);
+    const QDate hoy = QDate::currentDate();
+    QSqlQuery q = c.Exec(u"select min(fecha), max(fecha) from remisiones"_s);
+    QVERIFY(q.next());
+    QVERIFY(dialect::ReadDate(q.value(1)).date() <= hoy);
+    QVERIFY(dialect::ReadDate(q.value(1)).date() >= hoy.addDays(-2));
+    QVERIFY(dialect::ReadDate(q.value(0)).date() >= hoy.addDays(-160));
+    q.finish();
+    QCOMPARE(Count(c,
+                   u"select count(*) from remisiones r where abs(r.total - (select "
+                   "coalesce(sum(d.total), 0) from \"remisiones detalles\" d where d.remision = "
+                   "r.remision)) > 0.01"_s),
+             0);
+    QVERIFY(Count(c, u"select count(*) from remisiones where status = 'BAJA'"_s) > 0);
+    QCOMPARE(Count(c,
+                   u"select count(*) from remisiones where status = 'BAJA' and (total <> 0 or "
+                   "\"motivo de baja\" = '')"_s),
+             0);
+    QCOMPARE(Count(c,
+                   u"select count(*) from \"pedidos detalles\" o where o.surtir <> o.cantidad - "
+                   "(select coalesce(sum(d.cantidad), 0) from \"remisiones detalles\" d where "
+                   "d.pedido = o.pedido and d.codigo = o.codigo) and o.pedido in (select pedido "
+                   "from pedidos "
+                   "where status <> 'BAJA')"_s),
+             0);
+    const QString entregado =
+        u"exists (select 1 from \"remisiones detalles\" d where d.pedido = p.pedido)"_s;
+    const QString pendiente =
+        u"exists (select 1 from \"pedidos detalles\" o where o.pedido = p.pedido and "
+        "o.surtir > 0)"_s;
+    for (const auto& [status, regla] :
+         {std::pair{u"SURTIDO"_s, entregado + u" and not "_s + pendiente},
+          std::pair{u"BACKORDER"_s, entregado + u" and "_s + pendiente},
+          std::pair{u"POR SURTIR"_s, u"not "_s + entregado}}) {
+      const int con_status =
+          Count(c, u"select count(*) from pedidos p where status = '"_s + status + u"'"_s);
+      QVERIFY2(con_status > 0, qPrintable(status));
+      QCOMPARE(Count(c, u"select count(*) from pedidos p where status = '"_s + status +
+                            u"' and "_s + regla),
+               con_status);
+    }
   }
 
   // The README's paragraph on the demo counts what the demo holds: each "<n> <rows>" of it
@@ -292,10 +344,17 @@ class TestDemoCompany : public QObject {
     const QString texto = QString::fromUtf8(readme.readAll());
     const qsizetype desde = texto.indexOf(u"**The demo company**"_s);
     const QString parrafo = texto.mid(desde, texto.indexOf(u"\n\n"_s, desde) - desde).simplified();
-    const QStringList tablas = {
-        u"clients clientes"_s, u"agents agentes"_s,          u"suppliers proveedores"_s,
-        u"banks bancos"_s,     u"payment methods metodos"_s, u"brands marcas"_s,
-        u"lines lineas"_s,     u"products productos"_s};
+    const QStringList tablas = {u"clients clientes"_s,
+                                u"agents agentes"_s,
+                                u"suppliers proveedores"_s,
+                                u"banks bancos"_s,
+                                u"payment methods metodos"_s,
+                                u"brands marcas"_s,
+                                u"lines lineas"_s,
+                                u"products productos"_s,
+                                u"delivery notes remisiones"_s,
+                                u"quotations cotizaciones"_s,
+                                u"orders pedidos"_s};
     for (const QString& par : tablas) {
       const QString filas = par.section(u' ', 0, -2), tabla = par.section(u' ', -1);
       const QRegularExpressionMatch m =

@@ -16,6 +16,7 @@
 #include <QTest>
 #include <QTimer>
 
+#include "core/dialect.h"
 #include "core/mBrowse.h"
 #include "core/passwords.h"
 #include "core/session_load.h"
@@ -230,7 +231,9 @@ class TestNavegador : public QObject {
   void FiltrarPorRangoYFecha() {
     VENTARIX_DEMO(company);
     Session session = Sesion(*company, u"ADMINISTRADOR"_s);
-    const QDate dia(QDate::currentDate().year(), 1, 2);
+    Connection c(company->cadena());
+    const QDate dia =
+        dialect::ReadDate(c.Scalar(u"select min(fecha) from \"ajustes de inventario\""_s)).date();
     session.AnoAMostrar = dia.year();
     FormRegistry registry;
     Navegador navegador(session, *mBrowse::FamiliaDeForma(u"FrmAjustes"_s), registry);
