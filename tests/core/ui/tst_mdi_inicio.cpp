@@ -382,7 +382,7 @@ class TestMdiInicio : public QObject {
     QCOMPARE(ventana.Panel(1), u"Listo"_s);
     QVERIFY(startup::LeerEleccion().base_datos.isEmpty());
 
-    const std::array<double, 6> partes = {0.58, 0.06, 0.09, 0.1, 0.05, 0.12};
+    const std::array<double, 6> partes = {0.40, 0.06, 0.09, 0.28, 0.05, 0.12};
     for (int ancho : {1200, 700}) {
       ventana.resize(ancho, 600);
       QApplication::processEvents();
