@@ -51,8 +51,8 @@ QString Asignaciones(const PreciosDeCompra& p, double costo, double impuesto,
 
 std::optional<PrecioHallado> PrecioEspecial(Connection& c, qint32 ClienteActual,
                                             const QString& codigo) {
-  QSqlQuery q =
-      c.Exec(u"select precio from \"productos precios\" where cliente = ? and codigo = ?"_s,
+  QSqlQuery& q =
+      c.ExecRepetida(u"select precio from \"productos precios\" where cliente = ? and codigo = ?"_s,
              {ClienteActual, codigo});
   if (!q.next()) return std::nullopt;
   return PrecioHallado{q.value(0).isNull() ? 0.0 : q.value(0).toDouble(), 0};
@@ -60,7 +60,7 @@ std::optional<PrecioHallado> PrecioEspecial(Connection& c, qint32 ClienteActual,
 
 PrecioHallado PrecioPorCliente(Connection& c, qint32 ClienteActual, const RowValues& producto) {
   const double venta = producto.Number(u"venta"_s);
-  QSqlQuery q = c.Exec(
+  QSqlQuery& q = c.ExecRepetida(
       u"select utilidad, dcto from \"clientes utilidades\" where cliente = ? and marca = ?"_s,
       {ClienteActual, producto.Integer(u"marca"_s)});
   if (!q.next()) {

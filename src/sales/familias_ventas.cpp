@@ -110,16 +110,19 @@ Outcome DatosDePago(const Session& session, Connection& c, Documento* d) {
 Outcome Completar(const Session&, Connection& c, const Documento& d, QVariantMap* p) {
   const QString codigo = Texto(*p, "codigo").toUpper();
   // The exact code first, by its index; the alternate codes only when it is not one.
-  QSqlQuery q = c.Exec(u"select * from productos where codigo = ?"_s, {codigo});
-  if (!q.next()) {
+  RowValues producto;
+  if (QSqlQuery& exacto =
+          c.ExecRepetida(u"select * from productos where codigo = ?"_s, {codigo});
+      exacto.next()) {
+    producto = catalogs::RegistroLeido(exacto);
+  } else {
     const mFunciones::SqlText sql = mFunciones::SqlProducto(codigo);
-    q = c.Exec(sql.text, sql.values);
-    if (!q.next()) {
+    QSqlQuery otro = c.Exec(sql.text, sql.values);
+    if (!otro.next()) {
       return Outcome::Warning(u"Este código no existe en productos\n\n"_s + codigo, u"Fg1"_s);
     }
+    producto = catalogs::RegistroLeido(otro);
   }
-  const RowValues producto = catalogs::RegistroLeido(q);
-  q.finish();
   auto poner = [p](const char* columna, const QVariant& valor) {
     const QString nombre = QString::fromUtf8(columna);
     if (!p->contains(nombre) || p->value(nombre).toString().trimmed().isEmpty()) {
