@@ -1,5 +1,7 @@
 #include "documents/ui/forma_captura.h"
 
+#include <algorithm>
+
 #include <QComboBox>
 #include <QDateEdit>
 #include <QGridLayout>
@@ -47,7 +49,10 @@ FormaCaptura::FormaCaptura(Session& session, const captura_ui::Pantalla& pantall
   fg1_ = new RejillaCaptura(pantalla.con_surtir, this);
   tabs_ = new Pestanas(this);
   tabs_->addTab(fg1_, u"Partidas"_s);
-  tabs_->addTab(PaginaDeDatos(1), u"Otros datos"_s);
+  if (std::any_of(pantalla.datos.begin(), pantalla.datos.end(),
+                  [](const Dato& d) { return d.pagina == 1; })) {
+    tabs_->addTab(PaginaDeDatos(1), u"Otros datos"_s);
+  }
   msg1_ = new QLabel(this);
   msg1_->setObjectName(u"Msg1"_s);
   QFont grande = msg1_->font();
@@ -76,6 +81,11 @@ FormaCaptura::FormaCaptura(Session& session, const captura_ui::Pantalla& pantall
   }
   vigente_ = fg1_->Partidas();
   if (QWidget* cliente = datos_.value(1)) cliente->setFocus();
+}
+
+// The fields lose the focus while the screen is taken down: nothing is recomputed then.
+FormaCaptura::~FormaCaptura() {
+  for (QObject* campo : findChildren<QObject*>()) campo->disconnect(this);
 }
 
 QWidget* FormaCaptura::CrearDato(const Dato& dato, QWidget* padre) {
@@ -457,6 +467,17 @@ void FormaCaptura::Guardar() {
   if (!guardado.outcome) return Avisar(guardado.outcome);
   guardada_ = guardado.llave;
   accept();
+}
+
+// The clerk starts on the client, also when the screen opens over another window.
+void FormaCaptura::showEvent(QShowEvent* event) {
+  QDialog::showEvent(event);
+  QTimer::singleShot(0, this, [this] {
+    activateWindow();
+    if (QWidget* cliente = datos_.value(1); cliente != nullptr && focusWidget() == nullptr) {
+      cliente->setFocus();
+    }
+  });
 }
 
 void FormaCaptura::keyPressEvent(QKeyEvent* event) {

@@ -38,6 +38,8 @@ class FormaCaptura : public QDialog, public LlaveGuardada {
   FormaCaptura(Session& session, const captura_ui::Pantalla& pantalla, bool cambio,
                const QString& llave, QWidget* parent = nullptr);
 
+  ~FormaCaptura() override;
+
   QString Guardada() const override { return guardada_; }
 
   Session& session() const { return session_; }
@@ -71,6 +73,7 @@ class FormaCaptura : public QDialog, public LlaveGuardada {
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;
+  void showEvent(QShowEvent* event) override;
 
  private:
   QWidget* CrearDato(const captura_ui::Dato& dato, QWidget* padre);

@@ -46,6 +46,7 @@ void TraerDocumento(FormaCaptura& forma, const char* palabra, const QString& sin
   parametros.cliente = forma.Cliente();
   const QString llave =
       AbrirAyuda(forma.session(), QLatin1String(palabra), &forma, parametros);
+  forma.activateWindow();
   if (llave.isEmpty()) return;
   Connection c(forma.session().Cadena);
   if (!c.ok()) return forma.Avisar(Outcome::Stop(c.error()));
@@ -159,7 +160,11 @@ void ListaDePrecios(FormaCaptura& forma, int fila) {
   }
   if (lista.empty()) return;
   DialogoPrecios dialogo(lista, codigo, &forma);
-  if (dialogo.exec() != QDialog::Accepted) return;
+  const int respuesta = dialogo.exec();
+  // Back on the row's price, whatever was chosen.
+  forma.activateWindow();
+  forma.rejilla()->setFocus();
+  if (respuesta != QDialog::Accepted) return;
   ventas::Partidas partidas = forma.rejilla()->Partidas();
   partidas[fila].insert(u"precio"_s, dialogo.Elegido());
   forma.CambiarPartidas(partidas);

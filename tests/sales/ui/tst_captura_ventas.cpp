@@ -33,6 +33,7 @@ QWidget* Foco() { return QApplication::focusWidget(); }
 // Types each value into the field that has the focus and presses Enter.
 void Capturar(const QStringList& valores) {
   for (const QString& valor : valores) {
+    QVERIFY2(Foco() != nullptr, qPrintable(valor));
     QTest::keyClicks(Foco(), valor);
     QTest::keyClick(Foco(), Qt::Key_Return);
   }
@@ -41,6 +42,7 @@ void Capturar(const QStringList& valores) {
 // The first key opens the cell, the rest go to its editor, Enter writes it and moves on.
 void EnCelda(R* grid, const QString& texto) {
   QTest::keyClicks(grid, texto.left(1));
+  QVERIFY2(Foco() != nullptr, qPrintable(texto));
   QTest::keyClicks(Foco(), texto.mid(1));
   QTest::keyClick(Foco(), Qt::Key_Return);
   QCoreApplication::processEvents();
@@ -67,7 +69,10 @@ void AlAbrirse(Paso paso) {
     QWidget* modal = QApplication::activeModalWidget();
     QVERIFY(modal != nullptr);
     QVERIFY(QTest::qWaitForWindowActive(modal));
+    QTRY_VERIFY(QApplication::focusWidget() != nullptr && modal->isAncestorOf(Foco()));
     paso(modal);
+    // A failed step leaves the screen: the key that opened it returns.
+    if (QTest::currentTestFailed()) modal->close();
   });
 }
 
@@ -128,6 +133,7 @@ class TestCapturaVentas : public QObject {
       });
       QTest::keyClick(grid, Qt::Key_F1);
       QCOMPARE(grid->Numero(0, R::kPrecio), precio3);
+      QTRY_COMPARE(Foco(), grid);
       QTest::keyClick(grid, Qt::Key_Return);
       EnCelda(grid, codigos[1]);
       EnCelda(grid, u"2"_s);
@@ -224,6 +230,7 @@ class TestCapturaVentas : public QObject {
     {
       FrmRemisionesA nota(session, QString());
       QVERIFY(Mostrar(nota));
+      QTRY_VERIFY(Foco() != nullptr);
       Capturar({u"2"_s, QString(), QString(), QString(), u"primera entrega"_s});
       auto* boton = nota.findChild<QPushButton*>(u"AplicarPedido"_s);
       boton->setFocus();
@@ -232,6 +239,7 @@ class TestCapturaVentas : public QObject {
         QTest::keyClick(boton, Qt::Key_Return);
         QTRY_COMPARE(catcher.pending(), 0);
       }
+      QTRY_COMPARE(Foco(), nota.rejilla());
       QCOMPARE(nota.rejilla()->Partida(0).value(u"pedido"_s).toString(), llave);
       QCOMPARE(nota.rejilla()->Numero(0, R::kCantidad), 5.0);
       EnCelda(nota.rejilla(), u"2"_s);
