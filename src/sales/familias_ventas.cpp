@@ -175,12 +175,15 @@ const QStringList kColumnasPartida = {u"precio"_s, u"dcto"_s, u"impuesto"_s, u"c
 }  // namespace
 
 Credito CreditoDe(Connection& c, qint32 cliente, int plazo, double total) {
-  Credito r;
   QSqlQuery q = c.Exec(u"select saldo, credito from clientes where numero = ?"_s, {cliente});
-  if (q.next()) {
-    r.saldo = q.value(0).toDouble();
-    r.credito = q.value(1).toDouble();
-  }
+  const bool hay = q.next();
+  return CreditoDe(hay ? q.value(0).toDouble() : 0, hay ? q.value(1).toDouble() : 0, cliente,
+                   plazo, total);
+}
+
+// A cash sale, or a client without a limit, never adds to the balance shown.
+Credito CreditoDe(double saldo, double credito, qint32 cliente, int plazo, double total) {
+  Credito r{.saldo = saldo, .credito = credito};
   const bool a_credito = cliente != 0 && plazo != 0 && r.credito != 0;
   if (a_credito) r.saldo += total;
   r.excedido = a_credito && r.saldo > r.credito;

@@ -13,6 +13,7 @@
 #include "edocs/ui/folios_registro.h"
 #include "edocs/ui/rpt_informe.h"
 #include "maintenance/ui/mdi_inicio_manto.h"
+#include "sales/ui/frm_ventas.h"
 
 namespace ventarix {
 
@@ -34,6 +35,7 @@ void RegistrarFormularios(FormRegistry& registry) {
   RegistrarMantenimiento(registry);
   RegistrarFolios(registry);
   RegistrarInformeSat(registry);
+  RegistrarVentas(registry);
 }
 
 }  // namespace ventarix

@@ -1,0 +1,46 @@
+#include "sales/ui/frm_ventas.h"
+
+#include "core/ui/form_registry.h"
+#include "sales/ui/pantallas_ventas.h"
+
+namespace ventarix {
+
+FrmRemisionesA::FrmRemisionesA(Session& session, const QString& llave, QWidget* parent)
+    : FormaCaptura(session, ventas_ui::Remisiones(), false, llave, parent) {}
+FrmRemisionesC::FrmRemisionesC(Session& session, const QString& llave, QWidget* parent)
+    : FormaCaptura(session, ventas_ui::Remisiones(), true, llave, parent) {}
+FrmCotizacionesA::FrmCotizacionesA(Session& session, const QString& llave, QWidget* parent)
+    : FormaCaptura(session, ventas_ui::Cotizaciones(), false, llave, parent) {}
+FrmCotizacionesC::FrmCotizacionesC(Session& session, const QString& llave, QWidget* parent)
+    : FormaCaptura(session, ventas_ui::Cotizaciones(), true, llave, parent) {}
+FrmPedidosA::FrmPedidosA(Session& session, const QString& llave, QWidget* parent)
+    : FormaCaptura(session, ventas_ui::Pedidos(), false, llave, parent) {}
+FrmPedidosC::FrmPedidosC(Session& session, const QString& llave, QWidget* parent)
+    : FormaCaptura(session, ventas_ui::Pedidos(), true, llave, parent) {}
+
+namespace {
+
+// The browser still hands the key over in RegistroActual and reads the saved one back from
+// it: this is the only place that knows, until the factory takes the key itself.
+template <typename Forma>
+void Agregar(FormRegistry& registry, const char* nombre) {
+  registry.Add(QLatin1String(nombre), [](Session& session) -> QWidget* {
+    auto* forma = new Forma(session, session.RegistroActual);
+    QObject::connect(forma, &QDialog::finished, forma,
+                     [&session, forma] { session.RegistroActual = forma->Guardada(); });
+    return forma;
+  });
+}
+
+}  // namespace
+
+void RegistrarVentas(FormRegistry& registry) {
+  Agregar<FrmRemisionesA>(registry, "FrmRemisionesA");
+  Agregar<FrmRemisionesC>(registry, "FrmRemisionesC");
+  Agregar<FrmCotizacionesA>(registry, "FrmCotizacionesA");
+  Agregar<FrmCotizacionesC>(registry, "FrmCotizacionesC");
+  Agregar<FrmPedidosA>(registry, "FrmPedidosA");
+  Agregar<FrmPedidosC>(registry, "FrmPedidosC");
+}
+
+}  // namespace ventarix
