@@ -187,7 +187,7 @@ void FormaProducto::Guardar() {
     ui::ShowOutcome(this, session_, guardado);
     return;
   }
-  session_.RegistroActual = mFunciones::ValorTexto(producto.codigo);
+  guardada_ = mFunciones::ValorTexto(producto.codigo);
   accept();
 }
 
