@@ -4,9 +4,9 @@
 #include <QSqlQuery>
 
 #include "catalogs/mFunciones_precios.h"
-#include "catalogs/registro_leido.h"
 #include "core/mFunciones.h"
 #include "core/mFunciones_valores.h"
+#include "core/registro_leido.h"
 #include "documents/mSaldos.h"
 #include "documents/row_arithmetic.h"
 
@@ -118,7 +118,7 @@ Outcome Completar(const Session&, Connection& c, const Documento& d, QVariantMap
       return Outcome::Warning(u"Este código no existe en productos\n\n"_s + codigo, u"Fg1"_s);
     }
   }
-  const RowValues producto = catalogs::RegistroLeido(q);
+  const RowValues producto = RegistroLeido(q);
   q.finish();
   auto poner = [p](const char* columna, const QVariant& valor) {
     const QString nombre = QString::fromUtf8(columna);
