@@ -4,9 +4,9 @@
 #include <QSqlQuery>
 
 #include "catalogs/mFunciones_precios.h"
-#include "catalogs/registro_leido.h"
 #include "core/mFunciones.h"
 #include "core/mFunciones_valores.h"
+#include "core/registro_leido.h"
 #include "documents/mSaldos.h"
 #include "documents/row_arithmetic.h"
 
@@ -114,14 +114,14 @@ Outcome Completar(const Session&, Connection& c, const Documento& d, QVariantMap
   if (QSqlQuery& exacto =
           c.ExecRepetida(u"select * from productos where codigo = ?"_s, {codigo});
       exacto.next()) {
-    producto = catalogs::RegistroLeido(exacto);
+    producto = RegistroLeido(exacto);
   } else {
     const mFunciones::SqlText sql = mFunciones::SqlProducto(codigo);
     QSqlQuery otro = c.Exec(sql.text, sql.values);
     if (!otro.next()) {
       return Outcome::Warning(u"Este código no existe en productos\n\n"_s + codigo, u"Fg1"_s);
     }
-    producto = catalogs::RegistroLeido(otro);
+    producto = RegistroLeido(otro);
   }
   auto poner = [p](const char* columna, const QVariant& valor) {
     const QString nombre = QString::fromUtf8(columna);

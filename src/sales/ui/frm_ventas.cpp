@@ -20,15 +20,12 @@ FrmPedidosC::FrmPedidosC(Session& session, const QString& llave, QWidget* parent
 
 namespace {
 
-// The browser still hands the key over in RegistroActual and reads the saved one back from
-// it: this is the only place that knows, until the factory takes the key itself.
+// Each screen opens the document whose key it is given (none for a new one) and tells the
+// browser, through LlaveGuardada, the one it saved.
 template <typename Forma>
 void Agregar(FormRegistry& registry, const char* nombre) {
-  registry.Add(QLatin1String(nombre), [](Session& session) -> QWidget* {
-    auto* forma = new Forma(session, session.RegistroActual);
-    QObject::connect(forma, &QDialog::finished, forma,
-                     [&session, forma] { session.RegistroActual = forma->Guardada(); });
-    return forma;
+  registry.Add(QLatin1String(nombre), [](Session& session, const QString& llave) -> QWidget* {
+    return new Forma(session, llave);
   });
 }
 
