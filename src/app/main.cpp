@@ -3,7 +3,7 @@
 #include <QStringList>
 
 #include "app/commands.h"
-#include "core/ui/desktop.h"
+#include "app/desktop.h"
 
 namespace {
 

@@ -6,7 +6,7 @@
 #include <QSqlError>
 
 #include "catalogs/price_formulas.h"
-#include "catalogs/registro_leido.h"
+#include "core/registro_leido.h"
 
 namespace ventarix::mFunciones {
 
@@ -51,8 +51,8 @@ QString Asignaciones(const PreciosDeCompra& p, double costo, double impuesto,
 
 std::optional<PrecioHallado> PrecioEspecial(Connection& c, qint32 ClienteActual,
                                             const QString& codigo) {
-  QSqlQuery q =
-      c.Exec(u"select precio from \"productos precios\" where cliente = ? and codigo = ?"_s,
+  QSqlQuery& q =
+      c.ExecRepetida(u"select precio from \"productos precios\" where cliente = ? and codigo = ?"_s,
              {ClienteActual, codigo});
   if (!q.next()) return std::nullopt;
   return PrecioHallado{q.value(0).isNull() ? 0.0 : q.value(0).toDouble(), 0};
@@ -60,7 +60,7 @@ std::optional<PrecioHallado> PrecioEspecial(Connection& c, qint32 ClienteActual,
 
 PrecioHallado PrecioPorCliente(Connection& c, qint32 ClienteActual, const RowValues& producto) {
   const double venta = producto.Number(u"venta"_s);
-  QSqlQuery q = c.Exec(
+  QSqlQuery& q = c.ExecRepetida(
       u"select utilidad, dcto from \"clientes utilidades\" where cliente = ? and marca = ?"_s,
       {ClienteActual, producto.Integer(u"marca"_s)});
   if (!q.next()) {
@@ -81,7 +81,7 @@ std::optional<PrecioHallado> BuscarPrecio(Connection& c, qint32 ClienteActual,
   if (auto especial = PrecioEspecial(c, ClienteActual, codigo)) return especial;
   QSqlQuery q = c.Exec(u"select * from productos where codigo = ?"_s, {codigo});
   if (!q.next()) return std::nullopt;
-  return PrecioPorCliente(c, ClienteActual, catalogs::RegistroLeido(q));
+  return PrecioPorCliente(c, ClienteActual, RegistroLeido(q));
 }
 
 Outcome ActualizarCostoDesdeCompra(Connection& c, const RowValues& empresa, const QString& codigo,
@@ -92,7 +92,7 @@ Outcome ActualizarCostoDesdeCompra(Connection& c, const RowValues& empresa, cons
   QSqlQuery q = c.Exec(u"select * from productos where codigo = ?"_s, {codigo});
   if (q.lastError().isValid()) return Outcome::Stop(QueryError(q));
   if (!q.next()) return Outcome::Ok();
-  const RowValues producto = catalogs::RegistroLeido(q);
+  const RowValues producto = RegistroLeido(q);
   if (!AplicaCosto(empresa, costo, producto.Number(u"costo"_s))) return Outcome::Ok();
 
   PreciosDeCompra p;

@@ -4,8 +4,8 @@
 #include "catalogs/price_formulas.h"
 #include "core/database.h"
 #include "core/mFunciones_valores.h"
+#include "core/round_half_even.h"
 #include "core/usuarios.h"
-#include "documents/round_half_even.h"
 
 namespace ventarix::productos {
 

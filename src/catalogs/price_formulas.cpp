@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-#include "documents/round_half_even.h"
+#include "core/round_half_even.h"
 
 namespace ventarix::catalogs {
 

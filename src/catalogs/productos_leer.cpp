@@ -2,9 +2,9 @@
 
 #include "catalogs/productos.h"
 #include "catalogs/productos_listas.h"
-#include "catalogs/registro_leido.h"
 #include "core/database.h"
 #include "core/dialect.h"
+#include "core/registro_leido.h"
 
 namespace ventarix::productos {
 
@@ -68,7 +68,7 @@ Outcome LeerProducto(const Session& session, const QString& codigo, Leido* leido
                              ? QueryError(q)
                              : u"Este código no existe en el catálogo de productos"_s);
   }
-  const RowValues registro = catalogs::RegistroLeido(q);
+  const RowValues registro = RegistroLeido(q);
   leido->producto = DeRegistro(registro);
   leido->historial = HistorialDe(registro);
   LeerPreciosClientes(c, codigo, &leido->producto.precios_clientes, &leido->nombres_clientes);

@@ -13,7 +13,7 @@
 #include "core/dialect.h"
 #include "core/mFunciones.h"
 #include "core/mFunciones_valores.h"
-#include "documents/round_half_even.h"
+#include "core/round_half_even.h"
 
 namespace ventarix::socios {
 

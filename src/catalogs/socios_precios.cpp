@@ -4,7 +4,7 @@
 #include <QSqlQuery>
 
 #include "core/mFunciones.h"
-#include "documents/round_half_even.h"
+#include "core/round_half_even.h"
 
 namespace ventarix::socios {
 

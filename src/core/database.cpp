@@ -114,6 +114,7 @@ Connection::Connection(const QString& cadena, Acceso acceso)
 }
 
 Connection::~Connection() {
+  preparadas_.clear();
   if (db_.isValid()) db_.close();
   db_ = QSqlDatabase();
   QSqlDatabase::removeDatabase(name_);
@@ -132,6 +133,20 @@ QSqlQuery Connection::Exec(const QString& statement, const QVariantList& values)
   for (const QVariant& v : values) query.addBindValue(v);
   query.exec();
   return query;
+}
+
+QSqlQuery& Connection::ExecRepetida(const QString& statement, const QVariantList& values) {
+  std::unique_ptr<QSqlQuery>& query = preparadas_[statement];
+  if (query == nullptr || (!query->isValid() && query->lastError().isValid())) {
+    // Prepared the first time, and again after a text that would not prepare.
+    query = std::make_unique<QSqlQuery>(db_);
+    query->setForwardOnly(true);
+    if (!query->prepare(statement)) return *query;
+  }
+  query->finish();
+  for (qsizetype i = 0; i < values.size(); ++i) query->bindValue(static_cast<int>(i), values[i]);
+  query->exec();
+  return *query;
 }
 
 bool Connection::Run(const QString& statement, const QVariantList& values, QString* error) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <map>
+#include <memory>
 #include <optional>
 
 #include <QSqlDatabase>
@@ -60,6 +62,11 @@ class Connection {
   // Prepares and runs a statement with its values bound by position; check isActive() or
   // lastError() on the result.
   QSqlQuery Exec(const QString& statement, const QVariantList& values = {});
+  // The same, for a statement run over and over on this connection (once per row of a
+  // document, say): prepared the first time only. The next run of the same text finishes the
+  // previous result, so a caller reads its rows before running the statement again. The query
+  // belongs to the connection: hold it by reference, never past the connection.
+  QSqlQuery& ExecRepetida(const QString& statement, const QVariantList& values);
   // Runs a statement that must succeed; the engine's message goes to *error otherwise.
   bool Run(const QString& statement, const QVariantList& values = {}, QString* error = nullptr);
   // The first column of the first row, or a null value.
@@ -76,6 +83,8 @@ class Connection {
   QString error_;
   int transacciones_ = 0;          // Transaction objects alive on this connection
   bool interior_fallido_ = false;  // an inner Transaction ended without Commit
+  // ExecRepetida's statements by their text; null where the text did not prepare.
+  std::map<QString, std::unique_ptr<QSqlQuery>> preparadas_;
 };
 
 // A save is all-or-nothing: the transaction rolls back unless Commit() is called. SQLite

@@ -96,22 +96,16 @@ std::optional<int> AnoDeRespuesta(const QString& respuesta) {
   return ano;
 }
 
-bool PrepararAutorizacionUsuarios(Session& session) {
-  if (session.ContrasenaAdministrador.isEmpty()) {
-    session.Autorizado = true;
-    return false;
-  }
-  session.AutorizacionTitulo = u"Contraseña de seguridad"_s;
-  session.AutorizacionClave = {session.Contrasena};
-  session.Autorizado = false;
-  return true;
+std::optional<mBrowse::Prompt> AutorizacionUsuarios(const Session& session) {
+  if (session.ContrasenaAdministrador.isEmpty()) return std::nullopt;
+  return mBrowse::Prompt{.titulo = u"Contraseña de seguridad"_s, .claves = {session.Contrasena}};
 }
 
-Outcome Autorizar(Session& session, const QString& tecleado) {
-  session.Autorizado =
-      std::any_of(session.AutorizacionClave.cbegin(), session.AutorizacionClave.cend(),
+Outcome Autorizar(const QStringList& claves, const QString& tecleado) {
+  const bool autorizado =
+      std::any_of(claves.cbegin(), claves.cend(),
                   [&tecleado](const QString& clave) { return passwords::Verify(tecleado, clave); });
-  if (session.Autorizado) return Outcome::Ok();
+  if (autorizado) return Outcome::Ok();
   return Outcome::Warning(u"Esta contraseña no corresponde para una autorización"_s,
                           u"Autorizar"_s);
 }

@@ -3,7 +3,9 @@
 #include <optional>
 
 #include <QString>
+#include <QStringList>
 
+#include "core/mBrowse.h"
 #include "core/outcome.h"
 #include "core/session.h"
 
@@ -40,13 +42,11 @@ bool AdmiteAlineacion(const QString& titulo);
 // The year panel's answer: its first four characters as a number, when at least 1.
 std::optional<int> AnoDeRespuesta(const QString& respuesta);
 
-// The password step before the users catalogue. When an administrator's password exists the
-// prompt must run (title and expected password set, Autorizado cleared; returns true);
-// otherwise Autorizado is simply true.
-bool PrepararAutorizacionUsuarios(Session& session);
-// The prompt's check of what was typed against the passwords of AutorizacionClave (any one
-// of them, compared as every password is: core/passwords.h); sets Autorizado. The message
-// when none matches.
-Outcome Autorizar(Session& session, const QString& tecleado);
+// The password step before the users catalogue: the prompt to run when an administrator's
+// password exists; none otherwise, and the catalogue opens at once.
+std::optional<mBrowse::Prompt> AutorizacionUsuarios(const Session& session);
+// The prompt's check of what was typed against the stored passwords it accepts (any one of
+// them, compared as every password is: core/passwords.h). The message when none matches.
+Outcome Autorizar(const QStringList& claves, const QString& tecleado);
 
 }  // namespace ventarix::inicio

@@ -86,16 +86,6 @@ struct Session {
   QString OrdenActual, CompraActual, ContraReciboActual, LicitacionActual, CotizacionActual,
       PedidoActual, RemisionActual, FacturaActual, ProduccionActual, TraspasoActual, PagoActual,
       NotaActual, AjusteActual;
-  // The key of a catalogue browser's current row, for its change screen; a change or add
-  // screen leaves here the key it saved, so that the browser refreshes that row.
-  QString RegistroActual;
-
-  // Authorization prompt: the stored passwords it accepts, any one of them (a manager's
-  // button also takes the administrator's password, see mBrowse::PromptsDeBoton).
-  QString AutorizacionTitulo;
-  QStringList AutorizacionClave;
-  bool Autorizado = false;
-
   // Look-up dialog: the statement and title a keyword chose, and the key of the row picked
   // (empty when the user left with Esc).
   QString AyudaSql;

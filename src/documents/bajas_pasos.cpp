@@ -2,8 +2,8 @@
 // before anything changes, and the transaction around it all.
 #include <QSqlQuery>
 
-#include "catalogs/registro_leido.h"
 #include "core/dialect.h"
+#include "core/registro_leido.h"
 #include "documents/bajas_clases.h"
 #include "documents/mInventario.h"
 #include "documents/mSaldos.h"
@@ -38,7 +38,7 @@ Outcome LeerRegistro(Connection& c, const Clase& k, const QString& llave, Antes*
              {antes->valor});
   if (!q.isActive()) return Outcome::Stop(QueryError(q));
   if (!q.next()) return no_existe;
-  antes->encabezado = catalogs::RegistroLeido(q);
+  antes->encabezado = RegistroLeido(q);
   return Outcome::Ok();
 }
 

@@ -1,6 +1,6 @@
 #include "documents/row_arithmetic.h"
 
-#include "documents/round_half_even.h"
+#include "core/round_half_even.h"
 
 namespace ventarix {
 

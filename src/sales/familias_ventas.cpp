@@ -4,9 +4,9 @@
 #include <QSqlQuery>
 
 #include "catalogs/mFunciones_precios.h"
-#include "catalogs/registro_leido.h"
 #include "core/mFunciones.h"
 #include "core/mFunciones_valores.h"
+#include "core/registro_leido.h"
 #include "documents/mSaldos.h"
 #include "documents/row_arithmetic.h"
 
@@ -110,16 +110,19 @@ Outcome DatosDePago(const Session& session, Connection& c, Documento* d) {
 Outcome Completar(const Session&, Connection& c, const Documento& d, QVariantMap* p) {
   const QString codigo = Texto(*p, "codigo").toUpper();
   // The exact code first, by its index; the alternate codes only when it is not one.
-  QSqlQuery q = c.Exec(u"select * from productos where codigo = ?"_s, {codigo});
-  if (!q.next()) {
+  RowValues producto;
+  if (QSqlQuery& exacto =
+          c.ExecRepetida(u"select * from productos where codigo = ?"_s, {codigo});
+      exacto.next()) {
+    producto = RegistroLeido(exacto);
+  } else {
     const mFunciones::SqlText sql = mFunciones::SqlProducto(codigo);
-    q = c.Exec(sql.text, sql.values);
-    if (!q.next()) {
+    QSqlQuery otro = c.Exec(sql.text, sql.values);
+    if (!otro.next()) {
       return Outcome::Warning(u"Este código no existe en productos\n\n"_s + codigo, u"Fg1"_s);
     }
+    producto = RegistroLeido(otro);
   }
-  const RowValues producto = catalogs::RegistroLeido(q);
-  q.finish();
   auto poner = [p](const char* columna, const QVariant& valor) {
     const QString nombre = QString::fromUtf8(columna);
     if (!p->contains(nombre) || p->value(nombre).toString().trimmed().isEmpty()) {
@@ -172,12 +175,15 @@ const QStringList kColumnasPartida = {u"precio"_s, u"dcto"_s, u"impuesto"_s, u"c
 }  // namespace
 
 Credito CreditoDe(Connection& c, qint32 cliente, int plazo, double total) {
-  Credito r;
   QSqlQuery q = c.Exec(u"select saldo, credito from clientes where numero = ?"_s, {cliente});
-  if (q.next()) {
-    r.saldo = q.value(0).toDouble();
-    r.credito = q.value(1).toDouble();
-  }
+  const bool hay = q.next();
+  return CreditoDe(hay ? q.value(0).toDouble() : 0, hay ? q.value(1).toDouble() : 0, cliente,
+                   plazo, total);
+}
+
+// A cash sale, or a client without a limit, never adds to the balance shown.
+Credito CreditoDe(double saldo, double credito, qint32 cliente, int plazo, double total) {
+  Credito r{.saldo = saldo, .credito = credito};
   const bool a_credito = cliente != 0 && plazo != 0 && r.credito != 0;
   if (a_credito) r.saldo += total;
   r.excedido = a_credito && r.saldo > r.credito;

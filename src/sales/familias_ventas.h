@@ -24,6 +24,8 @@ struct Credito {
   bool excedido = false;
 };
 Credito CreditoDe(Connection& c, qint32 cliente, int plazo, double total);
+// The same from the client's balance and limit as the screen read them with the client.
+Credito CreditoDe(double saldo, double credito, qint32 cliente, int plazo, double total);
 
 // The total of a document's rows as the row arithmetic gives it, before anything is stored.
 double TotalDe(const captura::Documento& d);

@@ -8,6 +8,7 @@
 #include <QJsonObject>
 #include <QProcess>
 #include <QSet>
+#include <QSqlDatabase>
 #include <QSqlQuery>
 #include <QTest>
 
@@ -53,6 +54,31 @@ QString Figuras(Connection& c) {
     texto += q.value(0).toString() + u'=' + QString::number(q.value(1).toDouble(), 'f', 4) + u' ';
   texto += c.Scalar(u"select sum(saldo) from clientes"_s).toString();
   return texto;
+}
+
+// Whether another process holds a write transaction on the company: SQLite refuses a second
+// writer at once, and PostgreSQL shows a session that has written something not yet committed.
+bool EscribeOtro(const testing::TestCompany& company, Connection& c) {
+  if (company.sql()) {
+    return c.Scalar(u"select count(*) from pg_stat_activity where datname = current_database() "
+                    u"and backend_xid is not null and pid <> pg_backend_pid()"_s)
+               .toInt() > 0;
+  }
+  const QString nombre = u"sonda"_s;
+  bool ocupada = false;
+  {
+    QSqlDatabase db = QSqlDatabase::addDatabase(u"QSQLITE"_s, nombre);
+    db.setDatabaseName(company.path());
+    db.setConnectOptions(u"QSQLITE_BUSY_TIMEOUT=0"_s);
+    if (db.open()) {
+      QSqlQuery q(db);
+      ocupada = !q.exec(u"begin immediate"_s);
+      if (!ocupada) q.exec(u"rollback"_s);
+    }
+    db.close();
+  }
+  QSqlDatabase::removeDatabase(nombre);
+  return ocupada;
 }
 
 QProcess* Lanzar(const QStringList& args, QObject* padre) {
@@ -114,7 +140,8 @@ class TestDocumentos : public QObject {
     QCOMPARE(Figuras(c), antes);
   }
 
-  // A save killed with SIGKILL in the middle leaves the whole note or nothing of it.
+  // A save killed with SIGKILL while its transaction is open leaves the whole note or nothing
+  // of it: the test waits until the child holds the write transaction, then strikes.
   void GuardadoInterrumpido() {
     const auto company = testing::EmpresaDemo();
     if (!company) return;
@@ -126,10 +153,15 @@ class TestDocumentos : public QObject {
                           Archivo(*company, u"grande.json"_s, Nota(Codigos(c, 300), 0, 3000, 0.5))},
                          this);
     QVERIFY(p->waitForStarted());
-    QTest::qWait(700);
+    bool escribiendo = false;
+    while (p->state() == QProcess::Running && !escribiendo) {
+      escribiendo = EscribeOtro(*company, c);
+      if (!escribiendo) QTest::qWait(1);
+    }
     // A finished process has no pid, and kill(0) would strike this whole process group.
     const qint64 pid = p->processId();
-    if (p->state() == QProcess::Running && pid > 0) ::kill(static_cast<pid_t>(pid), SIGKILL);
+    QVERIFY2(escribiendo && pid > 0, "the save ended before its transaction was seen open");
+    ::kill(static_cast<pid_t>(pid), SIGKILL);
     p->waitForFinished();
     const int notas = c.Scalar(u"select count(*) from remisiones"_s).toInt() - notas_antes;
     const int renglones =

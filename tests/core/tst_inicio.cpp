@@ -97,8 +97,7 @@ class TestInicio : public QObject {
   void UsuariosSinContrasenaDeAdministrador() {
     Session session;
     session.ContrasenaAdministrador.clear();
-    QVERIFY(!ventarix::inicio::PrepararAutorizacionUsuarios(session));
-    QVERIFY(session.Autorizado);
+    QVERIFY(!ventarix::inicio::AutorizacionUsuarios(session));
   }
 
   // With an administrator, the logged user proves who they are with their own password, which
@@ -107,19 +106,17 @@ class TestInicio : public QObject {
     Session session;
     session.ContrasenaAdministrador = ventarix::passwords::Hash(QStringLiteral("JEFE"));
     session.Contrasena = ventarix::passwords::Hash(QStringLiteral("CAJA7"));
-    session.Autorizado = true;
-    QVERIFY(ventarix::inicio::PrepararAutorizacionUsuarios(session));
-    QCOMPARE(session.AutorizacionTitulo, QStringLiteral("Contraseña de seguridad"));
-    QVERIFY(!session.Autorizado);
+    const auto prompt = ventarix::inicio::AutorizacionUsuarios(session);
+    QVERIFY(prompt);
+    QCOMPARE(prompt->titulo, QStringLiteral("Contraseña de seguridad"));
 
-    const ventarix::Outcome mala = ventarix::inicio::Autorizar(session, QStringLiteral("JEFE"));
+    const ventarix::Outcome mala =
+        ventarix::inicio::Autorizar(prompt->claves, QStringLiteral("JEFE"));
     QVERIFY(!mala.ok);
     QCOMPARE(mala.message, QStringLiteral("Esta contraseña no corresponde para una autorización"));
     QCOMPARE(mala.field, QStringLiteral("Autorizar"));
-    QVERIFY(!session.Autorizado);
 
-    QVERIFY(ventarix::inicio::Autorizar(session, QStringLiteral("caja7")).ok);
-    QVERIFY(session.Autorizado);
+    QVERIFY(ventarix::inicio::Autorizar(prompt->claves, QStringLiteral("caja7")).ok);
   }
 
   void PrepararSesion() {

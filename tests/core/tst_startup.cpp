@@ -386,9 +386,7 @@ class TestStartup : public QObject {
     QVERIFY(startup::Entrar(s, S("LUIS"), S("caja")));
     const auto prompts = mBrowse::PromptsDeBoton(s, S("3|Cancelar|1|x|0"), 3);
     QCOMPARE(prompts.size(), size_t(1));
-    s.AutorizacionClave = prompts[0].claves;
-    QCOMPARE(inicio::Autorizar(s, tecleada).ok, autorizado);
-    QCOMPARE(s.Autorizado, autorizado);
+    QCOMPARE(inicio::Autorizar(prompts[0].claves, tecleada).ok, autorizado);
   }
 
   // ---- Session load ----

@@ -4,7 +4,7 @@
 
 #include <QTest>
 
-#include "documents/round_half_even.h"
+#include "core/round_half_even.h"
 #include "documents/row_arithmetic.h"
 
 using ventarix::ComputeRow;

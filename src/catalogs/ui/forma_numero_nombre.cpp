@@ -65,7 +65,7 @@ void FormaNumeroNombre::Guardado(const Outcome& guardado, qint32 numero) {
     ui::ShowOutcome(this, session_, guardado);
     return;
   }
-  session_.RegistroActual = QString::number(numero);
+  guardada_ = QString::number(numero);
   accept();
 }
 

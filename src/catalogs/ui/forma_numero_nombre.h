@@ -6,6 +6,7 @@
 
 #include "core/outcome.h"
 #include "core/session.h"
+#include "core/ui/llave_guardada.h"
 
 class QFormLayout;
 class QLabel;
@@ -17,10 +18,13 @@ class CampoCaptura;
 class EtiquetaStatus;
 
 // The screen of a small numbered catalogue (lines, brands): its number, its name, whatever
-// fields the catalogue adds, its status, and Guardar / Salir. On saving it leaves the saved
-// number in RegistroActual and closes accepted.
-class FormaNumeroNombre : public QDialog {
+// fields the catalogue adds, its status, and Guardar / Salir. On saving it closes accepted and
+// tells the number it saved.
+class FormaNumeroNombre : public QDialog, public LlaveGuardada {
   Q_OBJECT
+
+ public:
+  QString Guardada() const override { return guardada_; }
 
  protected:
   FormaNumeroNombre(Session& session, bool alta, QWidget* parent);
@@ -28,7 +32,7 @@ class FormaNumeroNombre : public QDialog {
   void Armar(const std::function<void(QFormLayout*)>& filas_propias, int ancho);
   // A change screen's reading: false, after showing the message and closing, when it failed.
   bool Leido(const Outcome& lectura);
-  // The end of a save: the message, or RegistroActual and closing.
+  // The end of a save: the message, or the number kept and closing.
   void Guardado(const Outcome& guardado, qint32 numero);
   virtual void Guardar() = 0;
   void keyPressEvent(QKeyEvent* event) override;
@@ -42,6 +46,7 @@ class FormaNumeroNombre : public QDialog {
  private:
   QPushButton* guardar_;
   QPushButton* salir_;
+  QString guardada_;
 };
 
 }  // namespace ventarix

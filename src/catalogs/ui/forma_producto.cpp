@@ -14,12 +14,12 @@
 #include "catalogs/ui/grid_niveles.h"
 #include "catalogs/ui/productos_campos.h"
 #include "core/mFunciones_valores.h"
+#include "core/round_half_even.h"
 #include "core/ui/abrir_ayuda.h"
 #include "core/ui/campo_captura.h"
 #include "core/ui/campo_catalogo.h"
 #include "core/ui/message_box.h"
 #include "core/ui/teclas_captura.h"
-#include "documents/round_half_even.h"
 
 namespace ventarix {
 
@@ -187,7 +187,7 @@ void FormaProducto::Guardar() {
     ui::ShowOutcome(this, session_, guardado);
     return;
   }
-  session_.RegistroActual = mFunciones::ValorTexto(producto.codigo);
+  guardada_ = mFunciones::ValorTexto(producto.codigo);
   accept();
 }
 

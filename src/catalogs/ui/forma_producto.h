@@ -7,6 +7,7 @@
 #include "catalogs/price_formulas.h"
 #include "core/outcome.h"
 #include "core/session.h"
+#include "core/ui/llave_guardada.h"
 
 class QLabel;
 class QPushButton;
@@ -17,13 +18,15 @@ struct CamposDeProducto;
 
 // What the product's add and change screens share: the fields and grids, the figures that
 // follow price, tax, cost and margins as they are typed, the brand's margins and consecutive
-// code, the checks on leaving a code, the look-ups and Guardar. On saving it leaves the code in
-// RegistroActual and closes accepted.
-class FormaProducto : public QDialog {
+// code, the checks on leaving a code, the look-ups and Guardar. On saving it closes accepted and
+// tells the code saved.
+class FormaProducto : public QDialog, public LlaveGuardada {
   Q_OBJECT
 
  public:
   ~FormaProducto() override;
+
+  QString Guardada() const override { return guardada_; }
 
   CamposDeProducto& campos() const { return *campos_; }
 
@@ -58,6 +61,7 @@ class FormaProducto : public QDialog {
   std::unique_ptr<CamposDeProducto> campos_;
   qint32 marca_leida_ = 0;
   bool avisando_ = false;
+  QString guardada_;
 };
 
 }  // namespace ventarix

@@ -39,8 +39,13 @@ bool EsEnter(const QEvent* event) {
 
 }  // namespace
 
-FormaSocio::FormaSocio(Session& session, socios::Socio socio, bool cambio, QWidget* parent)
-    : QDialog(parent), session_(session), familia_(socios::FamiliaDe(socio)), cambio_(cambio) {
+FormaSocio::FormaSocio(Session& session, socios::Socio socio, bool cambio, const QString& llave,
+                       QWidget* parent)
+    : QDialog(parent),
+      session_(session),
+      familia_(socios::FamiliaDe(socio)),
+      cambio_(cambio),
+      llave_(llave) {
   setObjectName(QLatin1String(cambio ? familia_.cambio : familia_.alta));
   setWindowTitle(QLatin1String(familia_.titulo) + (cambio ? u" - Cambios"_s : u" - Alta"_s));
 
@@ -117,7 +122,7 @@ void FormaSocio::Cargar() {
       tienda->setText(QString::number(session_.Tienda));
     }
   } else {
-    numero_ = static_cast<qint32>(mFunciones::ValorNumerico(session_.RegistroActual));
+    numero_ = static_cast<qint32>(mFunciones::ValorNumerico(llave_));
     socios::Registro registro;
     Outcome leido = socios::LeerSocio(session_, familia_.socio, numero_, &registro);
     if (leido) Mostrar(registro);
@@ -214,7 +219,7 @@ void FormaSocio::GuardarClicked() {
     Avisar(resultado.outcome);
     return;
   }
-  session_.RegistroActual = QString::number(resultado.numero);
+  guardada_ = QString::number(resultado.numero);
   accept();
 }
 

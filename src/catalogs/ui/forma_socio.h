@@ -6,6 +6,7 @@
 #include "catalogs/socios.h"
 #include "core/outcome.h"
 #include "core/session.h"
+#include "core/ui/llave_guardada.h"
 
 class QGridLayout;
 class QGroupBox;
@@ -21,13 +22,17 @@ class EtiquetaStatus;
 class PreciosDelCliente;
 
 // The add and change screen of a client, supplier, agent or bank, laid out from the family's
-// fields. The change screen reads the row of the number in RegistroActual; a save leaves the
-// number saved there and closes accepted, Salir or Esc close rejected.
-class FormaSocio : public QDialog {
+// fields. The change screen reads the row of the number it is given; a save closes accepted
+// and tells the number saved, Salir or Esc close rejected.
+class FormaSocio : public QDialog, public LlaveGuardada {
   Q_OBJECT
 
  public:
-  FormaSocio(Session& session, socios::Socio socio, bool cambio, QWidget* parent = nullptr);
+  // `llave`: the number of the partner changed; ignored by the add screen.
+  FormaSocio(Session& session, socios::Socio socio, bool cambio, const QString& llave = {},
+             QWidget* parent = nullptr);
+
+  QString Guardada() const override { return guardada_; }
 
   // The field of a column ("Rfc", "Agente", ...), or null.
   QWidget* Campo(const QString& columna) const { return campos_.value(columna); }
@@ -64,6 +69,8 @@ class FormaSocio : public QDialog {
   QPushButton* guardar_;
   QPushButton* salir_;
   QString rfc_revisado_;
+  QString llave_;
+  QString guardada_;
 };
 
 }  // namespace ventarix

@@ -29,11 +29,12 @@ FrmLineasA::FrmLineasA(Session& session, QWidget* parent) : FormaLinea(session, 
   setWindowTitle(u"Líneas - Alta"_s);
 }
 
-FrmLineasC::FrmLineasC(Session& session, QWidget* parent) : FormaLinea(session, false, parent) {
+FrmLineasC::FrmLineasC(Session& session, const QString& llave, QWidget* parent)
+    : FormaLinea(session, false, parent) {
   setObjectName(u"FrmLineasC"_s);
   setWindowTitle(u"Líneas - Cambios"_s);
   lineas::Linea linea;
-  const qint32 numero = static_cast<qint32>(mFunciones::ValorNumerico(session.RegistroActual));
+  const qint32 numero = static_cast<qint32>(mFunciones::ValorNumerico(llave));
   if (!Leido(lineas::LeerLinea(session, numero, &linea))) return;
   numero_->setText(QString::number(linea.numero));
   nombre_->setText(linea.nombre);

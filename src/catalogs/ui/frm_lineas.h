@@ -22,12 +22,12 @@ class FrmLineasA : public FormaLinea {
   explicit FrmLineasA(Session& session, QWidget* parent = nullptr);
 };
 
-// The line in RegistroActual.
+// The line of the number given.
 class FrmLineasC : public FormaLinea {
   Q_OBJECT
 
  public:
-  explicit FrmLineasC(Session& session, QWidget* parent = nullptr);
+  FrmLineasC(Session& session, const QString& llave, QWidget* parent = nullptr);
 };
 
 }  // namespace ventarix

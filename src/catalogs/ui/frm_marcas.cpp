@@ -47,11 +47,12 @@ FrmMarcasA::FrmMarcasA(Session& session, QWidget* parent) : FormaMarca(session, 
   setWindowTitle(u"Marcas - Alta"_s);
 }
 
-FrmMarcasC::FrmMarcasC(Session& session, QWidget* parent) : FormaMarca(session, false, parent) {
+FrmMarcasC::FrmMarcasC(Session& session, const QString& llave, QWidget* parent)
+    : FormaMarca(session, false, parent) {
   setObjectName(u"FrmMarcasC"_s);
   setWindowTitle(u"Marcas - Cambios"_s);
   marcas::Marca marca;
-  const qint32 numero = static_cast<qint32>(mFunciones::ValorNumerico(session.RegistroActual));
+  const qint32 numero = static_cast<qint32>(mFunciones::ValorNumerico(llave));
   if (!Leido(marcas::LeerMarca(session, numero, &marca))) return;
   numero_->setText(QString::number(marca.numero));
   nombre_->setText(marca.nombre);

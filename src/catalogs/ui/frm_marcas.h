@@ -28,13 +28,13 @@ class FrmMarcasA : public FormaMarca {
   explicit FrmMarcasA(Session& session, QWidget* parent = nullptr);
 };
 
-// The brand in RegistroActual. When the company applies brand margins to products, saving
+// The brand of the number given. When the company applies brand margins to products, saving
 // prices all its products again.
 class FrmMarcasC : public FormaMarca {
   Q_OBJECT
 
  public:
-  explicit FrmMarcasC(Session& session, QWidget* parent = nullptr);
+  FrmMarcasC(Session& session, const QString& llave, QWidget* parent = nullptr);
 };
 
 }  // namespace ventarix

@@ -53,13 +53,13 @@ QGroupBox* Historial(QWidget* padre, const productos::Historial& h) {
 
 }  // namespace
 
-FrmProductosC::FrmProductosC(Session& session, QWidget* parent)
+FrmProductosC::FrmProductosC(Session& session, const QString& llave, QWidget* parent)
     : FormaProducto(session, false, parent) {
   setObjectName(u"FrmProductosC"_s);
   setWindowTitle(u"Productos - Cambios"_s);
   CamposDeProducto& c = campos();
   productos::Leido leido;
-  const Outcome lectura = productos::LeerProducto(session, session.RegistroActual, &leido);
+  const Outcome lectura = productos::LeerProducto(session, llave, &leido);
   if (!lectura) {
     // Nothing to change: the message, then the screen closes as if left with Esc.
     QTimer::singleShot(0, this, [this, lectura] {

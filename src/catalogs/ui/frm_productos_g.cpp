@@ -18,7 +18,8 @@ namespace ventarix {
 
 using namespace Qt::StringLiterals;
 
-FrmProductosG::FrmProductosG(Session& session, const FormRegistry* registry, QWidget* parent)
+FrmProductosG::FrmProductosG(Session& session, const FormRegistry* registry, const QString& codigo,
+                             QWidget* parent)
     : QDialog(parent), session_(session), registry_(registry) {
   setObjectName(u"FrmProductosG"_s);
   setWindowTitle(u"Productos - Cambio de código"_s);
@@ -31,7 +32,7 @@ FrmProductosG::FrmProductosG(Session& session, const FormRegistry* registry, QWi
     campo->setMayusculas();
     connect(campo, &CampoCaptura::Salir, this, &QDialog::reject);
   }
-  actual_->setText(session.RegistroActual);
+  actual_->setText(codigo);
   std::tie(guardar_, salir_) = BotonesGuardarSalir(this, [this] { Guardar(); });
 
   auto* campos = new QFormLayout;
@@ -42,7 +43,7 @@ FrmProductosG::FrmProductosG(Session& session, const FormRegistry* registry, QWi
   layout->addLayout(campos);
   layout->addLayout(botones);
   setMinimumWidth(360);
-  (session.RegistroActual.isEmpty() ? actual_ : nuevo_)->setFocus();
+  (codigo.isEmpty() ? actual_ : nuevo_)->setFocus();
 }
 
 void FrmProductosG::Guardar() {
@@ -59,7 +60,7 @@ void FrmProductosG::Guardar() {
     reject();
     return;
   }
-  session_.RegistroActual = mFunciones::ValorTexto(nuevo_->text());
+  guardada_ = mFunciones::ValorTexto(nuevo_->text());
   accept();
 }
 

@@ -19,8 +19,8 @@ namespace ventarix {
 
 using namespace Qt::StringLiterals;
 
-FrmProductosP::FrmProductosP(Session& session, QWidget* parent)
-    : QDialog(parent), session_(session), codigo_(session.RegistroActual) {
+FrmProductosP::FrmProductosP(Session& session, const QString& codigo, QWidget* parent)
+    : QDialog(parent), session_(session), codigo_(codigo) {
   setObjectName(u"FrmProductosP"_s);
   setWindowTitle(u"Productos - Precios"_s);
   auto* producto =
@@ -90,7 +90,7 @@ void FrmProductosP::Guardar() {
     ui::ShowOutcome(this, session_, guardado);
     return;
   }
-  session_.RegistroActual = codigo_;
+  guardada_ = codigo_;
   accept();
 }
 

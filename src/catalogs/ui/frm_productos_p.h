@@ -3,6 +3,7 @@
 #include <QDialog>
 
 #include "core/session.h"
+#include "core/ui/llave_guardada.h"
 
 class QLabel;
 class QPushButton;
@@ -11,14 +12,16 @@ namespace ventarix {
 
 class CampoCaptura;
 
-// Quick prices of the product in RegistroActual, opened from the browser in price mode: the
+// Quick prices of the product whose code it is given, opened from the browser in price mode: the
 // final price, tax, cost and sale price only. The final price and the sale price follow each
 // other through the tax as either is typed.
-class FrmProductosP : public QDialog {
+class FrmProductosP : public QDialog, public LlaveGuardada {
   Q_OBJECT
 
  public:
-  explicit FrmProductosP(Session& session, QWidget* parent = nullptr);
+  FrmProductosP(Session& session, const QString& codigo, QWidget* parent = nullptr);
+
+  QString Guardada() const override { return guardada_; }
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;
@@ -37,6 +40,7 @@ class FrmProductosP : public QDialog {
   CampoCaptura* venta_;
   QPushButton* guardar_;
   QPushButton* salir_;
+  QString guardada_;
 };
 
 }  // namespace ventarix

@@ -10,49 +10,49 @@ namespace ventarix {
 class FrmClientesA : public FormaSocio {
  public:
   explicit FrmClientesA(Session& session, QWidget* parent = nullptr)
-      : FormaSocio(session, socios::Socio::kClientes, false, parent) {}
+      : FormaSocio(session, socios::Socio::kClientes, false, {}, parent) {}
 };
 
 class FrmClientesC : public FormaSocio {
  public:
-  explicit FrmClientesC(Session& session, QWidget* parent = nullptr)
-      : FormaSocio(session, socios::Socio::kClientes, true, parent) {}
+  FrmClientesC(Session& session, const QString& llave, QWidget* parent = nullptr)
+      : FormaSocio(session, socios::Socio::kClientes, true, llave, parent) {}
 };
 
 class FrmProveedoresA : public FormaSocio {
  public:
   explicit FrmProveedoresA(Session& session, QWidget* parent = nullptr)
-      : FormaSocio(session, socios::Socio::kProveedores, false, parent) {}
+      : FormaSocio(session, socios::Socio::kProveedores, false, {}, parent) {}
 };
 
 class FrmProveedoresC : public FormaSocio {
  public:
-  explicit FrmProveedoresC(Session& session, QWidget* parent = nullptr)
-      : FormaSocio(session, socios::Socio::kProveedores, true, parent) {}
+  FrmProveedoresC(Session& session, const QString& llave, QWidget* parent = nullptr)
+      : FormaSocio(session, socios::Socio::kProveedores, true, llave, parent) {}
 };
 
 class FrmAgentesA : public FormaSocio {
  public:
   explicit FrmAgentesA(Session& session, QWidget* parent = nullptr)
-      : FormaSocio(session, socios::Socio::kAgentes, false, parent) {}
+      : FormaSocio(session, socios::Socio::kAgentes, false, {}, parent) {}
 };
 
 class FrmAgentesC : public FormaSocio {
  public:
-  explicit FrmAgentesC(Session& session, QWidget* parent = nullptr)
-      : FormaSocio(session, socios::Socio::kAgentes, true, parent) {}
+  FrmAgentesC(Session& session, const QString& llave, QWidget* parent = nullptr)
+      : FormaSocio(session, socios::Socio::kAgentes, true, llave, parent) {}
 };
 
 class FrmBancosA : public FormaSocio {
  public:
   explicit FrmBancosA(Session& session, QWidget* parent = nullptr)
-      : FormaSocio(session, socios::Socio::kBancos, false, parent) {}
+      : FormaSocio(session, socios::Socio::kBancos, false, {}, parent) {}
 };
 
 class FrmBancosC : public FormaSocio {
  public:
-  explicit FrmBancosC(Session& session, QWidget* parent = nullptr)
-      : FormaSocio(session, socios::Socio::kBancos, true, parent) {}
+  FrmBancosC(Session& session, const QString& llave, QWidget* parent = nullptr)
+      : FormaSocio(session, socios::Socio::kBancos, true, llave, parent) {}
 };
 
 }  // namespace ventarix

@@ -74,7 +74,7 @@ void MDIInicioCambiar::Correr() {
     QDialog::reject();
     return;
   }
-  if (!nuevo_.isEmpty() && !session_.CambioDeCodigoPendiente) session_.RegistroActual = nuevo_;
+  if (!session_.CambioDeCodigoPendiente) guardada_ = nuevo_;
   accept();
 }
 

@@ -23,9 +23,6 @@ QTableWidgetItem* Celda(const QString& texto, Qt::Alignment alineacion) {
 
 }  // namespace
 
-MDIInicioPrecios::MDIInicioPrecios(Session& session, QWidget* parent)
-    : MDIInicioPrecios(session, session.RegistroActual, parent) {}
-
 MDIInicioPrecios::MDIInicioPrecios(Session& session, const QString& codigo, QWidget* parent)
     : QDialog(parent), session_(session), codigo_(codigo.trimmed()) {
   setObjectName(QStringLiteral("MDIInicioPrecios"));

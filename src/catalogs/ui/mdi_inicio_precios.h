@@ -12,13 +12,11 @@ namespace ventarix {
 
 // A product's five price levels in a small window, each with its margin and its price with
 // tax. Enter or a double click takes the level's price: it is left in AyudaResultado and the
-// window closes accepted; Esc leaves nothing. Opened by name it shows the product whose code
-// is in RegistroActual.
+// window closes accepted; Esc leaves nothing.
 class MDIInicioPrecios : public QDialog {
   Q_OBJECT
 
  public:
-  explicit MDIInicioPrecios(Session& session, QWidget* parent = nullptr);
   MDIInicioPrecios(Session& session, const QString& codigo, QWidget* parent = nullptr);
 
   // The price chosen, with tax.

@@ -14,8 +14,9 @@ void RegistrarPreciosMasivos(FormRegistry& registry) {
                [](Session& session) { return new MDIInicioNetos(session); });
   registry.Add(QStringLiteral("MDIInicioCambiar"),
                [](Session& session) { return new MDIInicioCambiar(session); });
-  registry.Add(QStringLiteral("MDIInicioPrecios"),
-               [](Session& session) { return new MDIInicioPrecios(session); });
+  registry.Add(QStringLiteral("MDIInicioPrecios"), [](Session& session, const QString& codigo) {
+    return new MDIInicioPrecios(session, codigo);
+  });
 }
 
 }  // namespace ventarix

@@ -15,10 +15,10 @@
 #include "catalogs/ui/grid_niveles.h"
 #include "core/catalogo_nombre.h"
 #include "core/mFunciones_valores.h"
+#include "core/round_half_even.h"
 #include "core/ui/campo_captura.h"
 #include "core/ui/campo_catalogo.h"
 #include "core/ui/teclas_captura.h"
-#include "documents/round_half_even.h"
 
 namespace ventarix {
 

@@ -8,21 +8,28 @@ namespace ventarix {
 namespace {
 
 template <typename Forma>
-void Agregar(FormRegistry& registry, const char* nombre) {
-  registry.Add(QLatin1String(nombre), [](Session& session) { return new Forma(session); });
+void Alta(FormRegistry& registry, const char* nombre) {
+  registry.Add(QLatin1String(nombre),
+               [](Session& session, const QString&) { return new Forma(session); });
+}
+
+template <typename Forma>
+void Cambio(FormRegistry& registry, const char* nombre) {
+  registry.Add(QLatin1String(nombre),
+               [](Session& session, const QString& llave) { return new Forma(session, llave); });
 }
 
 }  // namespace
 
 void RegistrarSocios(FormRegistry& registry) {
-  Agregar<FrmClientesA>(registry, "FrmClientesA");
-  Agregar<FrmClientesC>(registry, "FrmClientesC");
-  Agregar<FrmProveedoresA>(registry, "FrmProveedoresA");
-  Agregar<FrmProveedoresC>(registry, "FrmProveedoresC");
-  Agregar<FrmAgentesA>(registry, "FrmAgentesA");
-  Agregar<FrmAgentesC>(registry, "FrmAgentesC");
-  Agregar<FrmBancosA>(registry, "FrmBancosA");
-  Agregar<FrmBancosC>(registry, "FrmBancosC");
+  Alta<FrmClientesA>(registry, "FrmClientesA");
+  Cambio<FrmClientesC>(registry, "FrmClientesC");
+  Alta<FrmProveedoresA>(registry, "FrmProveedoresA");
+  Cambio<FrmProveedoresC>(registry, "FrmProveedoresC");
+  Alta<FrmAgentesA>(registry, "FrmAgentesA");
+  Cambio<FrmAgentesC>(registry, "FrmAgentesC");
+  Alta<FrmBancosA>(registry, "FrmBancosA");
+  Cambio<FrmBancosC>(registry, "FrmBancosC");
 }
 
 }  // namespace ventarix

@@ -1,26 +1,19 @@
 #include "core/ui/form_registry.h"
 
+#include <memory>
+
+#include <QDialog>
 #include <QWidget>
 
-#include "catalogs/ui/configuracion_registro.h"
-#include "catalogs/ui/precios_masivos_registro.h"
-#include "catalogs/ui/productos_registro.h"
-#include "catalogs/ui/socios_registro.h"
-#include "core/ui/mdi_inicio_autorizacion.h"
-#include "core/ui/navegador.h"
+#include "core/ui/llave_guardada.h"
 #include "core/ui/pantalla_pendiente.h"
-#include "core/ui/usuarios_registro.h"
-#include "documents/ui/bajas_registro.h"
-#include "edocs/ui/folios_registro.h"
-#include "edocs/ui/rpt_informe.h"
-#include "maintenance/ui/mdi_inicio_manto.h"
 
 namespace ventarix {
 
-QWidget* FormRegistry::Create(const QString& name, Session& session) const {
+QWidget* FormRegistry::Create(const QString& name, Session& session, const QString& llave) const {
   const auto found = factories_.constFind(name);
   if (found == factories_.constEnd() || !*found) return new PantallaPendiente(name);
-  return (*found)(session);
+  return (*found)(session, llave);
 }
 
 QStringList FormRegistry::Actuar(const QString& name, Session& session, const QString& tabla,
@@ -33,19 +26,12 @@ QStringList FormRegistry::Actuar(const QString& name, Session& session, const QS
   return {};
 }
 
-void RegistrarFormularios(FormRegistry& registry) {
-  registry.Add(QStringLiteral("MDIInicioAutorizacion"),
-               [](Session& session) { return new MDIInicioAutorizacion(session); });
-  RegistrarNavegadores(registry);
-  RegistrarBajas(registry);
-  RegistrarUsuarios(registry);
-  RegistrarSocios(registry);
-  RegistrarProductos(registry);
-  RegistrarPreciosMasivos(registry);
-  RegistrarConfiguracion(registry);
-  RegistrarMantenimiento(registry);
-  RegistrarFolios(registry);
-  RegistrarInformeSat(registry);
+QString EjecutarDialogo(QDialog* dialogo, QWidget* parent) {
+  std::unique_ptr<QDialog> propio(dialogo);
+  dialogo->setParent(parent, dialogo->windowFlags() | Qt::Dialog);
+  dialogo->exec();
+  const auto* guardada = dynamic_cast<const LlaveGuardada*>(dialogo);
+  return guardada != nullptr ? guardada->Guardada() : QString();
 }
 
 }  // namespace ventarix

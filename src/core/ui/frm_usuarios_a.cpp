@@ -39,7 +39,7 @@ void FrmUsuariosA::GuardarClicked() {
     ui::ShowOutcome(this, session_, outcome);
     return;
   }
-  session_.RegistroActual = datos.usuario.trimmed();
+  guardada_ = datos.usuario.trimmed();
   accept();
 }
 

@@ -5,6 +5,7 @@
 #include <QDialog>
 
 #include "core/session.h"
+#include "core/ui/llave_guardada.h"
 
 class QPushButton;
 
@@ -12,14 +13,16 @@ namespace ventarix {
 
 struct CamposDeUsuario;
 
-// Adds a user: name, password, store 1 to 3 and the two role flags. On saving it leaves the
-// new user's key in RegistroActual and closes accepted.
-class FrmUsuariosA : public QDialog {
+// Adds a user: name, password, store 1 to 3 and the two role flags. On saving it closes
+// accepted and tells the new user's key.
+class FrmUsuariosA : public QDialog, public LlaveGuardada {
   Q_OBJECT
 
  public:
   explicit FrmUsuariosA(Session& session, QWidget* parent = nullptr);
   ~FrmUsuariosA() override;
+
+  QString Guardada() const override { return guardada_; }
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;
@@ -31,6 +34,7 @@ class FrmUsuariosA : public QDialog {
   std::unique_ptr<CamposDeUsuario> campos_;
   QPushButton* guardar_;
   QPushButton* salir_;
+  QString guardada_;
 };
 
 }  // namespace ventarix

@@ -12,8 +12,8 @@
 
 namespace ventarix {
 
-FrmUsuariosB::FrmUsuariosB(Session& session, QWidget* parent)
-    : QDialog(parent), session_(session), usuario_(session.RegistroActual) {
+FrmUsuariosB::FrmUsuariosB(Session& session, const QString& usuario, QWidget* parent)
+    : QDialog(parent), session_(session), usuario_(usuario) {
   setObjectName(QStringLiteral("FrmUsuariosB"));
   setWindowTitle(QStringLiteral("Usuarios - Borrar"));
   auto* pregunta = new QLabel(QStringLiteral("Borrar el usuario %1").arg(usuario_), this);
@@ -40,7 +40,7 @@ void FrmUsuariosB::BorrarClicked() {
     ui::ShowOutcome(this, session_, outcome);
     return;
   }
-  session_.RegistroActual = usuario_;
+  guardada_ = usuario_;
   accept();
 }
 

@@ -17,7 +17,8 @@
 
 namespace ventarix {
 
-FrmUsuariosC::FrmUsuariosC(Session& session, QWidget* parent) : QDialog(parent), session_(session) {
+FrmUsuariosC::FrmUsuariosC(Session& session, const QString& usuario, QWidget* parent)
+    : QDialog(parent), session_(session) {
   setObjectName(QStringLiteral("FrmUsuariosC"));
   setWindowTitle(QStringLiteral("Usuarios - Cambios"));
   mostrar_ = new QToolButton(this);
@@ -42,7 +43,6 @@ FrmUsuariosC::FrmUsuariosC(Session& session, QWidget* parent) : QDialog(parent),
   layout->addLayout(botones);
   setMinimumWidth(360);
 
-  const QString usuario = session_.RegistroActual;
   if (!usuarios::PuedeCambiar(session_, usuario)) {
     problema_ = Outcome::Warning(
         QStringLiteral("Este usuario no tiene permisos para cambios de registros"));
@@ -74,7 +74,7 @@ void FrmUsuariosC::GuardarClicked() {
     ui::ShowOutcome(this, session_, outcome);
     return;
   }
-  session_.RegistroActual = datos.usuario.trimmed();
+  guardada_ = datos.usuario.trimmed();
   accept();
 }
 

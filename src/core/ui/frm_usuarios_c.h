@@ -6,6 +6,7 @@
 
 #include "core/outcome.h"
 #include "core/session.h"
+#include "core/ui/llave_guardada.h"
 
 class QPushButton;
 class QToolButton;
@@ -14,16 +15,18 @@ namespace ventarix {
 
 struct CamposDeUsuario;
 
-// Changes the user whose key is in RegistroActual: password, store 1 to 5 and, for an
+// Changes the user whose key it is given: password, store 1 to 5 and, for an
 // administrator, the manager flag. Someone who is no administrator opens only their own row.
 // The stored password cannot be shown back: the field starts empty, and left empty it keeps
 // the stored one. Mostrar ("+") shows what is typed while it is held down.
-class FrmUsuariosC : public QDialog {
+class FrmUsuariosC : public QDialog, public LlaveGuardada {
   Q_OBJECT
 
  public:
-  explicit FrmUsuariosC(Session& session, QWidget* parent = nullptr);
+  FrmUsuariosC(Session& session, const QString& usuario, QWidget* parent = nullptr);
   ~FrmUsuariosC() override;
+
+  QString Guardada() const override { return guardada_; }
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;
@@ -40,6 +43,7 @@ class FrmUsuariosC : public QDialog {
   QPushButton* salir_;
   // Why the screen cannot open on this row; shown once it is on screen.
   Outcome problema_;
+  QString guardada_;
 };
 
 }  // namespace ventarix

@@ -104,8 +104,8 @@ QList<QTreeWidgetItem*> Entradas(QTreeWidget* arbol) {
 
 }  // namespace
 
-FrmUsuariosP::FrmUsuariosP(Session& session, QWidget* parent)
-    : QDialog(parent), session_(session), usuario_(session.RegistroActual) {
+FrmUsuariosP::FrmUsuariosP(Session& session, const QString& usuario, QWidget* parent)
+    : QDialog(parent), session_(session), usuario_(usuario) {
   setObjectName(u"FrmUsuariosP"_s);
   setWindowTitle(u"Usuarios - Permisos de "_s + usuario_);
   check1_ = new QCheckBox(u"Todas las opciones del &menú"_s, this);
@@ -266,7 +266,7 @@ void FrmUsuariosP::GuardarClicked() {
     ui::ShowOutcome(this, session_, outcome);
     return;
   }
-  session_.RegistroActual = usuario_;
+  guardada_ = usuario_;
   accept();
 }
 

@@ -6,6 +6,7 @@
 #include <QHash>
 
 #include "core/session.h"
+#include "core/ui/llave_guardada.h"
 #include "core/usuarios.h"
 
 class QCheckBox;
@@ -15,16 +16,18 @@ class QTreeWidget;
 
 namespace ventarix {
 
-// The rights of the user whose key is in RegistroActual: the four masked menus as checkable
+// The rights of the user whose key it is given: the four masked menus as checkable
 // entries with the main window's captions, the rights text (add, cancel, change) of every
 // document family and catalogue, the field locks and the invoice series. Check1 ticks or
 // clears every menu entry; Check2 and Check3 give or take every right of the documents and
-// of the catalogues. Guardar writes it all, leaves the key in RegistroActual and closes.
-class FrmUsuariosP : public QDialog {
+// of the catalogues. Guardar writes it all, tells the key as the one saved and closes.
+class FrmUsuariosP : public QDialog, public LlaveGuardada {
   Q_OBJECT
 
  public:
-  explicit FrmUsuariosP(Session& session, QWidget* parent = nullptr);
+  FrmUsuariosP(Session& session, const QString& usuario, QWidget* parent = nullptr);
+
+  QString Guardada() const override { return guardada_; }
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;
@@ -56,6 +59,7 @@ class FrmUsuariosP : public QDialog {
   QPushButton* guardar_;
   QPushButton* salir_;
   Outcome problema_;
+  QString guardada_;
 };
 
 }  // namespace ventarix

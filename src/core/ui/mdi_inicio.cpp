@@ -1,7 +1,5 @@
 #include "core/ui/mdi_inicio.h"
 
-#include <memory>
-
 #include <QActionGroup>
 #include <QApplication>
 #include <QDialog>
@@ -14,6 +12,7 @@
 #include <QToolButton>
 
 #include "core/inicio.h"
+#include "core/ui/mdi_inicio_autorizacion.h"
 #include "core/ui/mdi_inicio_presentacion.h"
 
 namespace ventarix {
@@ -48,27 +47,23 @@ void MDIInicio::Recargar() {
   AplicarPermisos();
 }
 
-void MDIInicio::Abrir(const QString& forma) {
+QString MDIInicio::Abrir(const QString& forma, const QString& llave) {
   // A window closed in this same event is hidden but not yet deleted: it doesn't count.
   QMdiSubWindow* abierta = abiertas_.value(forma);
   if (abierta != nullptr && !abierta->isHidden()) {
     abierta->showNormal();
     area_->setActiveSubWindow(abierta);
-    return;
+    return {};
   }
-  QWidget* pantalla = registry_.Create(forma, session_);
-  if (pantalla == nullptr) return;
-  if (auto* dialogo = qobject_cast<QDialog*>(pantalla)) {
-    std::unique_ptr<QDialog> propio(dialogo);
-    dialogo->setParent(this, dialogo->windowFlags() | Qt::Dialog);
-    dialogo->exec();
-    return;
-  }
+  QWidget* pantalla = registry_.Create(forma, session_, llave);
+  if (pantalla == nullptr) return {};
+  if (auto* dialogo = qobject_cast<QDialog*>(pantalla)) return EjecutarDialogo(dialogo, this);
   QMdiSubWindow* ventana = area_->addSubWindow(pantalla);
   ventana->setObjectName(forma + QStringLiteral("_ventana"));
   abiertas_.insert(forma, ventana);
   ventana->show();
   area_->setActiveSubWindow(ventana);
+  return {};
 }
 
 QWidget* MDIInicio::FormaActiva() const {
@@ -87,10 +82,11 @@ void MDIInicio::EnviarTecla(int key, Qt::KeyboardModifiers modifiers) {
 }
 
 void MDIInicio::AbrirUsuarios() {
-  if (inicio::PrepararAutorizacionUsuarios(session_)) {
-    Abrir(QStringLiteral("MDIInicioAutorizacion"));
+  const std::optional<mBrowse::Prompt> prompt = inicio::AutorizacionUsuarios(session_);
+  if (prompt && !MDIInicioAutorizacion::Autorizar(session_, prompt->titulo, prompt->claves, this)) {
+    return;
   }
-  if (session_.Autorizado) Abrir(QStringLiteral("FrmUsuarios"));
+  Abrir(QStringLiteral("FrmUsuarios"));
 }
 
 void MDIInicio::AbrirTpv() { Abrir(inicio::FormaTpv(session_)); }

@@ -31,8 +31,10 @@ class MDIInicio : public QMainWindow {
   // works at the till.
   void Cargar();
 
-  // Opens the form by name: a dialog modally, any other screen as a window of its own here.
-  void Abrir(const QString& forma);
+  // Opens the form by name on the record of key `llave` (empty: none, or a new one): a dialog
+  // modally, returning the key of the record it saved (empty when it saved none); any other
+  // screen as a window of its own here.
+  QString Abrir(const QString& forma, const QString& llave = {});
   // The form in front, or none.
   QWidget* FormaActiva() const;
   // A key for the form in front, as if typed in its current field.

@@ -16,13 +16,13 @@ namespace {
 const bool kSiempreMayusculas = true;
 }  // namespace
 
-MDIInicioAutorizacion::MDIInicioAutorizacion(Session& session, QWidget* parent)
-    : QDialog(parent), session_(session) {
+MDIInicioAutorizacion::MDIInicioAutorizacion(Session& session, const QString& titulo,
+                                             const QStringList& claves, QWidget* parent)
+    : QDialog(parent), session_(session), claves_(claves) {
   setObjectName(QStringLiteral("MDIInicioAutorizacion"));
   setWindowTitle(QString::fromLatin1(ui::kTitulo));
   setModal(true);
-  session_.Autorizado = false;
-  titulo_ = new QLabel(session.AutorizacionTitulo, this);
+  titulo_ = new QLabel(titulo, this);
   titulo_->setObjectName(QStringLiteral("Titulo"));
   titulo_->setWordWrap(true);
   autorizar_ = new QLineEdit(this);
@@ -43,7 +43,7 @@ void MDIInicioAutorizacion::keyPressEvent(QKeyEvent* event) {
       Comprobar();
       return;
     case Qt::Key_Escape:
-      session_.Autorizado = false;
+      autorizado_ = false;
       reject();
       return;
     default:
@@ -51,8 +51,16 @@ void MDIInicioAutorizacion::keyPressEvent(QKeyEvent* event) {
   }
 }
 
+bool MDIInicioAutorizacion::Autorizar(Session& session, const QString& titulo,
+                                      const QStringList& claves, QWidget* parent) {
+  MDIInicioAutorizacion dialogo(session, titulo, claves, parent);
+  dialogo.exec();
+  return dialogo.autorizado();
+}
+
 void MDIInicioAutorizacion::Comprobar() {
-  const Outcome outcome = inicio::Autorizar(session_, autorizar_->text());
+  const Outcome outcome = inicio::Autorizar(claves_, autorizar_->text());
+  autorizado_ = outcome.ok;
   if (outcome) {
     // The password has no business staying in the window once it did its work.
     autorizar_->clear();

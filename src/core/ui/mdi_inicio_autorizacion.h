@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QDialog>
+#include <QStringList>
 
 #include "core/session.h"
 
@@ -9,13 +10,21 @@ class QLineEdit;
 
 namespace ventarix {
 
-// The authorization prompt: a stronger user's password allows one act. The caller fills
-// AutorizacionTitulo and AutorizacionClave and reads Autorizado afterwards.
+// The authorization prompt: a stronger user's password allows one act. It shows the title it
+// is given and accepts any one of the stored passwords it is given.
 class MDIInicioAutorizacion : public QDialog {
   Q_OBJECT
 
  public:
-  explicit MDIInicioAutorizacion(Session& session, QWidget* parent = nullptr);
+  MDIInicioAutorizacion(Session& session, const QString& titulo, const QStringList& claves,
+                        QWidget* parent = nullptr);
+
+  // Asks over `parent` until a right password is typed (true) or the user leaves (false).
+  static bool Autorizar(Session& session, const QString& titulo, const QStringList& claves,
+                        QWidget* parent);
+
+  // Whether one of the passwords was typed; Esc leaves it false.
+  bool autorizado() const { return autorizado_; }
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;
@@ -24,8 +33,10 @@ class MDIInicioAutorizacion : public QDialog {
   void Comprobar();
 
   Session& session_;
+  const QStringList claves_;
   QLabel* titulo_;
   QLineEdit* autorizar_;
+  bool autorizado_ = false;
 };
 
 }  // namespace ventarix

@@ -71,7 +71,11 @@ QRect Colocacion(const QRect& guardada, const QRect& area) {
 
 Navegador::Navegador(Session& session, const mBrowse::Familia& familia,
                      const FormRegistry& registry, QWidget* parent)
-    : QWidget(parent), session_(session), familia_(familia), registry_(registry) {
+    : QWidget(parent),
+      session_(session),
+      familia_(familia),
+      registry_(registry),
+      extras_(registry.ExtrasDe(QString::fromLatin1(familia.forma))) {
   setObjectName(QString::fromLatin1(familia.forma));
   setWindowTitle(QString::fromUtf8(familia.titulo));
   setAttribute(Qt::WA_DeleteOnClose);

@@ -7,6 +7,7 @@
 #include "core/browse_view.h"
 #include "core/mBrowse.h"
 #include "core/session.h"
+#include "core/ui/accion_extra.h"
 
 class QAction;
 class QLabel;
@@ -21,7 +22,7 @@ class ModeloVista;
 // The grid browser every catalogue and document family opens from the menus (FrmClientes,
 // FrmFacturas, ...): the user's saved view of the family's table, with its searches, filter,
 // sort, sums of the selected cells, and the add, change and cancel screens behind rights and
-// authorization.
+// authorization. A family's own buttons and keys come from the registry (AccionExtra).
 class Navegador : public QWidget {
   Q_OBJECT
 
@@ -37,6 +38,18 @@ class Navegador : public QWidget {
   bool BuscarEnFila(const QString& columna, const QVariant& valor);
   // The toolbar button's authorization prompts; true when the act may go on.
   bool Autorizar(int boton);
+  // Whether the user's rights on the family allow the act ("A", "B", "C"); when not, the
+  // message is shown. A family without a rights column allows it.
+  bool Permitido(const QString& accion);
+  // Opens the form on the record of key `llave`; the key it saved, whose row is shown again.
+  QString AbrirForma(const QString& forma, const QString& llave = {});
+  // The key of the current row, or empty.
+  QString LlaveActual() const;
+  // The whole load again, with the search, sort and row the user has now.
+  void Recargar();
+  // The screen Cambiar opens instead of the family's change screen; empty: the family's own.
+  void setPantallaDeCambio(const QString& forma) { pantalla_cambio_ = forma; }
+  const QString& pantallaDeCambio() const { return pantalla_cambio_; }
   // Writes the current row, first column, search and sort into the user's view.
   void GuardarVista();
   void Buscar(int tecla);
@@ -48,6 +61,7 @@ class Navegador : public QWidget {
   ModeloVista* modelo() const { return modelo_; }
   const mBrowse::Vista& vista() const { return vista_; }
   const mBrowse::Familia& familia() const { return familia_; }
+  Session& session() const { return session_; }
 
  public slots:
   void AlinearGrid(int alineacion);
@@ -60,12 +74,10 @@ class Navegador : public QWidget {
  private:
   void ConstruirBarra();
   bool Tecla(QKeyEvent* event);
+  bool TeclaExtra(QKeyEvent* event);
+  QAction* Boton(int numero) const;
   void Nuevo();
   void Cambiar();
-  void CambiarCodigo();
-  void Recargar();
-  void ModoPrecios();
-  void Predeterminar();
   void Cancelar();
   void Borrar();
   void DarDeBajaOBorrar(const QString& forma, bool borrar);
@@ -76,8 +88,6 @@ class Navegador : public QWidget {
   void Copiar();
   void MostrarSuma();
   void AplicarBusqueda(const mBrowse::Busqueda& busqueda, bool filtro);
-  void AbrirForma(const QString& forma);
-  QString LlaveActual() const;
   void PintarFondo();
   void Estado();
   int AnchoDeDatos(int columna) const;
@@ -85,13 +95,14 @@ class Navegador : public QWidget {
   Session& session_;
   const mBrowse::Familia& familia_;
   const FormRegistry& registry_;
+  const ExtrasNavegador extras_;
   mBrowse::Vista vista_;
   ModeloVista* modelo_;
   QTableView* fg1_;
   QToolBar* barra_;
   QLabel* estado_;
   mBrowse::Busqueda busqueda_;  // the search in force, as the user gave it
-  bool modo_precios_ = false;   // products: Enter opens the quick price screen
+  QString pantalla_cambio_;
   bool cargada_ = false;
   bool colocada_ = false;  // placed in the main window's work area
 };

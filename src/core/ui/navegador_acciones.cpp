@@ -20,23 +20,10 @@
 #include "core/ui/mdi_inicio_autorizacion.h"
 #include "core/ui/message_box.h"
 #include "core/ui/navegador.h"
-#include "edocs/folios_rangos.h"
 
 namespace ventarix {
 
 namespace {
-
-bool EsProductos(const mBrowse::Familia& familia) {
-  return QLatin1String(familia.forma) == QLatin1String("FrmProductos");
-}
-
-// The folio browsers: which range table they show.
-bool FamiliaDeFolios(const mBrowse::Familia& familia, edocs::FamiliaFolios* folios) {
-  const QLatin1String forma(familia.forma);
-  if (forma == QLatin1String("FrmFoliosFacturas")) *folios = edocs::FamiliaFolios::kFacturas;
-  if (forma == QLatin1String("FrmFoliosNotas")) *folios = edocs::FamiliaFolios::kNotas;
-  return forma == QLatin1String("FrmFoliosFacturas") || forma == QLatin1String("FrmFoliosNotas");
-}
 
 int TeclaDeFuncion(int key) {
   return key >= Qt::Key_F2 && key <= Qt::Key_F8 ? key - Qt::Key_F1 + 1 : -1;
@@ -63,16 +50,11 @@ void Navegador::ConstruirBarra() {
   boton(5, QStyle::SP_DialogSaveButton, QStringLiteral("Copiar"), &Navegador::Copiar);
   boton(6, QStyle::SP_FileDialogContentsView, QStringLiteral("Imprimir"), &Navegador::Imprimir);
   barra_->addSeparator();
-  if (QLatin1String(familia_.forma) == QLatin1String("FrmUsuarios")) {
-    boton(7, QStyle::SP_DialogApplyButton, QStringLiteral("Permisos"), [this] {
-      if (!session_.Administrador) return;
-      session_.RegistroActual = LlaveActual();
-      if (!session_.RegistroActual.isEmpty()) AbrirForma(QStringLiteral("FrmUsuariosP"));
-    });
-  }
-  if (edocs::FamiliaFolios folios; FamiliaDeFolios(familia_, &folios)) {
-    boton(8, QStyle::SP_DialogYesButton, QStringLiteral("Predeterminar"),
-          &Navegador::Predeterminar);
+  std::vector<QAction*> propios;
+  for (const AccionExtra& extra : extras_.acciones) {
+    if (extra.boton == 0) continue;
+    propios.push_back(
+        boton(extra.boton, extra.icono, extra.texto, [this, &extra] { extra.accion(*this); }));
   }
   boton(10, QStyle::SP_DialogCloseButton, QStringLiteral("Cerrar"), [this] {
     if (auto* ventana = parentWidget(); ventana && ventana->inherits("QMdiSubWindow")) {
@@ -81,14 +63,15 @@ void Navegador::ConstruirBarra() {
       close();
     }
   });
-  // Only an administrator keeps users.
+  // A family without a rights column is kept by administrators only.
   if (familia_.derechos == nullptr && !session_.Administrador) {
-    for (int i : {1, 3, 7}) {
-      if (QAction* a = barra_->findChild<QAction*>(QStringLiteral("Toolbar_%1").arg(i))) {
-        a->setVisible(false);
-      }
-    }
+    for (QAction* a : propios) a->setVisible(false);
+    for (int i : {1, 3}) Boton(i)->setVisible(false);
   }
+}
+
+QAction* Navegador::Boton(int numero) const {
+  return barra_->findChild<QAction*>(QStringLiteral("Toolbar_%1").arg(numero));
 }
 
 bool Navegador::eventFilter(QObject* watched, QEvent* event) {
@@ -98,7 +81,20 @@ bool Navegador::eventFilter(QObject* watched, QEvent* event) {
   return QWidget::eventFilter(watched, event);
 }
 
+// The family's own keys; one whose button is disabled or hidden does nothing.
+bool Navegador::TeclaExtra(QKeyEvent* event) {
+  const Qt::KeyboardModifiers modificadores = event->modifiers() & ~Qt::KeypadModifier;
+  for (const AccionExtra& extra : extras_.acciones) {
+    if (extra.tecla != event->key() || extra.modificadores != modificadores) continue;
+    QAction* boton = extra.boton != 0 ? Boton(extra.boton) : nullptr;
+    if (boton == nullptr || (boton->isEnabled() && boton->isVisible())) extra.accion(*this);
+    return true;
+  }
+  return false;
+}
+
 bool Navegador::Tecla(QKeyEvent* event) {
+  if (TeclaExtra(event)) return true;
   const int key = event->key();
   if (event->modifiers() & Qt::ControlModifier) {
     switch (key) {
@@ -117,12 +113,6 @@ bool Navegador::Tecla(QKeyEvent* event) {
       case Qt::Key_B:
         Buscar(0);
         return true;
-      case Qt::Key_G:
-        CambiarCodigo();
-        return true;
-      case Qt::Key_D:
-        Predeterminar();
-        return true;
       case Qt::Key_Delete:
         Borrar();
         return true;
@@ -136,7 +126,7 @@ bool Navegador::Tecla(QKeyEvent* event) {
   }
   switch (key) {
     case Qt::Key_Escape:
-      barra_->findChild<QAction*>(QStringLiteral("Toolbar_10"))->trigger();
+      Boton(10)->trigger();
       return true;
     case Qt::Key_Insert:
       Nuevo();
@@ -153,9 +143,6 @@ bool Navegador::Tecla(QKeyEvent* event) {
       return true;
     case Qt::Key_F9:
       Filtrar();
-      return true;
-    case Qt::Key_F12:
-      ModoPrecios();
       return true;
     default:
       break;
@@ -177,100 +164,55 @@ QString Navegador::LlaveActual() const {
 
 bool Navegador::Autorizar(int boton) {
   for (const mBrowse::Prompt& prompt : mBrowse::PromptsDeBoton(session_, vista_.Seguridad, boton)) {
-    session_.AutorizacionTitulo = prompt.titulo;
-    session_.AutorizacionClave = prompt.claves;
-    session_.Autorizado = false;
-    MDIInicioAutorizacion dialogo(session_, this);
-    dialogo.exec();
-    if (!session_.Autorizado) return false;
+    if (!MDIInicioAutorizacion::Autorizar(session_, prompt.titulo, prompt.claves, this)) {
+      return false;
+    }
   }
-  session_.Autorizado = true;
   return true;
 }
 
-// The family's add and change screens are modal: when one saves, it leaves its key in
-// RegistroActual and the browser shows that row.
-void Navegador::AbrirForma(const QString& forma) {
-  const QString antes = session_.RegistroActual;
+bool Navegador::Permitido(const QString& accion) {
+  if (familia_.derechos == nullptr) return true;
+  const Outcome permiso =
+      mFunciones::TienePermiso(session_, QString::fromLatin1(familia_.derechos), accion);
+  if (!permiso) ui::ShowOutcome(this, session_, permiso);
+  return permiso.ok;
+}
+
+// The family's add and change screens are modal: when one saves, it tells its key and the
+// browser shows that row.
+QString Navegador::AbrirForma(const QString& forma, const QString& llave) {
+  QString guardada;
   if (auto* mdi = qobject_cast<MDIInicio*>(window())) {
-    mdi->Abrir(forma);
+    guardada = mdi->Abrir(forma, llave);
   } else {
-    QWidget* pantalla = registry_.Create(forma, session_);
+    QWidget* pantalla = registry_.Create(forma, session_, llave);
     if (auto* dialogo = qobject_cast<QDialog*>(pantalla)) {
-      dialogo->setParent(this, dialogo->windowFlags() | Qt::Dialog);
-      dialogo->exec();
-      delete dialogo;
+      guardada = EjecutarDialogo(dialogo, this);
     } else if (pantalla != nullptr) {
       pantalla->setAttribute(Qt::WA_DeleteOnClose);
       pantalla->show();
     }
   }
-  if (!session_.RegistroActual.isEmpty()) RefrescarFila(session_.RegistroActual);
-  Q_UNUSED(antes);
+  if (!guardada.isEmpty()) RefrescarFila(guardada);
+  return guardada;
 }
 
 void Navegador::Nuevo() {
-  QAction* boton = barra_->findChild<QAction*>(QStringLiteral("Toolbar_1"));
+  QAction* boton = Boton(1);
   if (!boton->isEnabled() || !boton->isVisible()) return;
-  if (familia_.derechos != nullptr) {
-    const Outcome permiso = mFunciones::TienePermiso(
-        session_, QString::fromLatin1(familia_.derechos), QStringLiteral("A"));
-    if (!permiso) return ui::ShowOutcome(this, session_, permiso);
-  }
-  if (!Autorizar(1)) return;
-  session_.RegistroActual.clear();
+  if (!Permitido(QStringLiteral("A")) || !Autorizar(1)) return;
   AbrirForma(QString::fromLatin1(familia_.alta));
 }
 
 void Navegador::Cambiar() {
-  QAction* boton = barra_->findChild<QAction*>(QStringLiteral("Toolbar_2"));
-  if (!boton->isEnabled() || !fg1_->currentIndex().isValid()) return;
+  if (!Boton(2)->isEnabled() || !fg1_->currentIndex().isValid()) return;
   const QString llave = LlaveActual();
-  if (familia_.derechos != nullptr) {
-    const Outcome permiso = mFunciones::TienePermiso(
-        session_, QString::fromLatin1(familia_.derechos), QStringLiteral("C"));
-    if (!permiso) return ui::ShowOutcome(this, session_, permiso);
-  } else if (!session_.Administrador && llave != session_.Usuario) {
-    return;
-  }
-  if (!Autorizar(2)) return;
-  session_.RegistroActual = llave;
-  AbrirForma(modo_precios_ ? QStringLiteral("FrmProductosP")
-                           : QString::fromLatin1(familia_.cambio));
-}
-
-// Products only: Enter opens the quick price screen instead of the whole product.
-void Navegador::ModoPrecios() {
-  if (!EsProductos(familia_)) return;
-  modo_precios_ = !modo_precios_;
-  ui::Inform(this,
-             QStringLiteral("Pantalla para modo precios ") +
-                 (modo_precios_ ? QStringLiteral("ACTIVADA") : QStringLiteral("DESACTIVADA")));
-}
-
-// Products only: the code change runs through every table, so the whole view is read again.
-void Navegador::CambiarCodigo() {
-  if (!EsProductos(familia_) || !fg1_->currentIndex().isValid()) return;
-  const Outcome permiso = mFunciones::TienePermiso(session_, QString::fromLatin1(familia_.derechos),
-                                                   QStringLiteral("C"));
-  if (!permiso) return ui::ShowOutcome(this, session_, permiso);
-  session_.RegistroActual = LlaveActual();
-  AbrirForma(QStringLiteral("FrmProductosG"));
-  Recargar();
-}
-
-// Folio ranges only: the current range becomes the one the invoice or credit-note screens start
-// with; every row's mark changes, so the whole view is read again.
-void Navegador::Predeterminar() {
-  edocs::FamiliaFolios folios;
-  QAction* boton = barra_->findChild<QAction*>(QStringLiteral("Toolbar_8"));
-  if (!FamiliaDeFolios(familia_, &folios) || boton == nullptr || !boton->isEnabled() ||
-      !fg1_->currentIndex().isValid() || !Autorizar(8)) {
-    return;
-  }
-  const Outcome hecho = edocs::Predeterminar(session_, folios, LlaveActual().toInt());
-  if (!hecho) return ui::ShowOutcome(this, session_, hecho);
-  Recargar();
+  // Without a rights column, someone who is no administrator changes only their own row.
+  if (familia_.derechos == nullptr && !session_.Administrador && llave != session_.Usuario) return;
+  if (!Permitido(QStringLiteral("C")) || !Autorizar(2)) return;
+  AbrirForma(pantalla_cambio_.isEmpty() ? QString::fromLatin1(familia_.cambio) : pantalla_cambio_,
+             llave);
 }
 
 // The whole load again (the year panel may have changed), with the search, sort and row the
@@ -286,19 +228,15 @@ void Navegador::Borrar() { DarDeBajaOBorrar(QStringLiteral("MDIInicioBorrar"), t
 
 // <Del> cancels and <Ctrl+Del> deletes the selected rows, behind the right "B" and the cancel
 // button's authorization; the screen of the action asks and acts, and the browser then shows
-// the rows cancelled or takes out those deleted. Users keep their own delete screen.
+// the rows cancelled or takes out those deleted. A family with a delete screen of its own
+// (users) opens it instead.
 void Navegador::DarDeBajaOBorrar(const QString& forma, bool borrar) {
-  QAction* boton = barra_->findChild<QAction*>(QStringLiteral("Toolbar_3"));
+  QAction* boton = Boton(3);
   if (!boton->isEnabled() || !boton->isVisible() || !fg1_->currentIndex().isValid()) return;
-  if (familia_.derechos != nullptr) {
-    const Outcome permiso = mFunciones::TienePermiso(
-        session_, QString::fromLatin1(familia_.derechos), QStringLiteral("B"));
-    if (!permiso) return ui::ShowOutcome(this, session_, permiso);
-  }
-  if (!Autorizar(3)) return;
-  if (familia_.derechos == nullptr) {
-    session_.RegistroActual = LlaveActual();
-    return AbrirForma(QStringLiteral("FrmUsuariosB"));
+  if (!Permitido(QStringLiteral("B")) || !Autorizar(3)) return;
+  if (!extras_.baja.isEmpty()) {
+    AbrirForma(extras_.baja, LlaveActual());
+    return;
   }
   const QString columna = QString::fromUtf8(familia_.llave.front());
   if (modelo_->ColumnaDe(columna) < 0) {
@@ -330,7 +268,7 @@ QStringList Navegador::LlavesSeleccionadas() const {
 }
 
 void Navegador::Imprimir() {
-  QAction* boton = barra_->findChild<QAction*>(QStringLiteral("Toolbar_6"));
+  QAction* boton = Boton(6);
   if (!boton->isEnabled() || !Autorizar(6)) return;
   AbrirForma(QStringLiteral("RteVista"));
 }

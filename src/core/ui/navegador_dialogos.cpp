@@ -40,13 +40,12 @@ void Navegador::Filtrar() {
 void Navegador::Formato() {
   if (!session_.Administrador) return;
   if (!session_.ContrasenaAdministrador.isEmpty()) {
-    session_.AutorizacionTitulo = QStringLiteral("Contraseña para seguridad");
-    session_.AutorizacionClave = {session_.ContrasenaAdministrador};
-    if (!session_.Contrasena.isEmpty()) session_.AutorizacionClave << session_.Contrasena;
-    session_.Autorizado = false;
-    MDIInicioAutorizacion prompt(session_, this);
-    prompt.exec();
-    if (!session_.Autorizado) return;
+    QStringList claves{session_.ContrasenaAdministrador};
+    if (!session_.Contrasena.isEmpty()) claves << session_.Contrasena;
+    if (!MDIInicioAutorizacion::Autorizar(session_, QStringLiteral("Contraseña para seguridad"),
+                                          claves, this)) {
+      return;
+    }
   }
   // The columns the browser itself works with must stay in any statement an administrator
   // writes.

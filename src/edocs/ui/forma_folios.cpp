@@ -25,8 +25,9 @@ namespace ventarix {
 using namespace Qt::StringLiterals;
 using edocs::Esquema;
 
-FormaFolios::FormaFolios(Session& session, edocs::FamiliaFolios familia, bool alta, QWidget* parent)
-    : QDialog(parent), session_(session), familia_(familia), alta_(alta) {
+FormaFolios::FormaFolios(Session& session, edocs::FamiliaFolios familia, bool alta,
+                         const QString& llave, QWidget* parent)
+    : QDialog(parent), session_(session), familia_(familia), llave_(llave), alta_(alta) {
   abrir_archivo_ = [](QWidget* padre, const QString& titulo, const QString& carpeta,
                       const QString& filtro) {
     return QFileDialog::getOpenFileName(padre, titulo, carpeta, filtro);
@@ -224,14 +225,14 @@ void FormaFolios::Guardar() {
                                                {ruta_certificado_, ruta_llave_, cbb_});
   if (!guardado) return Mostrar(guardado);
   if (!alta_) edocs::VaciarTemporales(session_);
-  session_.RegistroActual = QString::number(rango.numero);
+  guardada_ = QString::number(rango.numero);
   accept();
 }
 
 // The change screen: the stored range, its CBB image, and the certificate and key written back
 // into CarpetaCer; what the row lacks is said once the screen is up.
 void FormaFolios::Cargar() {
-  const qint32 numero = static_cast<qint32>(mFunciones::ValorNumerico(session_.RegistroActual));
+  const qint32 numero = static_cast<qint32>(mFunciones::ValorNumerico(llave_));
   edocs::RangoFolios r;
   const Outcome leido = edocs::LeerRango(session_, familia_, numero, &r, &cbb_);
   if (!leido) {

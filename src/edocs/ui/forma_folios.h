@@ -8,6 +8,7 @@
 
 #include "core/outcome.h"
 #include "core/session.h"
+#include "core/ui/llave_guardada.h"
 #include "edocs/folios_rangos.h"
 
 class QCheckBox;
@@ -26,19 +27,23 @@ class CampoCaptura;
 // numbers and series above, and TabStrip1 below with the frame of the chosen scheme, the
 // logo's placement and the legends of the printed form (and the promissory note on the
 // invoice side). The change screen shows the scheme read-only and restores the range's
-// certificate and key into CarpetaCer. On saving it leaves the range's number in
-// RegistroActual and closes accepted.
-class FormaFolios : public QDialog {
+// certificate and key into CarpetaCer. On saving it closes accepted and tells the range's
+// number.
+class FormaFolios : public QDialog, public LlaveGuardada {
   Q_OBJECT
 
  public:
+  QString Guardada() const override { return guardada_; }
+
   // The file dialog: caption, initial folder, filter; the chosen path, or empty on cancel.
   using AbrirArchivo =
       std::function<QString(QWidget* parent, const QString&, const QString&, const QString&)>;
   void setAbrirArchivo(AbrirArchivo abrir) { abrir_archivo_ = std::move(abrir); }
 
  protected:
-  FormaFolios(Session& session, edocs::FamiliaFolios familia, bool alta, QWidget* parent);
+  // `llave`: the number of the range changed; ignored by the add screen.
+  FormaFolios(Session& session, edocs::FamiliaFolios familia, bool alta, const QString& llave,
+              QWidget* parent);
   void keyPressEvent(QKeyEvent* event) override;
 
  private:
@@ -71,8 +76,10 @@ class FormaFolios : public QDialog {
 
   Session& session_;
   const edocs::FamiliaFolios familia_;
+  const QString llave_;
   const bool alta_;
   AbrirArchivo abrir_archivo_;
+  QString guardada_;
 
   QLabel* numero_;
   QComboBox* esquema_;

@@ -12,12 +12,12 @@ class FrmFoliosFacturasA : public FormaFolios {
   explicit FrmFoliosFacturasA(Session& session, QWidget* parent = nullptr);
 };
 
-// The invoice folio range in RegistroActual.
+// The invoice folio range of the number given.
 class FrmFoliosFacturasC : public FormaFolios {
   Q_OBJECT
 
  public:
-  explicit FrmFoliosFacturasC(Session& session, QWidget* parent = nullptr);
+  FrmFoliosFacturasC(Session& session, const QString& llave, QWidget* parent = nullptr);
 };
 
 // A new credit-note folio range ([folios notas]).
@@ -28,12 +28,12 @@ class FrmFoliosNotasA : public FormaFolios {
   explicit FrmFoliosNotasA(Session& session, QWidget* parent = nullptr);
 };
 
-// The credit-note folio range in RegistroActual.
+// The credit-note folio range of the number given.
 class FrmFoliosNotasC : public FormaFolios {
   Q_OBJECT
 
  public:
-  explicit FrmFoliosNotasC(Session& session, QWidget* parent = nullptr);
+  FrmFoliosNotasC(Session& session, const QString& llave, QWidget* parent = nullptr);
 };
 
 }  // namespace ventarix

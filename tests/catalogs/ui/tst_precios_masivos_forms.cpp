@@ -167,7 +167,7 @@ class TestPreciosMasivosForms : public QObject {
     QVERIFY(std::is_sorted(avance.cbegin(), avance.cend()));
     QVERIFY(pasos.contains(u"remisiones detalles"_s) || pasos.contains(u"facturas detalles"_s));
     QCOMPARE(cambiar.findChild<QLabel*>(u"Codigos"_s)->text(), u"Código VIEJO por NUEVO"_s);
-    QCOMPARE(session.RegistroActual, u"NUEVO"_s);
+    QCOMPARE(cambiar.Guardada(), u"NUEVO"_s);
     QVERIFY(!session.CambioDeCodigoPendiente);
     QCOMPARE(c.Scalar(u"select codigo from \"facturas detalles\""_s).toString(), u"NUEVO"_s);
     QCOMPARE(c.Scalar(u"select count(*) from productos where codigo = 'NUEVO'"_s).toInt(), 1);
@@ -183,7 +183,6 @@ class TestPreciosMasivosForms : public QObject {
         {{u"numero"_s, 1}, {u"codigo actual"_s, u"VIEJO"_s}, {u"codigo nuevo"_s, u"NUEVO"_s}}));
     QVERIFY(testing::Escribir(c, u"drop table \"traspasos detalles\""_s));
     Session session = Sesion(company);
-    session.RegistroActual = u"VIEJO"_s;
     ModalCatcher catcher;
     MDIInicioCambiar cambiar(session);
     cambiar.show();
@@ -193,7 +192,7 @@ class TestPreciosMasivosForms : public QObject {
     QVERIFY2(catcher.texts.value(0).contains(u"traspasos detalles"_s),
              qPrintable(catcher.texts.value(0)));
     QVERIFY(session.CambioDeCodigoPendiente);
-    QCOMPARE(session.RegistroActual, u"VIEJO"_s);
+    QCOMPARE(cambiar.Guardada(), QString());
     QCOMPARE(c.Scalar(u"select \"codigo nuevo\" from empresa"_s).toString(), u"NUEVO"_s);
   }
 
@@ -208,9 +207,8 @@ class TestPreciosMasivosForms : public QObject {
         u"update productos set costo = 10, precio1 = 13, precio2 = 12.5, precio3 = 12, "
         "precio4 = 11.5, precio5 = 11 where codigo = 'A1'"_s));
     Session session = Sesion(company);
-    session.RegistroActual = u"A1"_s;
     {
-      MDIInicioPrecios precios(session);
+      MDIInicioPrecios precios(session, u"A1"_s);
       QVERIFY(Mostrar(precios));
       auto* fg1 = precios.findChild<QTableWidget*>(u"Fg1"_s);
       QCOMPARE(fg1->item(2, 0)->text(), u"Precio 3"_s);

@@ -179,7 +179,7 @@ class TestProductosForms : public QObject {
 
     testing::Guardar(alta);
     QCOMPARE(alta.result(), int(QDialog::Accepted));
-    QCOMPARE(s.RegistroActual, u"12-00001"_s);
+    QCOMPARE(alta.Guardada(), u"12-00001"_s);
     QCOMPARE(Columna(s, u"producto"_s, u"12-00001"_s).toString(), u"DESARMADOR PLANO"_s);
     QCOMPARE(Columna(s, u"venta"_s, u"12-00001"_s).toDouble(), 100.0);
     QCOMPARE(Columna(s, u"costo"_s, u"12-00001"_s).toDouble(), 80.0);
@@ -194,8 +194,7 @@ class TestProductosForms : public QObject {
   void EnterSigueLaPantalla() {
     VENTARIX_DEMO_COMPANY(company);
     Session s = company.MakeSession();
-    s.RegistroActual = u"1-00001"_s;
-    FrmProductosC cambio(s);
+    FrmProductosC cambio(s, u"1-00001"_s);
     QVERIFY(Mostrar(cambio));
     QStringList recorrido;
     for (QWidget* campo = QApplication::focusWidget();
@@ -226,19 +225,20 @@ class TestProductosForms : public QObject {
         u"select codigo from productos where "_s
         u"abs(precio1 - costo * (1 + utilidad1 / 100)) > 0.0001 order by codigo"_s);
     QVERIFY(q.next());
-    s.RegistroActual = q.value(0).toString();
-    const double precio1 = Columna(s, u"precio1"_s, s.RegistroActual).toDouble();
-    FrmProductosC cambio(s);
+    const QString codigo = q.value(0).toString();
+    const double precio1 = Columna(s, u"precio1"_s, codigo).toDouble();
+    FrmProductosC cambio(s, codigo);
     QVERIFY(Mostrar(cambio));
     auto* fg1 = cambio.findChild<GridNiveles*>(u"Fg1"_s);
     QCOMPARE(fg1->PrecioSinImpuesto(0), precio1);
     QCOMPARE(fg1->PrecioConImpuesto(0), mFunciones::ValorNumerico(Texto(cambio, u"Precio"_s)));
     QCOMPARE(mFunciones::ValorNumerico(Texto(cambio, u"Almacen5"_s)),
-             Columna(s, u"almacen5"_s, s.RegistroActual).toDouble());
+             Columna(s, u"almacen5"_s, codigo).toDouble());
     testing::SaveShot(&cambio, u"frm_productos_c_demo"_s);
     Teclear(u"tornillo de prueba"_s);
     testing::Guardar(cambio);
-    QCOMPARE(Columna(s, u"precio1"_s, s.RegistroActual).toDouble(), precio1);
+    QCOMPARE(cambio.Guardada(), codigo);
+    QCOMPARE(Columna(s, u"precio1"_s, codigo).toDouble(), precio1);
   }
 
   // The change screen opens on the product, with its code fixed and, for a clerk barred from
@@ -248,8 +248,7 @@ class TestProductosForms : public QObject {
     Session s = Tienda(company);
     s.Administrador = false;
     s.usuario.Set(u"ModificarCosto"_s, u"N"_s);
-    s.RegistroActual = u"OTRO"_s;
-    FrmProductosC cambio(s);
+    FrmProductosC cambio(s, u"OTRO"_s);
     QVERIFY(Mostrar(cambio));
     QCOMPARE(Texto(cambio, u"Codigo"_s), u"OTRO"_s);
     QVERIFY(cambio.findChild<QLineEdit*>(u"Codigo"_s)->isReadOnly());
@@ -257,7 +256,7 @@ class TestProductosForms : public QObject {
     QCOMPARE(QApplication::focusWidget(), cambio.findChild<QLineEdit*>(u"Producto"_s));
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
     QCOMPARE(cambio.result(), int(QDialog::Rejected));
-    QCOMPARE(s.RegistroActual, u"OTRO"_s);
+    QCOMPARE(cambio.Guardada(), QString());
   }
 
   // A product of brand 12 with margins of its own: passing through the brand field brings the
@@ -275,8 +274,7 @@ class TestProductosForms : public QObject {
                                      {u"utilidad1"_s, 77.0},
                                      {u"precio1"_s, 88.5}}));
     }
-    s.RegistroActual = u"12-00009"_s;
-    FrmProductosC cambio(s);
+    FrmProductosC cambio(s, u"12-00009"_s);
     QVERIFY(Mostrar(cambio));
     Enter();  // Descripción
     Enter();  // Unidad
@@ -314,8 +312,7 @@ class TestProductosForms : public QObject {
     FormRegistry registro;
     registro.Add(u"MDIInicioCambiar"_s,
                  [](Session& sesion) { return new MDIInicioCambiar(sesion); });
-    s.RegistroActual = u"OTRO"_s;
-    FrmProductosG cambio(s, &registro);
+    FrmProductosG cambio(s, &registro, u"OTRO"_s);
     QVERIFY(Mostrar(cambio));
     QCOMPARE(QApplication::focusWidget(), cambio.findChild<QLineEdit*>(u"Nuevo"_s));
     QCOMPARE(Texto(cambio, u"Actual"_s), u"OTRO"_s);
@@ -333,7 +330,7 @@ class TestProductosForms : public QObject {
       Enter();
       QTRY_COMPARE(cambio.result(), int(QDialog::Accepted));
     }
-    QCOMPARE(s.RegistroActual, u"NUEVO"_s);
+    QCOMPARE(cambio.Guardada(), u"NUEVO"_s);
     QVERIFY(!s.CambioDeCodigoPendiente);
     QCOMPARE(Columna(s, u"producto"_s, u"NUEVO"_s).toString(), u"ARTICULO OTRO"_s);
     QVERIFY(!Columna(s, u"producto"_s, u"OTRO"_s).isValid());
@@ -347,8 +344,7 @@ class TestProductosForms : public QObject {
   void PreciosRapidos() {
     VENTARIX_COMPANY(company);
     Session s = Tienda(company);
-    s.RegistroActual = u"OTRO"_s;
-    FrmProductosP precios(s);
+    FrmProductosP precios(s, u"OTRO"_s);
     QVERIFY(Mostrar(precios));
     QCOMPARE(QApplication::focusWidget(), precios.findChild<QLineEdit*>(u"Precio"_s));
     Teclear(u"232"_s);
@@ -388,8 +384,7 @@ class TestProductosForms : public QObject {
                                      {u"costo"_s, 10.0},
                                      {u"impuesto"_s, 0.0}}));
     }
-    s.RegistroActual = u"12"_s;
-    FrmMarcasC cambio(s);
+    FrmMarcasC cambio(s, u"12"_s);
     QVERIFY(Mostrar(cambio));
     QCOMPARE(Texto(cambio, u"Nombre"_s), u"TRUPER"_s);
     QCOMPARE(Texto(cambio, u"Utilidad3"_s), u"30.00"_s);
@@ -400,7 +395,7 @@ class TestProductosForms : public QObject {
     testing::SaveShot(&cambio, u"frm_marcas_c"_s);
     testing::Guardar(cambio);
     QCOMPARE(cambio.result(), int(QDialog::Accepted));
-    QCOMPARE(s.RegistroActual, u"12"_s);
+    QCOMPARE(cambio.Guardada(), u"12"_s);
     {
       Connection c(s.Cadena);
       QCOMPARE(c.Scalar(u"select status from marcas where numero = 12"_s).toString(), u"BAJA"_s);

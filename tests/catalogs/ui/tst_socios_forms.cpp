@@ -143,15 +143,15 @@ class TestSociosForms : public QObject {
       Guardar(alta);
       QVERIFY2(catcher.texts.isEmpty(), qPrintable(catcher.texts.join(u'\n')));
       QCOMPARE(alta.result(), int(QDialog::Accepted));
+      QCOMPARE(alta.Guardada(), u"1"_s);
     }
-    QCOMPARE(session.RegistroActual, u"1"_s);
     QCOMPARE(Valor(session, u"select plazo from clientes where numero = 1"_s).toInt(), 1);
     QCOMPARE(Valor(session, u"select numctapago from clientes where numero = 1"_s).toString(),
              u"5678"_s);
     QCOMPARE(Valor(session, u"select localidad from clientes where numero = 1"_s).toString(),
              u"SANTIAGO DE QUERÉTARO"_s);
 
-    FrmClientesC cambio(session);
+    FrmClientesC cambio(session, u"1"_s);
     QVERIFY(Mostrar(cambio));
     QCOMPARE(Texto(cambio, u"Nombre"_s), u"PÚBLICO EN GENERAL"_s);
     QCOMPARE(cambio.findChild<QLabel*>(u"Fecha"_s)->text(), u"01 ene 2001"_s);
@@ -224,8 +224,7 @@ class TestSociosForms : public QObject {
   void PestanasPorTeclado() {
     VENTARIX_DEMO_COMPANY(company);
     Session session = company.MakeSession();
-    session.RegistroActual = u"1"_s;
-    FrmClientesC cambio(session);
+    FrmClientesC cambio(session, u"1"_s);
     QVERIFY(Mostrar(cambio));
     auto* tabs = cambio.findChild<QTabWidget*>();
     const std::pair<QKeyCombination, int> pasos[] = {
@@ -265,7 +264,7 @@ class TestSociosForms : public QObject {
     Guardar(alta);
     QVERIFY2(catcher.texts.isEmpty(), qPrintable(catcher.texts.join(u'\n')));
     QCOMPARE(alta.result(), int(QDialog::Accepted));
-    QCOMPARE(session.RegistroActual, u"1"_s);
+    QCOMPARE(alta.Guardada(), u"1"_s);
     QCOMPARE(Valor(session, u"select credito from proveedores where numero = 1"_s).toDouble(),
              250000.0);
     QCOMPARE(Valor(session, u"select cuenta from proveedores where numero = 1"_s).toString(),
@@ -294,7 +293,7 @@ class TestSociosForms : public QObject {
     testing::SaveShot(alta, u"frm_bancos_a"_s);
     QTest::keyClick(guardar, Qt::Key_Return);
     QCOMPARE(alta->result(), int(QDialog::Accepted));
-    QCOMPARE(session.RegistroActual, u"2"_s);
+    QCOMPARE(alta->Guardada(), u"2"_s);
     QCOMPARE(
         Valor(session, u"select nombre || ' ' || cuenta from bancos where numero = 2"_s).toString(),
         u"SANTANDER 100-002-000002"_s);
@@ -304,8 +303,7 @@ class TestSociosForms : public QObject {
   // takes the agent out.
   void CambioDeAgente() {
     VENTARIX_SOCIOS(company, session);
-    session.RegistroActual = u"2"_s;
-    FrmAgentesC cambio(session);
+    FrmAgentesC cambio(session, u"2"_s);
     QVERIFY(Mostrar(cambio));
     QCOMPARE(Texto(cambio, u"Nombre"_s), u"JUAN MÉNDEZ"_s);
     cambio.findChild<CampoCaptura*>(u"Comision"_s)->setFocus();
@@ -329,16 +327,15 @@ class TestSociosForms : public QObject {
     VENTARIX_SOCIOS(company, session);
     socios::Registro cliente = testing::ClienteValido();
     QVERIFY(socios::GuardarSocio(session, socios::Socio::kClientes, false, cliente).outcome);
-    session.RegistroActual = u"1"_s;
     session.Administrador = false;
     session.usuario.Set(u"ModificarPlazo"_s, u"N"_s);
     session.usuario.Set(u"ModificarCredito"_s, u"S"_s);
-    FrmClientesC cambio(session);
+    FrmClientesC cambio(session, u"1"_s);
     QVERIFY(!cambio.Campo(u"Plazo"_s)->isEnabled());
     QVERIFY(cambio.Campo(u"Credito"_s)->isEnabled());
     QCOMPARE(Texto(cambio, u"Credito"_s), u"50,000.00"_s);
     session.Administrador = true;
-    FrmClientesC administrador(session);
+    FrmClientesC administrador(session, u"1"_s);
     QVERIFY(administrador.Campo(u"Plazo"_s)->isEnabled());
   }
 };

@@ -106,7 +106,7 @@ class TestUsuariosForms : public QObject {
     guardar->setFocus();
     Enter(guardar);
     QCOMPARE(alta.result(), int(QDialog::Accepted));
-    QCOMPARE(session.RegistroActual, u"ANA"_s);
+    QCOMPARE(alta.Guardada(), u"ANA"_s);
     QCOMPARE(Columna(session, u"tienda"_s, u"ANA"_s).toInt(), 2);
     QCOMPARE(Columna(session, u"administrador"_s, u"ANA"_s).toString(), u"S"_s);
     QVERIFY(
@@ -119,8 +119,7 @@ class TestUsuariosForms : public QObject {
     VENTARIX_COMPANY(company);
     Session session = company.MakeSession();
     QVERIFY(usuarios::AltaUsuario(session, {u"ANA"_s, u"UNO"_s, u"1"_s, false, false}));
-    session.RegistroActual = u"ANA"_s;
-    FrmUsuariosP permisos(session);
+    FrmUsuariosP permisos(session, u"ANA"_s);
     QVERIFY(Mostrar(permisos));
     auto* registros = permisos.findChild<QTreeWidget*>(u"mnuReg"_s);
     auto* catalogos = permisos.findChild<QTreeWidget*>(u"mnuCat"_s);
@@ -165,7 +164,7 @@ class TestUsuariosForms : public QObject {
     guardar->setFocus();
     Enter(guardar);
     QCOMPARE(permisos.result(), int(QDialog::Accepted));
-    QCOMPARE(session.RegistroActual, u"ANA"_s);
+    QCOMPARE(permisos.Guardada(), u"ANA"_s);
     const QString mascara = Columna(session, u"permisos"_s, u"ANA"_s).toString();
     QCOMPARE(mascara.size(), 200);
     QCOMPARE(mascara.at(6), u'0');   // Remisiones, unticked
@@ -190,17 +189,15 @@ class TestUsuariosForms : public QObject {
     QVERIFY(usuarios::AltaUsuario(session, {u"LUIS"_s, u"DOS"_s, u"1"_s, false, false}));
     QVERIFY(startup::Entrar(session, u"LUIS"_s, u"DOS"_s));
 
-    session.RegistroActual = u"ANA"_s;
     {
-      FrmUsuariosC ajeno(session);
+      FrmUsuariosC ajeno(session, u"ANA"_s);
       ModalCatcher catcher;
       QCOMPARE(ajeno.exec(), int(QDialog::Rejected));
       QCOMPARE(catcher.texts,
                QStringList{u"Este usuario no tiene permisos para cambios de registros"_s});
     }
 
-    session.RegistroActual = u"LUIS"_s;
-    FrmUsuariosC cambio(session);
+    FrmUsuariosC cambio(session, u"LUIS"_s);
     QVERIFY(Mostrar(cambio));
     auto* contrasena = cambio.findChild<QLineEdit*>(u"Contrasena"_s);
     auto* mostrar = cambio.findChild<QToolButton*>(u"Mostrar"_s);
@@ -220,6 +217,7 @@ class TestUsuariosForms : public QObject {
     guardar->setFocus();
     Enter(guardar);
     QCOMPARE(cambio.result(), int(QDialog::Accepted));
+    QCOMPARE(cambio.Guardada(), u"LUIS"_s);
     Session otra = company.MakeSession();
     QVERIFY(startup::Entrar(otra, u"LUIS"_s, u"NUEVA"_s));
     QCOMPARE(otra.Tienda, 3);
@@ -232,20 +230,19 @@ class TestUsuariosForms : public QObject {
     Session session = company.MakeSession();
     QVERIFY(usuarios::AltaUsuario(session, {u"ANA"_s, u"UNO"_s, u"1"_s, false, false}));
     QVERIFY(usuarios::AltaUsuario(session, {u"LUIS"_s, u"DOS"_s, u"1"_s, false, false}));
-    session.RegistroActual = u"LUIS"_s;
     {
-      FrmUsuariosB borrar(session);
+      FrmUsuariosB borrar(session, u"LUIS"_s);
       QVERIFY(Mostrar(borrar));
       Enter(borrar.focusWidget());
       QCOMPARE(borrar.result(), int(QDialog::Rejected));
     }
-    FrmUsuariosB borrar(session);
+    FrmUsuariosB borrar(session, u"LUIS"_s);
     QVERIFY(Mostrar(borrar));
     auto* boton = borrar.findChild<QPushButton*>(u"Borrar"_s);
     boton->setFocus();
     Enter(boton);
     QCOMPARE(borrar.result(), int(QDialog::Accepted));
-    QCOMPARE(session.RegistroActual, u"LUIS"_s);
+    QCOMPARE(borrar.Guardada(), u"LUIS"_s);
     Connection c(session.Cadena);
     QCOMPARE(c.Scalar(u"select usuario from usuarios"_s).toString(), u"ANA"_s);
     QCOMPARE(c.Scalar(u"select count(*) from usuarios"_s).toInt(), 1);
@@ -256,16 +253,15 @@ class TestUsuariosForms : public QObject {
   // upper-cases it; Esc leaves without authorizing.
   void AutorizacionDelGerente() {
     Session session;
-    session.AutorizacionTitulo = u"Escriba la contraseña del gerente"_s;
-    session.AutorizacionClave = {passwords::Hash(u"GERENTE"_s),
-                                 QString::fromLatin1(mFunciones::kClaveFija)};
-    session.Autorizado = true;
-    MDIInicioAutorizacion prompt(session);
-    QVERIFY(!session.Autorizado);
+    const QString titulo = u"Escriba la contraseña del gerente"_s;
+    const QStringList claves{passwords::Hash(u"GERENTE"_s),
+                             QString::fromLatin1(mFunciones::kClaveFija)};
+    MDIInicioAutorizacion prompt(session, titulo, claves);
+    QVERIFY(!prompt.autorizado());
     // Driven here by key clicks rather than by the catcher, which answers modal windows.
     prompt.setModal(false);
     QVERIFY(Mostrar(prompt));
-    QCOMPARE(prompt.findChild<QLabel*>(u"Titulo"_s)->text(), session.AutorizacionTitulo);
+    QCOMPARE(prompt.findChild<QLabel*>(u"Titulo"_s)->text(), titulo);
     auto* autorizar = prompt.findChild<QLineEdit*>(u"Autorizar"_s);
     QCOMPARE(QApplication::focusWidget(), autorizar);
     QTest::keyClicks(autorizar, u"mala"_s);
@@ -278,7 +274,7 @@ class TestUsuariosForms : public QObject {
       QCOMPARE(catcher.titles, QStringList{u"Ventarix"_s});
     }
     QVERIFY(prompt.isVisible());
-    QVERIFY(!session.Autorizado);
+    QVERIFY(!prompt.autorizado());
     QCOMPARE(prompt.focusWidget(), autorizar);
     QCOMPARE(autorizar->selectedText(), u"MALA"_s);
     testing::SaveShot(&prompt, u"mdi_inicio_autorizacion"_s);
@@ -286,10 +282,10 @@ class TestUsuariosForms : public QObject {
     QCOMPARE(autorizar->text(), u"GERENTE"_s);
     Enter(autorizar);
     QCOMPARE(prompt.result(), int(QDialog::Accepted));
-    QVERIFY(session.Autorizado);
+    QVERIFY(prompt.autorizado());
 
     for (const bool escape : {false, true}) {
-      MDIInicioAutorizacion otra(session);
+      MDIInicioAutorizacion otra(session, titulo, claves);
       otra.setModal(false);
       QVERIFY(Mostrar(otra));
       QTest::keyClicks(otra.findChild<QLineEdit*>(u"Autorizar"_s), u"qxlmarda_vep"_s);
@@ -299,7 +295,7 @@ class TestUsuariosForms : public QObject {
         Enter(otra.findChild<QLineEdit*>(u"Autorizar"_s));
       }
       QCOMPARE(otra.result(), int(escape ? QDialog::Rejected : QDialog::Accepted));
-      QCOMPARE(session.Autorizado, !escape);
+      QCOMPARE(otra.autorizado(), !escape);
     }
   }
 

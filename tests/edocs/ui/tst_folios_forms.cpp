@@ -15,6 +15,7 @@
 #include <QTableView>
 #include <QTest>
 
+#include "app/formularios.h"
 #include "catalogs/ui/pantallas_prueba.h"
 #include "core/browse_families.h"
 #include "core/database.h"
@@ -195,7 +196,7 @@ class TestFoliosForms : public QObject {
 
     Guardar(alta);
     QCOMPARE(alta.result(), int(QDialog::Accepted));
-    QCOMPARE(session.RegistroActual, u"1"_s);
+    QCOMPARE(alta.Guardada(), u"1"_s);
     QCOMPARE(Valor(session,
                    u"select serie || esquema || cantidad || ubicarlogotipo || "
                    u"imprimirlogotipo from \"folios facturas\""_s)
@@ -234,8 +235,7 @@ class TestFoliosForms : public QObject {
     QFile basura(session.CarpetaTmp + u"/temp"_s);
     QVERIFY(basura.open(QIODevice::WriteOnly));
     basura.close();
-    session.RegistroActual = u"1"_s;
-    FrmFoliosFacturasC cambio(session);
+    FrmFoliosFacturasC cambio(session, u"1"_s);
     QVERIFY(Mostrar(cambio));
     QVERIFY(QFile::exists(session.CarpetaCer + u"/AAA010101AAA_20001000000100005867.cer"_s));
     QVERIFY(QFile::exists(session.CarpetaCer + u"/AAA010101AAA_20001000000100005867.key"_s));
@@ -285,7 +285,7 @@ class TestFoliosForms : public QObject {
     QCOMPARE(alta.result(), int(QDialog::Accepted));
     QCOMPARE(Valor(session, u"select count(*) from cbb where documento = 1"_s).toInt(), 1);
 
-    FrmFoliosNotasC cambio(session);
+    FrmFoliosNotasC cambio(session, alta.Guardada());
     QVERIFY(Mostrar(cambio));
     QVERIFY(cambio.findChild<QLabel*>(u"Image1"_s)->pixmap().width() > 0);
     {

@@ -10,6 +10,7 @@
 #include <QTableWidget>
 #include <QTest>
 
+#include "app/formularios.h"
 #include "catalogs/ui/pantallas_prueba.h"
 #include "core/mFunciones.h"
 #include "core/ui/form_registry.h"

@@ -7,6 +7,7 @@
 #include <QPushButton>
 #include <QTest>
 
+#include "app/formularios.h"
 #include "core/mFunciones.h"
 #include "core/ui/form_registry.h"
 #include "maintenance/ui/mdi_inicio_manto.h"

@@ -1,4 +1,4 @@
-#include "documents/round_half_even.h"
+#include "core/round_half_even.h"
 
 #include <array>
 #include <charconv>

@@ -12,10 +12,11 @@
 #include <QTest>
 #include <QTextStream>
 
+#include "app/desktop_flow.h"
+#include "app/formularios.h"
 #include "core/database.h"
 #include "core/inicio.h"
 #include "core/startup.h"
-#include "core/ui/desktop_flow.h"
 #include "core/ui/form_registry.h"
 #include "core/ui/mdi_inicio.h"
 #include "support/modal_catcher.h"

@@ -5,7 +5,7 @@
 
 #include "core/session.h"
 
-namespace ventarix::catalogs {
+namespace ventarix {
 
 // The current row of a query by column name, as the price look-ups and the screens read it.
 inline RowValues RegistroLeido(const QSqlQuery& query) {
@@ -15,4 +15,4 @@ inline RowValues RegistroLeido(const QSqlQuery& query) {
   return row;
 }
 
-}  // namespace ventarix::catalogs
+}  // namespace ventarix

@@ -1,4 +1,4 @@
-#include "core/ui/desktop.h"
+#include "app/desktop.h"
 
 #include <optional>
 
@@ -9,10 +9,11 @@
 #include <QInputDialog>
 #include <QStandardPaths>
 
+#include "app/desktop_flow.h"
+#include "app/formularios.h"
 #include "core/company_database.h"
 #include "core/inicio.h"
 #include "core/startup.h"
-#include "core/ui/desktop_flow.h"
 #include "core/ui/form_registry.h"
 #include "core/ui/mdi_inicio.h"
 #include "core/ui/mdi_inicio_entrada.h"

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <functional>
+#include <vector>
+
+#include <QString>
+#include <QStyle>
+
+namespace ventarix {
+
+class Navegador;
+
+// A button or key that one family's browser has beyond the common ones (the products' price
+// mode, the folio ranges' Predeterminar), registered as data by the subsystem that owns the
+// family.
+struct AccionExtra {
+  int boton = 0;  // the toolbar button's number (Toolbar_N); 0: a key alone
+  QString texto;  // the button's caption
+  QStyle::StandardPixmap icono = QStyle::SP_CustomBase;
+  int tecla = 0;  // a Qt::Key that does the same; 0: the button alone
+  Qt::KeyboardModifiers modificadores = Qt::NoModifier;
+  std::function<void(Navegador& navegador)> accion;
+};
+
+// What a family's browser does beyond the common buttons and keys.
+struct ExtrasNavegador {
+  std::vector<AccionExtra> acciones;
+  QString baja;  // the screen Cancelar opens; empty: MDIInicioBajas
+};
+
+}  // namespace ventarix

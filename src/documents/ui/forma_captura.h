@@ -1,0 +1,130 @@
+#pragma once
+
+#include <vector>
+
+#include <QDialog>
+#include <QHash>
+#include <QVariantMap>
+
+#include "core/session.h"
+#include "core/ui/llave_guardada.h"
+#include "documents/captura.h"
+#include "documents/row_arithmetic.h"
+#include "documents/ui/pantalla_captura.h"
+
+class QComboBox;
+class QDateEdit;
+class QLabel;
+class QPushButton;
+class QTimer;
+
+namespace ventarix {
+
+class CampoCaptura;
+class CampoCatalogo;
+class Pestanas;
+class RejillaCaptura;
+
+// The capture screen of every sales document, add (Frm<Doc>A, empty key) and change
+// (Frm<Doc>C, the key of the document): Serie, the folio Datos(0), Fecha, Tipo, Status, the
+// family's Datos fields, the tabs with the grid Fg1 and further data, the running totals, the
+// credit warning Msg1 flashing by its Timer, the family's buttons, Guardar and Salir. The
+// checks and the save are the capture engine's; the screen gathers the document and shows
+// what comes back. A document that may no longer be changed opens for viewing.
+class FormaCaptura : public QDialog, public LlaveGuardada {
+  Q_OBJECT
+
+ public:
+  FormaCaptura(Session& session, const captura_ui::Pantalla& pantalla, bool cambio,
+               const QString& llave, QWidget* parent = nullptr);
+
+  ~FormaCaptura() override;
+
+  QString Guardada() const override { return guardada_; }
+
+  Session& session() const { return session_; }
+  const captura_ui::Pantalla& pantalla() const { return pantalla_; }
+  bool cambio() const { return cambio_; }
+  RejillaCaptura* rejilla() const { return fg1_; }
+
+  // The document as the screen holds it now.
+  captura::Documento Capturado() const;
+  qint32 Cliente() const;
+  int Plazo() const;
+  // The client's balance and limit as they were read with the client.
+  double SaldoDelCliente() const { return saldo_cliente_; }
+  double CreditoDelCliente() const { return credito_cliente_; }
+  DocumentSums Sumas() const { return sumas_; }
+
+  // Rows brought in (from an order, a quotation or a paste) from the row `desde` down, each
+  // passing the stock warning.
+  void TraerPartidas(const std::vector<QVariantMap>& partidas, int desde);
+  // All rows replaced (a discount applied), keeping the state before for undo.
+  void CambiarPartidas(const std::vector<QVariantMap>& partidas);
+
+  // The screen's arithmetic: every row, the totals, the family's credit display.
+  void RecalcularPantalla();
+  // The balance and limit shown, and the warning flashing in Msg1 (empty text: none).
+  void MostrarCredito(double saldo, double credito, const QString& aviso);
+  bool Destellando() const;
+
+  // One message box, with the focus on the field named by the outcome and its tab shown.
+  void Avisar(const Outcome& outcome);
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;
+  void showEvent(QShowEvent* event) override;
+
+ private:
+  QWidget* CrearDato(const captura_ui::Dato& dato, QWidget* padre);
+  QWidget* Encabezado();
+  QWidget* PaginaDeDatos(int pagina);
+  QWidget* Totales();
+  QWidget* Botones();
+  void Conectar();
+  void Cargar(const QString& llave);
+  void Nuevo();
+  void ClienteLeido(const RowValues& cliente);
+  void CondicionesDePago();
+  void AyudaDeCampo(CampoCatalogo* campo);
+  void AyudaDeRejilla(int fila, int columna);
+  void CeldaEscrita(int fila, int columna);
+  void CodigoEscrito(int fila);
+  bool ChecarExistencia(int fila);
+  void Pegar(const QList<QStringList>& filas, int desde);
+  void Guardar();
+  void Recordar();
+  void Deshacer();
+  void Rehacer();
+  QString Texto(int indice) const;
+  void PonerTexto(int indice, const QString& texto);
+
+  Session& session_;
+  const captura_ui::Pantalla& pantalla_;
+  const bool cambio_;
+  QString llave_;
+  QString guardada_;
+  int almacen_ = 1;
+  QLabel* serie_;
+  QDateEdit* fecha_;
+  QComboBox* tipo_;
+  QLabel* status_;
+  QHash<int, QWidget*> datos_;
+  Pestanas* tabs_;
+  RejillaCaptura* fg1_;
+  QHash<QString, QLabel*> totales_;
+  QLabel* msg1_;
+  QTimer* timer_;
+  QString aviso_;
+  QPushButton* guardar_;
+  QPushButton* salir_;
+  DocumentSums sumas_;
+  double saldo_cliente_ = 0;
+  double credito_cliente_ = 0;
+  bool cargando_ = false;  // the stored document is being shown: the client brings nothing
+  std::vector<QVariantMap> vigente_;  // the grid after the last change
+  // Grid states for undo and redo on the change screen.
+  std::vector<std::vector<QVariantMap>> antes_, despues_;
+};
+
+}  // namespace ventarix

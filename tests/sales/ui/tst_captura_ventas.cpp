@@ -1,0 +1,266 @@
+// The capture screens of the sales documents as a clerk uses them from the keyboard, on the
+// demo company and both engines: a delivery note captured from its browser (one price taken
+// from the price list with F1) and opened again, a credit note refused over the client's
+// limit, and an order partly filled by a note.
+#include <QApplication>
+#include <QLabel>
+#include <QPushButton>
+#include <QTest>
+#include <QTimer>
+
+#include "core/session_load.h"
+#include "core/ui/browse_model.h"
+#include "core/ui/campo_captura.h"
+#include "core/ui/form_registry.h"
+#include "core/ui/navegador.h"
+#include "catalogs/ui/pantallas_prueba.h"
+#include "documents/ui/rejilla_captura.h"
+#include "sales/ui/frm_ventas.h"
+#include "support/empresa_demo.h"
+#include "support/modal_catcher.h"
+
+using namespace ventarix;
+using namespace Qt::StringLiterals;
+using ventarix::testing::Guardar;
+using ventarix::testing::ModalCatcher;
+using ventarix::testing::Mostrar;
+using R = RejillaCaptura;
+
+namespace {
+
+QWidget* Foco() { return QApplication::focusWidget(); }
+
+// Types each value into the field that has the focus and presses Enter.
+void Capturar(const QStringList& valores) {
+  for (const QString& valor : valores) {
+    QVERIFY2(Foco() != nullptr, qPrintable(valor));
+    QTest::keyClicks(Foco(), valor);
+    QTest::keyClick(Foco(), Qt::Key_Return);
+  }
+}
+
+// The first key opens the cell, the rest go to its editor, Enter writes it and moves on.
+void EnCelda(R* grid, const QString& texto) {
+  QTest::keyClicks(grid, texto.left(1));
+  QVERIFY2(Foco() != nullptr, qPrintable(texto));
+  QTest::keyClicks(Foco(), texto.mid(1));
+  QTest::keyClick(Foco(), Qt::Key_Return);
+  QCoreApplication::processEvents();
+  QCoreApplication::processEvents();
+}
+
+QVariant Valor(const Session& s, const QString& sentencia, const QVariantList& valores = {}) {
+  Connection c(s.Cadena);
+  return c.Scalar(sentencia, valores);
+}
+
+double Existencia(const Session& s, const QString& codigo) {
+  return Valor(s, u"select almacen1 from productos where codigo = ?"_s, {codigo}).toDouble();
+}
+
+QString Etiqueta(const QWidget& forma, const QString& nombre) {
+  return forma.findChild<QLabel*>(nombre)->text();
+}
+
+// Runs `paso` on the next modal window once it is up (a screen opened by a key).
+template <typename Paso>
+void AlAbrirse(Paso paso) {
+  QTimer::singleShot(0, [paso] {
+    QWidget* modal = QApplication::activeModalWidget();
+    QVERIFY(modal != nullptr);
+    QVERIFY(QTest::qWaitForWindowActive(modal));
+    QTRY_VERIFY(QApplication::focusWidget() != nullptr && modal->isAncestorOf(Foco()));
+    paso(modal);
+    // A failed step leaves the screen: the key that opened it returns.
+    if (QTest::currentTestFailed()) modal->close();
+  });
+}
+
+}  // namespace
+
+class TestCapturaVentas : public QObject {
+  Q_OBJECT
+
+ private slots:
+  void initTestCase_data() { testing::AddEngineRows(); }
+  void initTestCase() { QApplication::setQuitOnLastWindowClosed(false); }
+
+  // Insert in the browser, client 2, three codes (the third by its bar code) with their
+  // quantities, the first priced at level 3 from the list; the note is in the browser with
+  // its total, stock fell by the quantities, and Enter opens it again in the change screen.
+  void RemisionDesdeElNavegador() {
+    const auto company = testing::EmpresaDemo();
+    if (!company) return;
+    Session session = company->MakeSession();
+    CargarSesion(session);
+    const QStringList codigos = {u"1-00001"_s, u"1-00002"_s, u"1-00003"_s};
+    const QList<double> cantidades = {3, 2, 1};
+    QList<double> antes;
+    for (const QString& codigo : codigos) antes << Existencia(session, codigo);
+    const double precio3 =
+        Valor(session, u"select precio3 from productos where codigo = ?"_s, {codigos[0]})
+            .toDouble();
+    const QString barras =
+        Valor(session, u"select codigo1 from productos where codigo = ?"_s, {codigos[2]})
+            .toString();
+
+    FormRegistry registry;
+    RegistrarFormularios(registry);
+    auto* navegador =
+        new Navegador(session, *mBrowse::FamiliaDeForma(u"FrmRemisiones"_s), registry);
+    QVERIFY(Mostrar(*navegador));
+    QString total_en_pantalla;
+    AlAbrirse([&](QWidget* modal) {
+      auto* alta = qobject_cast<FormaCaptura*>(modal);
+      QVERIFY(alta != nullptr);
+      QCOMPARE(alta->objectName(), u"FrmRemisionesA"_s);
+      QCOMPARE(alta->windowTitle(), u"REMISIONES - ALTAS"_s);
+      QCOMPARE(Etiqueta(*alta, u"Status"_s), u"POR FACTURAR"_s);
+      Capturar({u"2"_s, QString(), QString(), QString(), u"mostrador"_s});
+      auto* grid = alta->rejilla();
+      QCOMPARE(Foco(), grid);
+      EnCelda(grid, codigos[0]);
+      QCOMPARE(grid->currentColumn(), grid->Col(R::kCantidad));
+      EnCelda(grid, u"3"_s);
+      QCOMPARE(grid->currentColumn(), grid->Col(R::kPrecio));
+      // F1 on the price: Venta, Precio 1, 2, 3 ... Down three times takes level 3.
+      AlAbrirse([](QWidget* lista) {
+        QCOMPARE(lista->objectName(), u"ListaDePrecios"_s);
+        testing::SaveShot(lista, u"lista_de_precios"_s);
+        QWidget* tabla = lista->focusWidget();
+        for (int i = 0; i < 3; ++i) QTest::keyClick(tabla, Qt::Key_Down);
+        QTest::keyClick(tabla, Qt::Key_Return);
+      });
+      QTest::keyClick(grid, Qt::Key_F1);
+      QCOMPARE(grid->Numero(0, R::kPrecio), precio3);
+      QTRY_COMPARE(Foco(), grid);
+      QTest::keyClick(grid, Qt::Key_Return);
+      EnCelda(grid, codigos[1]);
+      EnCelda(grid, u"2"_s);
+      QTest::keyClick(grid, Qt::Key_Return);
+      EnCelda(grid, barras);
+      QCOMPARE(grid->Codigo(2), codigos[2]);
+      EnCelda(grid, u"1"_s);
+      QCOMPARE(grid->Numero(0, R::kImporte), 3 * precio3);
+      total_en_pantalla = Etiqueta(*alta, u"Total"_s);
+      QVERIFY(Etiqueta(*alta, u"Msg1"_s).isEmpty());
+      testing::SaveShot(alta, u"frm_remisiones_a"_s);
+      Guardar(*alta);
+    });
+    QTest::keyClick(navegador->grid(), Qt::Key_Insert);
+
+    const QString llave = session.SerieRemisiones + u"-1"_s;
+    const double total =
+        Valor(session, u"select total from remisiones where remision = ?"_s, {llave}).toDouble();
+    QVERIFY(total > 0);
+    QCOMPARE(total_en_pantalla, QLocale(QLocale::English).toString(total, 'f', 2));
+    const ModeloVista* modelo = navegador->modelo();
+    const int fila = navegador->grid()->currentIndex().row();
+    QCOMPARE(modelo->Valor(fila, modelo->ColumnaDe(u"remision"_s)).toString(), llave);
+    QCOMPARE(modelo->Valor(fila, modelo->ColumnaDe(u"total"_s)).toDouble(), total);
+    for (int i = 0; i < codigos.size(); ++i) {
+      QCOMPARE(Existencia(session, codigos[i]), antes[i] - cantidades[i]);
+    }
+    testing::SaveShot(navegador, u"navegador_remisiones"_s);
+
+    AlAbrirse([&](QWidget* modal) {
+      auto* cambio = qobject_cast<FormaCaptura*>(modal);
+      QVERIFY(cambio != nullptr);
+      QCOMPARE(cambio->objectName(), u"FrmRemisionesC"_s);
+      QCOMPARE(cambio->findChild<CampoCaptura*>(u"Numero"_s)->text(), u"2"_s);
+      QCOMPARE(cambio->rejilla()->Codigo(2), codigos[2]);
+      // The stock shown is what is there once this note is undone.
+      QCOMPARE(cambio->rejilla()->Numero(0, R::kExistencia), antes[0]);
+      QVERIFY(cambio->findChild<QPushButton*>(u"Guardar"_s)->isEnabled());
+      testing::SaveShot(cambio, u"frm_remisiones_c"_s);
+      cambio->reject();
+    });
+    QTest::keyClick(navegador->grid(), Qt::Key_Return);
+    navegador->close();
+  }
+
+  // Client 2 may owe 10,000: with Plazo 30 a note of 200 units flashes the warning and
+  // Guardar shows it; nothing is written.
+  void RemisionSobreElLimiteDeCredito() {
+    const auto company = testing::EmpresaDemo();
+    if (!company) return;
+    Session session = company->MakeSession();
+    CargarSesion(session);
+    FrmRemisionesA alta(session, QString());
+    QVERIFY(Mostrar(alta));
+    Capturar({u"2"_s, QString(), u"30"_s, QString(), u"mostrador"_s});
+    EnCelda(alta.rejilla(), u"1-00001"_s);
+    EnCelda(alta.rejilla(), u"200"_s);
+    QCOMPARE(Etiqueta(alta, u"Msg1"_s), u"Límite de crédito excedido ! ! !"_s);
+    QVERIFY(alta.findChild<QTimer*>(u"Timer"_s)->isActive());
+    testing::SaveShot(&alta, u"frm_remisiones_a_credito"_s);
+    {
+      ModalCatcher catcher;
+      Guardar(alta);
+      QCOMPARE(catcher.texts, QStringList{u"Límite de crédito excedido ! ! !"_s});
+      QCOMPARE(catcher.icons, QList<QMessageBox::Icon>{QMessageBox::Warning});
+    }
+    QVERIFY(alta.isVisible());
+    QCOMPARE(Valor(session, u"select count(*) from remisiones"_s).toInt(), 0);
+  }
+
+  // An order of 5 is brought into a note with its button and only 2 are delivered: the
+  // order shows BACKORDER with 3 still to deliver.
+  void PedidoSurtidoEnParte() {
+    const auto company = testing::EmpresaDemo();
+    if (!company) return;
+    Session session = company->MakeSession();
+    CargarSesion(session);
+    {
+      FrmPedidosA pedido(session, QString());
+      QVERIFY(Mostrar(pedido));
+      QCOMPARE(pedido.rejilla()->Col(R::kCantidad), 5);
+      QCOMPARE(pedido.rejilla()->Col(R::kImpuesto), 11);
+      Capturar({u"2"_s, QString(), QString(), u"oc-77"_s, u"entrega en obra"_s});
+      EnCelda(pedido.rejilla(), u"1-00001"_s);
+      EnCelda(pedido.rejilla(), u"5"_s);
+      QCOMPARE(pedido.rejilla()->Numero(0, R::kSurtir), 5.0);
+      testing::SaveShot(&pedido, u"frm_pedidos_a"_s);
+      Guardar(pedido);
+      QCOMPARE(pedido.result(), int(QDialog::Accepted));
+    }
+    const QString llave = session.SeriePedidos + u"-1"_s;
+    QCOMPARE(Valor(session, u"select status from pedidos where pedido = ?"_s, {llave}).toString(),
+             u"POR SURTIR"_s);
+    {
+      FrmRemisionesA nota(session, QString());
+      QVERIFY(Mostrar(nota));
+      QTRY_VERIFY(Foco() != nullptr);
+      Capturar({u"2"_s, QString(), QString(), QString(), u"primera entrega"_s});
+      auto* boton = nota.findChild<QPushButton*>(u"AplicarPedido"_s);
+      boton->setFocus();
+      {
+        ModalCatcher catcher({ModalCatcher::Reply{}});
+        QTest::keyClick(boton, Qt::Key_Return);
+        QTRY_COMPARE(catcher.pending(), 0);
+      }
+      QTRY_COMPARE(Foco(), nota.rejilla());
+      QCOMPARE(nota.rejilla()->Partida(0).value(u"pedido"_s).toString(), llave);
+      QCOMPARE(nota.rejilla()->Numero(0, R::kCantidad), 5.0);
+      EnCelda(nota.rejilla(), u"2"_s);
+      Guardar(nota);
+      QCOMPARE(nota.result(), int(QDialog::Accepted));
+    }
+    QCOMPARE(Valor(session, u"select status from pedidos where pedido = ?"_s, {llave}).toString(),
+             u"BACKORDER"_s);
+    QCOMPARE(Valor(session, u"select surtir from \"pedidos detalles\" where pedido = ?"_s, {llave})
+                 .toDouble(),
+             3.0);
+    FrmPedidosC cambio(session, llave);
+    QVERIFY(Mostrar(cambio));
+    QCOMPARE(Etiqueta(cambio, u"Status"_s), u"BACKORDER"_s);
+    QVERIFY(!cambio.findChild<QPushButton*>(u"Guardar"_s)->isEnabled());
+    testing::SaveShot(&cambio, u"frm_pedidos_c"_s);
+    FrmCotizacionesA cotizacion(session, QString());
+    QVERIFY(Mostrar(cotizacion));
+    testing::SaveShot(&cotizacion, u"frm_cotizaciones_a"_s);
+  }
+};
+
+QTEST_MAIN(TestCapturaVentas)
+#include "tst_captura_ventas.moc"
