@@ -30,6 +30,8 @@ struct Permitido {
 const Permitido kPermitidos[] = {
     // A sale row is priced by the product catalogue's price rules.
     {u"sales/familias_ventas.cpp"_s, u"catalogs/mFunciones_precios.h"_s},
+    {u"sales/aplicar_ventas.cpp"_s, u"catalogs/mFunciones_precios.h"_s},
+    {u"sales/aplicar_ventas.cpp"_s, u"catalogs/price_formulas.h"_s},
 };
 
 bool EsPermitido(const QString& archivo, const QString& cabecera) {
