@@ -82,16 +82,10 @@ struct Session {
   QString ArchivoLogo;
   QString BaseTemporal;
 
-  // Keys a browse hands to its change screen.
+  // The key of the document of each family last saved at this workstation.
   QString OrdenActual, CompraActual, ContraReciboActual, LicitacionActual, CotizacionActual,
       PedidoActual, RemisionActual, FacturaActual, ProduccionActual, TraspasoActual, PagoActual,
       NotaActual, AjusteActual;
-  // Look-up dialog: the statement and title a keyword chose, and the key of the row picked
-  // (empty when the user left with Esc).
-  QString AyudaSql;
-  QString AyudaTitulo;
-  QString AyudaResultado;
-
   // The active browser's search and sort, and whether a filter is on.
   QString VistaBusqueda;
   QString VistaOrden;

@@ -44,7 +44,6 @@ MDIInicioPrecios::MDIInicioPrecios(Session& session, const QString& codigo, QWid
   layout->addWidget(producto_);
   layout->addWidget(fg1_);
   resize(340, 210);
-  session_.AyudaResultado.clear();
   Leer();
 }
 
@@ -74,13 +73,7 @@ void MDIInicioPrecios::Leer() {
 void MDIInicioPrecios::Elegir(int fila) {
   if (fila < 0 || fila >= 5) return;
   precio_ = niveles_[fila].precio;
-  session_.AyudaResultado = QString::number(precio_, 'f', 4);
   accept();
-}
-
-void MDIInicioPrecios::reject() {
-  session_.AyudaResultado.clear();
-  QDialog::reject();
 }
 
 void MDIInicioPrecios::keyPressEvent(QKeyEvent* event) {

@@ -11,19 +11,16 @@ class QTableWidget;
 namespace ventarix {
 
 // A product's five price levels in a small window, each with its margin and its price with
-// tax. Enter or a double click takes the level's price: it is left in AyudaResultado and the
-// window closes accepted; Esc leaves nothing.
+// tax. Enter or a double click takes the level's price and the window closes accepted; Esc
+// leaves nothing.
 class MDIInicioPrecios : public QDialog {
   Q_OBJECT
 
  public:
   MDIInicioPrecios(Session& session, const QString& codigo, QWidget* parent = nullptr);
 
-  // The price chosen, with tax.
+  // The price chosen, with tax; 0 while none is.
   double precio() const { return precio_; }
-
- public slots:
-  void reject() override;
 
  protected:
   void showEvent(QShowEvent* event) override;

@@ -8,22 +8,16 @@ namespace ventarix {
 
 QString AbrirAyuda(Session& session, const QString& palabra, QWidget* parent,
                    const ayuda::ParametrosAyuda& parametros) {
-  session.AyudaResultado.clear();
   const std::optional<ayuda::PeticionAyuda> peticion =
       ayuda::Peticion(session, palabra, parametros);
   if (!peticion) {
     qWarning() << "look-up keyword unknown:" << palabra;
     return {};
   }
-  session.AyudaSql = peticion->sentencia;
-  session.AyudaTitulo = peticion->titulo;
-  if (peticion->inmediata) {
-    session.AyudaResultado = peticion->resultado_inmediato;
-    return session.AyudaResultado;
-  }
+  if (peticion->inmediata) return peticion->resultado_inmediato;
   MDIInicioTablas dialogo(session, *peticion, parent);
   dialogo.exec();
-  return session.AyudaResultado;
+  return dialogo.resultado();
 }
 
 }  // namespace ventarix

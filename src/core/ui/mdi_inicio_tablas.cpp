@@ -128,19 +128,18 @@ void MDIInicioTablas::Buscar(int tecla) {
   if (!aceptado || respuesta.trimmed().isEmpty()) return;
   const Engine engine = session_.Sql ? Engine::kPostgres : Engine::kSqlite;
   peticion_ = ayuda::Buscar(peticion_, ayuda::BusquedaEnAyuda(engine, *busqueda, respuesta));
-  session_.AyudaSql = peticion_.sentencia;
   Cargar();
 }
 
 void MDIInicioTablas::Elegir() {
   const QModelIndex actual = tabla_->currentIndex();
   if (!actual.isValid()) return;
-  session_.AyudaResultado = modelo_->index(actual.row(), 0).data(Qt::UserRole).toString().trimmed();
+  resultado_ = modelo_->index(actual.row(), 0).data(Qt::UserRole).toString().trimmed();
   accept();
 }
 
 void MDIInicioTablas::Salir() {
-  session_.AyudaResultado.clear();
+  resultado_.clear();
   reject();
 }
 

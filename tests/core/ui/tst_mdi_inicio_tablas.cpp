@@ -90,7 +90,7 @@ class TestMdiInicioTablas : public QObject {
     QTest::keyClick(a.lista, Qt::Key_Down);
     QTest::keyClick(a.lista, Qt::Key_Return);
     QCOMPARE(a.dialogo.result(), int(QDialog::Accepted));
-    QCOMPARE(session.AyudaResultado, u"10"_s);
+    QCOMPARE(a.dialogo.resultado(), u"10"_s);
   }
 
   // A cancelled prompt keeps the list; a number finds its client; "*" brings all back; a key
@@ -122,11 +122,10 @@ class TestMdiInicioTablas : public QObject {
     QTest::mouseClick(a.lista->viewport(), Qt::LeftButton, {}, celda.center());
     QTest::mouseDClick(a.lista->viewport(), Qt::LeftButton, {}, celda.center());
     QCOMPARE(a.dialogo.result(), int(QDialog::Accepted));
-    QCOMPARE(session.AyudaResultado, u"2"_s);
+    QCOMPARE(a.dialogo.resultado(), u"2"_s);
   }
 
-  // From a field: Enter takes the first client, Esc leaves nothing behind; the look-up's
-  // statement and title stay in the session.
+  // From a field: Enter takes the first client, Esc leaves nothing behind.
   void AbrirAyudaDesdeUnCampo() {
     VENTARIX_COMPANY(company);
     Session session = company.MakeSession();
@@ -135,10 +134,7 @@ class TestMdiInicioTablas : public QObject {
     QCOMPARE(AbrirAyuda(session, u"Clientes"_s, nullptr), u"1"_s);
     QCOMPARE(catcher.texts, QStringList{u"MDIInicioTablas"_s});
     QCOMPARE(catcher.titles, QStringList{u"Clientes"_s});
-    QCOMPARE(session.AyudaTitulo, u"Clientes"_s);
-    QVERIFY(session.AyudaSql.startsWith(u"select numero, nombre"_s));
     QCOMPARE(AbrirAyuda(session, u"CLIENTES"_s, nullptr), QString());
-    QCOMPARE(session.AyudaResultado, QString());
     QCOMPARE(catcher.texts.size(), 2);
   }
 
@@ -151,10 +147,7 @@ class TestMdiInicioTablas : public QObject {
     ayuda::ParametrosAyuda parametros;
     parametros.codigo = u"dppp"_s;
     QCOMPARE(AbrirAyuda(session, u"PRODUCTOS"_s, nullptr, parametros), u"DPPP"_s);
-    QCOMPARE(session.AyudaResultado, u"DPPP"_s);
-    session.AyudaResultado = u"VIEJO"_s;
     QCOMPARE(AbrirAyuda(session, u"NADA"_s, nullptr), QString());
-    QCOMPARE(session.AyudaResultado, QString());
     QTest::qWait(60);
     QVERIFY(catcher.texts.isEmpty());
 
