@@ -48,6 +48,8 @@ class MDIInicio : public QMainWindow {
  public slots:
   // Status panel 4: free for the browsers' sums.
   void MostrarSuma(const QString& texto);
+  // Status panel 5: the year the browsers show.
+  void MostrarAno();
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;

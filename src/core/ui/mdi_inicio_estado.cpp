@@ -136,8 +136,10 @@ void MDIInicio::ClicAno() {
   const std::optional<int> ano = inicio::AnoDeRespuesta(respuesta);
   if (!ano) return;
   session_.AnoAMostrar = *ano;
-  textos_[4]->setText(QString::number(*ano));
+  MostrarAno();
   EnviarTecla(Qt::Key_F5);
 }
+
+void MDIInicio::MostrarAno() { textos_[4]->setText(QString::number(session_.AnoAMostrar)); }
 
 }  // namespace ventarix

@@ -55,6 +55,8 @@ class Navegador : public QWidget {
   void Buscar(int tecla);
   void Ordenar(int columna);
   void Filtrar();
+  // <F8>: false when the view has no period to choose.
+  bool Periodo();
   QString MostrarFilas() const;
 
   QTableView* grid() const { return fg1_; }

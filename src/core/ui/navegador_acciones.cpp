@@ -14,6 +14,7 @@
 #include "core/dialect.h"
 #include "core/mBrowse.h"
 #include "core/mFunciones_valores.h"
+#include "core/ui/abrir_ayuda.h"
 #include "core/ui/browse_model.h"
 #include "core/ui/form_registry.h"
 #include "core/ui/mdi_inicio.h"
@@ -144,6 +145,9 @@ bool Navegador::Tecla(QKeyEvent* event) {
     case Qt::Key_F9:
       Filtrar();
       return true;
+    case Qt::Key_F8:
+      if (Periodo()) return true;
+      break;
     default:
       break;
   }
@@ -152,6 +156,20 @@ bool Navegador::Tecla(QKeyEvent* event) {
     return true;
   }
   return false;
+}
+
+// <F8> on a document browser: the year to show, among those its table holds. The main
+// window's year panel follows, and the rows of that year are read.
+bool Navegador::Periodo() {
+  if (modelo_->ColumnaDe(QStringLiteral("periodo")) < 0) return false;
+  ayuda::ParametrosAyuda parametros;
+  parametros.tabla = vista_.Tabla;
+  const QString ano = AbrirAyuda(session_, QStringLiteral("PERIODOS"), this, parametros);
+  if (ano.isEmpty()) return true;
+  session_.AnoAMostrar = ano.toInt();
+  if (auto* mdi = window(); mdi != this) QMetaObject::invokeMethod(mdi, "MostrarAno");
+  Recargar();
+  return true;
 }
 
 QString Navegador::LlaveActual() const {

@@ -265,6 +265,16 @@ class TestNavegador : public QObject {
     session.AnoAMostrar = dia.year() - 1;
     QTest::keyClick(navegador.grid(), Qt::Key_F5);
     QCOMPARE(navegador.modelo()->rowCount(), 0);
+    // F8 lists the years the table holds, newest first; the one taken is shown.
+    const int ultimo = c.Scalar(u"select max(periodo) from \"ajustes de inventario\""_s).toInt();
+    QTimer::singleShot(0, this, [] {
+      QWidget* lista = QApplication::activeModalWidget();
+      QVERIFY(lista != nullptr && lista->objectName() == u"MDIInicioTablas"_s);
+      QTest::keyClick(lista->focusWidget(), Qt::Key_Return);
+    });
+    QTest::keyClick(navegador.grid(), Qt::Key_F8);
+    QCOMPARE(session.AnoAMostrar, ultimo);
+    QCOMPARE(Columna(navegador, u"folio"_s), (QStringList{u"2"_s, u"3"_s, u"4"_s}));
   }
 
   // F12 on the products turns price mode on: Enter then opens the quick price screen.
