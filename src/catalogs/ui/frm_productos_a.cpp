@@ -10,7 +10,7 @@ namespace ventarix {
 
 using namespace Qt::StringLiterals;
 
-FrmProductosA::FrmProductosA(Session& session, QWidget* parent)
+FrmProductosA::FrmProductosA(Session& session, const QString& codigo, QWidget* parent)
     : FormaProducto(session, true, parent) {
   setObjectName(u"FrmProductosA"_s);
   setWindowTitle(u"Productos - Alta"_s);
@@ -25,7 +25,8 @@ FrmProductosA::FrmProductosA(Session& session, QWidget* parent)
   const QString moneda = session.empresa.Text(u"moneda"_s);
   c.moneda->setCurrentText(moneda.isEmpty() ? u"MXN"_s : moneda);
   Recalcular();
-  c.Datos[CamposDeProducto::kCodigo]->setFocus();
+  c.Datos[CamposDeProducto::kCodigo]->setText(codigo);
+  c.Datos[codigo.isEmpty() ? CamposDeProducto::kCodigo : CamposDeProducto::kProducto]->setFocus();
 }
 
 }  // namespace ventarix

@@ -51,7 +51,8 @@ void RegistrarProductos(FormRegistry& registry) {
       {.acciones = {
            {.tecla = Qt::Key_F12, .accion = ModoPrecios},
            {.tecla = Qt::Key_G, .modificadores = Qt::ControlModifier, .accion = CambiarCodigo}}});
-  Alta<FrmProductosA>(registry, QStringLiteral("FrmProductosA"));
+  // From a document's row, the code not found comes as the key.
+  Cambio<FrmProductosA>(registry, QStringLiteral("FrmProductosA"));
   Cambio<FrmProductosC>(registry, QStringLiteral("FrmProductosC"));
   Cambio<FrmProductosP>(registry, QStringLiteral("FrmProductosP"));
   // The registry outlives every screen it makes; the code change opens MDIInicioCambiar

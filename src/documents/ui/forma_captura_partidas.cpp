@@ -4,6 +4,7 @@
 
 #include "core/ayuda.h"
 #include "core/ui/abrir_ayuda.h"
+#include "core/ui/mdi_inicio.h"
 #include "core/ui/message_box.h"
 #include "documents/captura_partida.h"
 #include "documents/ui/forma_captura.h"
@@ -55,11 +56,21 @@ void FormaCaptura::CodigoEscrito(int fila) {
       session_, pantalla_.familia, Capturado(), codigo, cantidad > 0 ? cantidad : 1);
   if (!hallada.existe) {
     fg1_->VaciarFila(fila);
-    // The product screen is opened from the products' browser.
-    ui::Ask(this, u"Este código no existe en productos\n\nAgregar código ? "_s,
-            QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
+    const auto respuesta =
+        ui::Ask(this, u"Este código no existe en productos\n\nAgregar código ? "_s,
+                QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
     fg1_->setCurrentCell(fila, fg1_->Col(R::kCodigo));
-    return;
+    if (respuesta != QMessageBox::Yes) return;
+    // The product screen opens on the new code; a product saved there fills the row.
+    auto* mdi = qobject_cast<MDIInicio*>(parentWidget() != nullptr ? parentWidget()->window()
+                                                                    : nullptr);
+    if (mdi == nullptr) return;
+    const QString nuevo = mdi->Abrir(u"FrmProductosA"_s, codigo);
+    activateWindow();
+    fg1_->setFocus();
+    if (nuevo.isEmpty()) return;
+    fg1_->PonerPartida(fila, {{u"codigo"_s, nuevo}});
+    return CodigoEscrito(fila);
   }
   if (!hallada.outcome) return Avisar(hallada.outcome);
   QVariantMap partida = hallada.partida;

@@ -4,6 +4,7 @@
 // limit, and an order partly filled by a note.
 #include <QApplication>
 #include <QLabel>
+#include <QMessageBox>
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
@@ -13,6 +14,7 @@
 #include "core/ui/campo_captura.h"
 #include "app/formularios.h"
 #include "core/ui/form_registry.h"
+#include "core/ui/mdi_inicio.h"
 #include "core/ui/navegador.h"
 #include "catalogs/ui/pantallas_prueba.h"
 #include "documents/ui/rejilla_captura.h"
@@ -75,6 +77,21 @@ void AlAbrirse(Paso paso) {
     // A failed step leaves the screen: the key that opened it returns.
     if (QTest::currentTestFailed()) modal->close();
   });
+}
+
+// Runs `paso` on the modal window named `nombre` as soon as it is up, whatever opens first.
+template <typename Paso>
+void CuandoAparezca(const QString& nombre, Paso paso) {
+  auto* espera = new QTimer;
+  espera->setInterval(10);
+  QObject::connect(espera, &QTimer::timeout, [espera, nombre, paso] {
+    QWidget* modal = QApplication::activeModalWidget();
+    if (modal == nullptr || modal->objectName() != nombre || !modal->isVisible()) return;
+    espera->stop();
+    espera->deleteLater();
+    paso(modal);
+  });
+  espera->start();
 }
 
 }  // namespace
@@ -270,6 +287,45 @@ class TestCapturaVentas : public QObject {
     FrmCotizacionesA cotizacion(session, QString());
     QVERIFY(Mostrar(cotizacion));
     testing::SaveShot(&cotizacion, u"frm_cotizaciones_a"_s);
+  }
+  // A code not found, answered Yes, opens the product screen on that code over the note.
+  void CodigoNuevoAbreElProducto() {
+    const auto company = testing::EmpresaDemo();
+    if (!company) return;
+    Session session = company->MakeSession();
+    CargarSesion(session);
+    FormRegistry registry;
+    RegistrarFormularios(registry);
+    MDIInicio ventana(session, registry);
+    ventana.show();
+    QString pregunta;
+    QString codigo_en_pantalla;
+    AlAbrirse([&](QWidget* modal) {
+      auto* alta = qobject_cast<FormaCaptura*>(modal);
+      QVERIFY(alta != nullptr);
+      Capturar({u"2"_s, QString(), QString(), QString(), u"mostrador"_s});
+      CuandoAparezca(u"FrmProductosA"_s, [&](QWidget* producto) {
+        codigo_en_pantalla = producto->findChild<CampoCaptura*>(u"Codigo"_s)->text();
+        testing::SaveShot(producto, u"frm_productos_a_desde_remision"_s);
+        qobject_cast<QDialog*>(producto)->reject();
+      });
+      auto* espera = new QTimer(alta);
+      espera->setInterval(10);
+      QObject::connect(espera, &QTimer::timeout, [&pregunta, espera] {
+        auto* caja = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        if (caja == nullptr || !caja->isVisible()) return;
+        espera->stop();
+        pregunta = caja->text();
+        caja->button(QMessageBox::Yes)->click();
+      });
+      espera->start();
+      EnCelda(alta->rejilla(), u"ZZ-NUEVO"_s);
+      QTRY_VERIFY(!codigo_en_pantalla.isEmpty());
+      alta->reject();
+    });
+    ventana.Abrir(u"FrmRemisionesA"_s);
+    QCOMPARE(pregunta, u"Este código no existe en productos\n\nAgregar código ? "_s);
+    QCOMPARE(codigo_en_pantalla, u"ZZ-NUEVO"_s);
   }
 };
 
