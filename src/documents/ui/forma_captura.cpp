@@ -487,6 +487,15 @@ void FormaCaptura::keyPressEvent(QKeyEvent* event) {
     salir_->setFocus();
     return;
   }
+  // F8 unlocks the folio of a new document; the save still gives it the serie's next one.
+  if (event->key() == Qt::Key_F8 && !cambio_) {
+    if (auto* folio = qobject_cast<CampoCaptura*>(datos_.value(0))) {
+      folio->setReadOnly(false);
+      folio->setFocusPolicy(Qt::StrongFocus);
+      folio->setFocus();
+    }
+    return;
+  }
   if (!TeclaDeCaptura(this, event)) QDialog::keyPressEvent(event);
 }
 

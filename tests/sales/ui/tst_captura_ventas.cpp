@@ -327,6 +327,33 @@ class TestCapturaVentas : public QObject {
     QCOMPARE(pregunta, u"Este código no existe en productos\n\nAgregar código ? "_s);
     QCOMPARE(codigo_en_pantalla, u"ZZ-NUEVO"_s);
   }
+  // F8 unlocks the folio of a new note; a folio typed there gives way to the serie's next one.
+  void FolioDesbloqueadoConF8() {
+    const auto company = testing::EmpresaDemo();
+    if (!company) return;
+    Session session = company->MakeSession();
+    CargarSesion(session);
+    const int siguiente =
+        Valor(session, u"select max(folio) from remisiones where serie = ?"_s,
+              {session.SerieRemisiones})
+            .toInt() +
+        1;
+    FrmRemisionesA alta(session, QString());
+    QVERIFY(Mostrar(alta));
+    QWidget* cliente = Foco();
+    auto* folio = alta.findChild<CampoCaptura*>(u"Datos0"_s);
+    QVERIFY(folio->isReadOnly());
+    QTest::keyClick(cliente, Qt::Key_F8);
+    QCOMPARE(Foco(), folio);
+    QVERIFY(!folio->isReadOnly());
+    QTest::keyClicks(folio, u"9"_s);
+    cliente->setFocus();
+    Capturar({u"2"_s, QString(), QString(), QString(), u"mostrador"_s});
+    EnCelda(alta.rejilla(), u"1-00001"_s);
+    EnCelda(alta.rejilla(), u"1"_s);
+    Guardar(alta);
+    QCOMPARE(session.RemisionActual, session.SerieRemisiones + u'-' + QString::number(siguiente));
+  }
 };
 
 QTEST_MAIN(TestCapturaVentas)
