@@ -6,6 +6,7 @@
 
 #include "core/session_load.h"
 #include "documents/captura.h"
+#include "sales/aplicar_ventas.h"
 #include "sales/familias_ventas.h"
 #include "support/empresa_demo.h"
 
@@ -158,9 +159,12 @@ class TestRemisiones : public QObject {
     pedido.encabezado.insert(u"referencia"_s, u"OC-7"_s);
     const captura::Guardado p = captura::GuardarDocumento(s, ventas::Pedidos(), pedido);
     QVERIFY2(p.outcome.ok, qPrintable(p.outcome.message));
-    Documento cotizacion = Nota({Partida(u"1-00003"_s, 5)});
-    QVERIFY(captura::GuardarDocumento(s, ventas::Cotizaciones(), cotizacion).outcome.ok);
-    QCOMPARE(c.Scalar(u"select status from cotizaciones"_s).toString(), u"ALTA"_s);
+    const captura::Guardado q =
+        captura::GuardarDocumento(s, ventas::Cotizaciones(), Nota({Partida(u"1-00003"_s, 5)}));
+    QVERIFY(q.outcome.ok);
+    QCOMPARE(c.Scalar(u"select status from cotizaciones where cotizacion = ?"_s, {q.llave})
+                 .toString(),
+             u"ALTA"_s);
     auto estado = [&] {
       return c.Scalar(u"select status from pedidos where pedido = ?"_s, {p.llave}).toString() +
              u" "_s +
@@ -172,6 +176,11 @@ class TestRemisiones : public QObject {
     desde_pedido.insert(u"pedido"_s, p.llave);
     QVERIFY(captura::GuardarDocumento(s, ventas::Remisiones(), Nota({desde_pedido})).outcome.ok);
     QCOMPARE(estado(), u"BACKORDER 3"_s);
+    // The order's button brings what is still pending, tied to the order.
+    const ventas::Partidas pendientes = ventas::PartidasDePedido(c, s.Tienda, p.llave);
+    QCOMPARE(int(pendientes.size()), 1);
+    QCOMPARE(pendientes[0].value(u"cantidad"_s).toDouble(), 3.0);
+    QCOMPARE(pendientes[0].value(u"pedido"_s).toString(), p.llave);
     desde_pedido.insert(u"cantidad"_s, 3);
     QVERIFY(captura::GuardarDocumento(s, ventas::Remisiones(), Nota({desde_pedido})).outcome.ok);
     QCOMPARE(estado(), u"SURTIDO 0"_s);
@@ -179,6 +188,32 @@ class TestRemisiones : public QObject {
     sin_referencia.encabezado.remove(u"referencia"_s);
     QCOMPARE(captura::GuardarDocumento(s, ventas::Pedidos(), sin_referencia).outcome.message,
              u"Se requiere la entrada de una referencia de pedido"_s);
+  }
+  // The pricing buttons on a quotation's rows: the discount, the discount moved into the
+  // catalogue's sale price, and a row priced by a profit over its cost (10% at least).
+  void BotonesDePrecioSobreUnaCotizacion() {
+    const auto company = testing::EmpresaDemo();
+    if (!company) return;
+    Session s = SesionDe(*company);
+    Connection c(company->cadena());
+    const captura::Guardado q = captura::GuardarDocumento(
+        s, ventas::Cotizaciones(), Nota({Partida(u"1-00004"_s, 2), Partida(u"1-00005"_s, 1)}));
+    QVERIFY2(q.outcome.ok, qPrintable(q.outcome.message));
+    ventas::Partidas filas = ventas::PartidasDeCotizacion(c, q.llave);
+    QCOMPARE(int(filas.size()), 2);
+    ventas::AplicarDescuento(filas, 10);
+    QCOMPARE(filas[1].value(u"dcto"_s).toDouble(), 10.0);
+    QVERIFY(ventas::AplicarDescuentoEnPrecio(c, filas).ok);
+    const double venta =
+        c.Scalar(u"select venta from productos where codigo = '1-00004'"_s).toDouble();
+    QVERIFY(qAbs(filas[0].value(u"precio"_s).toDouble() - venta * 0.9) < 1e-6);
+    QCOMPARE(filas[0].value(u"dcto"_s).toDouble(), 0.0);
+    const Outcome poca = ventas::AplicarUtilidadxPartida(s.empresa, filas[1], 9);
+    QCOMPARE(poca.message, u"La utilidad mínima es del 10%"_s);
+    QVERIFY(ventas::AplicarUtilidadxPartida(s.empresa, filas[1], 25).ok);
+    const double costo = filas[1].value(u"costo"_s).toDouble();
+    QVERIFY2(qAbs(filas[1].value(u"precio"_s).toDouble() - costo * 1.25) < 1e-4,
+             qPrintable(filas[1].value(u"precio"_s).toString()));
   }
 };
 
