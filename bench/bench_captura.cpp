@@ -14,11 +14,11 @@
 
 #include "big_company.h"
 #include "core/browse_families.h"
+#include "core/company_database.h"
+#include "core/mFunciones.h"
 #include "core/ui/browse_model.h"
 #include "core/ui/form_registry.h"
 #include "core/ui/navegador.h"
-#include "core/company_database.h"
-#include "core/mFunciones.h"
 #include "documents/captura.h"
 #include "sales/familias_ventas.h"
 
@@ -46,8 +46,11 @@ Session Sesion(const QString& path, bool sql) {
 
 captura::Documento Nota(int n) {
   captura::Documento d;
-  d.encabezado = {{u"cliente"_s, 1 + n % 100}, {u"plazo"_s, 0},   {u"obs"_s, u"BANCO"_s},
-                  {u"tipo"_s, u"DIRECTA"_s},     {u"metodo"_s, 1}};
+  d.encabezado = {{u"cliente"_s, 1 + n % 100},
+                  {u"plazo"_s, 0},
+                  {u"obs"_s, u"BANCO"_s},
+                  {u"tipo"_s, u"DIRECTA"_s},
+                  {u"metodo"_s, 1}};
   for (int i = 0; i < 20; ++i) {
     d.partidas.push_back({{u"codigo"_s, u"P%1"_s.arg(1 + (n * 20 + i) % bench::kProductos)},
                           {u"cantidad"_s, 1 + i % 3}});
@@ -110,7 +113,8 @@ Cifras MedirAbierta(Session& s, int desde) {
     QElapsedTimer reloj;
     reloj.start();
     Transaction t(c);
-    const captura::Guardado g = captura::GuardarDocumento(s, c, ventas::Remisiones(), Nota(desde + i));
+    const captura::Guardado g =
+        captura::GuardarDocumento(s, c, ventas::Remisiones(), Nota(desde + i));
     const bool hecho = g.outcome && t.Commit();
     ms.push_back(reloj.nsecsElapsed() / 1e6);
     if (!hecho) {

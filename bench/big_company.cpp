@@ -381,7 +381,8 @@ bool Generar(Connection& c, const Familia& f, int desde, int hasta, qint64* fila
 
 bool GenerarCatalogos(Connection& c, QString* error) {
   Transaction t(c);
-  return t.ok() && Insertar(c, u"productos"_s, 1,
+  return t.ok() &&
+         Insertar(c, u"productos"_s, 1,
                   {{"codigo", u"('P' || d)"_s},
                    {"producto", u"('ARTICULO ' || d)"_s},
                    {"unidad", u"'PZA'"_s},

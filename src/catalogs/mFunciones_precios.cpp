@@ -53,7 +53,7 @@ std::optional<PrecioHallado> PrecioEspecial(Connection& c, qint32 ClienteActual,
                                             const QString& codigo) {
   QSqlQuery& q =
       c.ExecRepetida(u"select precio from \"productos precios\" where cliente = ? and codigo = ?"_s,
-             {ClienteActual, codigo});
+                     {ClienteActual, codigo});
   if (!q.next()) return std::nullopt;
   return PrecioHallado{q.value(0).isNull() ? 0.0 : q.value(0).toDouble(), 0};
 }

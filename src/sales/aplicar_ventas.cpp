@@ -72,9 +72,8 @@ Partidas PartidasDePedido(Connection& c, int tienda, const QString& pedido) {
   while (q.next()) {
     const QVariantMap d = Fila(q);
     QVariantMap p;
-    for (const QString& columna :
-         {u"codigo"_s, u"descripcion"_s, u"unidad"_s, u"precio"_s, u"dcto"_s, u"impuesto"_s,
-          u"costo"_s, u"com"_s, u"pedido"_s}) {
+    for (const QString& columna : {u"codigo"_s, u"descripcion"_s, u"unidad"_s, u"precio"_s,
+                                   u"dcto"_s, u"impuesto"_s, u"costo"_s, u"com"_s, u"pedido"_s}) {
       p.insert(columna, d.value(columna));
     }
     p.insert(u"cantidad"_s, d.value(u"surtir"_s));

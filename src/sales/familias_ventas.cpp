@@ -111,8 +111,7 @@ Outcome Completar(const Session&, Connection& c, const Documento& d, QVariantMap
   const QString codigo = Texto(*p, "codigo").toUpper();
   // The exact code first, by its index; the alternate codes only when it is not one.
   RowValues producto;
-  if (QSqlQuery& exacto =
-          c.ExecRepetida(u"select * from productos where codigo = ?"_s, {codigo});
+  if (QSqlQuery& exacto = c.ExecRepetida(u"select * from productos where codigo = ?"_s, {codigo});
       exacto.next()) {
     producto = RegistroLeido(exacto);
   } else {
@@ -177,8 +176,8 @@ const QStringList kColumnasPartida = {u"precio"_s, u"dcto"_s, u"impuesto"_s, u"c
 Credito CreditoDe(Connection& c, qint32 cliente, int plazo, double total) {
   QSqlQuery q = c.Exec(u"select saldo, credito from clientes where numero = ?"_s, {cliente});
   const bool hay = q.next();
-  return CreditoDe(hay ? q.value(0).toDouble() : 0, hay ? q.value(1).toDouble() : 0, cliente,
-                   plazo, total);
+  return CreditoDe(hay ? q.value(0).toDouble() : 0, hay ? q.value(1).toDouble() : 0, cliente, plazo,
+                   total);
 }
 
 // A cash sale, or a client without a limit, never adds to the balance shown.

@@ -60,8 +60,9 @@ QString Figuras(Connection& c) {
 // writer at once, and PostgreSQL shows a session that has written something not yet committed.
 bool EscribeOtro(const testing::TestCompany& company, Connection& c) {
   if (company.sql()) {
-    return c.Scalar(u"select count(*) from pg_stat_activity where datname = current_database() "
-                    u"and backend_xid is not null and pid <> pg_backend_pid()"_s)
+    return c.Scalar(
+                u"select count(*) from pg_stat_activity where datname = current_database() "
+                u"and backend_xid is not null and pid <> pg_backend_pid()"_s)
                .toInt() > 0;
   }
   const QString nombre = u"sonda"_s;

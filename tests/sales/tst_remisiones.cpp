@@ -162,9 +162,9 @@ class TestRemisiones : public QObject {
     const captura::Guardado q =
         captura::GuardarDocumento(s, ventas::Cotizaciones(), Nota({Partida(u"1-00003"_s, 5)}));
     QVERIFY(q.outcome.ok);
-    QCOMPARE(c.Scalar(u"select status from cotizaciones where cotizacion = ?"_s, {q.llave})
-                 .toString(),
-             u"ALTA"_s);
+    QCOMPARE(
+        c.Scalar(u"select status from cotizaciones where cotizacion = ?"_s, {q.llave}).toString(),
+        u"ALTA"_s);
     auto estado = [&] {
       return c.Scalar(u"select status from pedidos where pedido = ?"_s, {p.llave}).toString() +
              u" "_s +

@@ -9,8 +9,7 @@ namespace ventarix {
 bool CargarTraducciones(QCoreApplication& app) {
   // The translator lives as long as the application that owns it.
   auto* qt = new QTranslator(&app);
-  if (!qt->load(QStringLiteral("qtbase_es"),
-                QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
+  if (!qt->load(QStringLiteral("qtbase_es"), QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
     delete qt;
     return false;
   }

@@ -193,8 +193,8 @@ QWidget* FormaCaptura::Totales() {
   auto* caja = new QWidget(this);
   auto* rejilla = new QGridLayout(caja);
   rejilla->setContentsMargins(0, 0, 0, 0);
-  const char* const kNombres[] = {"Importe", "Descuento", "SubTotal",  "Iva",     "Total",
-                                  "Costo",   "Comision",  "Utilidad", "Saldo",   "Credito"};
+  const char* const kNombres[] = {"Importe", "Descuento", "SubTotal", "Iva",   "Total",
+                                  "Costo",   "Comision",  "Utilidad", "Saldo", "Credito"};
   const char* const kTitulos[] = {"Importe", "Descuento", "SubTotal", "Iva",   "Total",
                                   "Costo",   "Comisión",  "Utilidad", "Saldo", "Crédito"};
   for (int i = 0; i < 10; ++i) {
@@ -208,8 +208,7 @@ QWidget* FormaCaptura::Totales() {
     totales_.insert(QLatin1String(kNombres[i]), valor);
     const int fila = i < 5 ? 0 : 1;
     const int col = (i < 5 ? i : i - 5) * 2;
-    rejilla->addWidget(new QLabel(QString::fromUtf8(kTitulos[i]), caja), fila, col,
-                       Qt::AlignRight);
+    rejilla->addWidget(new QLabel(QString::fromUtf8(kTitulos[i]), caja), fila, col, Qt::AlignRight);
     rejilla->addWidget(valor, fila, col + 1);
   }
   return caja;
@@ -282,9 +281,8 @@ void FormaCaptura::Conectar() {
     Recordar();
   });
   // Msg1 blinks while the warning stands.
-  connect(timer_, &QTimer::timeout, this, [this] {
-    msg1_->setText(msg1_->text().isEmpty() ? aviso_ : QString());
-  });
+  connect(timer_, &QTimer::timeout, this,
+          [this] { msg1_->setText(msg1_->text().isEmpty() ? aviso_ : QString()); });
 }
 
 void FormaCaptura::Nuevo() {
@@ -293,9 +291,9 @@ void FormaCaptura::Nuevo() {
   fecha_->setDate(QDate::currentDate());
   status_->setText(QString::fromUtf8(pantalla_.familia.status_inicial));
   almacen_ = qBound(1, session_.Tienda, 5);
-  const qint32 folio = mFunciones::NumeroSiguiente(
-      session_, u"folio"_s, QString::fromUtf8(pantalla_.familia.tabla), u"where serie = ?"_s,
-      {serie_->text()});
+  const qint32 folio =
+      mFunciones::NumeroSiguiente(session_, u"folio"_s, QString::fromUtf8(pantalla_.familia.tabla),
+                                  u"where serie = ?"_s, {serie_->text()});
   PonerTexto(0, QString::number(folio));
 }
 
@@ -395,9 +393,9 @@ captura::Documento FormaCaptura::Capturado() const {
   for (const Dato& dato : pantalla_.datos) {
     if (dato.indice == 0) continue;
     const QString texto = Texto(dato.indice).trimmed();
-    d.encabezado.insert(QString::fromUtf8(dato.columna),
-                        dato.campo == Campo::kTexto ? QVariant(texto)
-                                                    : QVariant(mFunciones::ValorNumerico(texto)));
+    d.encabezado.insert(
+        QString::fromUtf8(dato.columna),
+        dato.campo == Campo::kTexto ? QVariant(texto) : QVariant(mFunciones::ValorNumerico(texto)));
   }
   d.encabezado.insert(u"fecha"_s, QDateTime(fecha_->date(), QTime(0, 0)));
   d.encabezado.insert(u"tipo"_s, tipo_->currentText());
@@ -408,8 +406,8 @@ captura::Documento FormaCaptura::Capturado() const {
 void FormaCaptura::RecalcularPantalla() {
   sumas_ = fg1_->Recalcular();
   const std::pair<const char*, double> valores[] = {
-      {"Importe", sumas_.importe}, {"Descuento", sumas_.descuento}, {"SubTotal", sumas_.subtotal},
-      {"Iva", sumas_.iva},         {"Total", sumas_.total},         {"Costo", sumas_.costo},
+      {"Importe", sumas_.importe},   {"Descuento", sumas_.descuento}, {"SubTotal", sumas_.subtotal},
+      {"Iva", sumas_.iva},           {"Total", sumas_.total},         {"Costo", sumas_.costo},
       {"Comision", sumas_.comision}, {"Utilidad", sumas_.utilidad}};
   for (const auto& [nombre, valor] : valores) {
     totales_.value(QLatin1String(nombre))->setText(Dinero(valor));

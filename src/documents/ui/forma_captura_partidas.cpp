@@ -62,8 +62,8 @@ void FormaCaptura::CodigoEscrito(int fila) {
     fg1_->setCurrentCell(fila, fg1_->Col(R::kCodigo));
     if (respuesta != QMessageBox::Yes) return;
     // The product screen opens on the new code; a product saved there fills the row.
-    auto* mdi = qobject_cast<MDIInicio*>(parentWidget() != nullptr ? parentWidget()->window()
-                                                                    : nullptr);
+    auto* mdi =
+        qobject_cast<MDIInicio*>(parentWidget() != nullptr ? parentWidget()->window() : nullptr);
     if (mdi == nullptr) return;
     const QString nuevo = mdi->Abrir(u"FrmProductosA"_s, codigo);
     activateWindow();
@@ -82,8 +82,8 @@ void FormaCaptura::CodigoEscrito(int fila) {
 // Column 18 below the quantity: the row's quantity becomes 0, unless the company saves
 // without stock. The full check at saving stays.
 bool FormaCaptura::ChecarExistencia(int fila) {
-  if (!pantalla_.avisar_existencias ||
-      session_.empresa.Flag(u"guardar_sin_existencias"_s) || fg1_->Codigo(fila).isEmpty()) {
+  if (!pantalla_.avisar_existencias || session_.empresa.Flag(u"guardar_sin_existencias"_s) ||
+      fg1_->Codigo(fila).isEmpty()) {
     return true;
   }
   if (fg1_->Numero(fila, R::kExistencia) >= fg1_->Numero(fila, R::kCantidad)) return true;

@@ -83,9 +83,9 @@ class DelegadoCaptura : public QStyledItemDelegate {
 
   void setEditorData(QWidget* editor, const QModelIndex& index) const override {
     const QVariant valor = index.data(Qt::EditRole);
-    static_cast<QLineEdit*>(editor)->setText(
-        valor.metaType().id() == QMetaType::Double ? QString::number(valor.toDouble(), 'g', 15)
-                                                   : valor.toString());
+    static_cast<QLineEdit*>(editor)->setText(valor.metaType().id() == QMetaType::Double
+                                                 ? QString::number(valor.toDouble(), 'g', 15)
+                                                 : valor.toString());
   }
 
   void setModelData(QWidget* editor, QAbstractItemModel* model,
@@ -226,8 +226,8 @@ void RejillaCaptura::PonerPartida(int fila, const QVariantMap& partida) {
     const QString nombre = QString::fromUtf8(d.nombre);
     if (!partida.contains(nombre)) continue;
     const QVariant valor = partida.value(nombre);
-    Celda(fila, col)->setData(Qt::EditRole, d.numero ? QVariant(valor.toDouble())
-                                                     : QVariant(valor.toString().trimmed()));
+    Celda(fila, col)->setData(
+        Qt::EditRole, d.numero ? QVariant(valor.toDouble()) : QVariant(valor.toString().trimmed()));
   }
 }
 
@@ -260,13 +260,13 @@ DocumentSums RejillaCaptura::Recalcular() {
                    true);
     sumas.Add(r);
     const std::pair<Columna, double> calculadas[] = {
-        {kImporte, r.importe},      {kDescuento, r.descuento},  {kSubTotal, r.subtotal},
-        {kIva, r.iva},              {kTotal, r.total},          {kCostoTotal, r.costo_total},
-        {kComision, r.comision},    {kUtilidad, r.utilidad}};
+        {kImporte, r.importe},   {kDescuento, r.descuento}, {kSubTotal, r.subtotal},
+        {kIva, r.iva},           {kTotal, r.total},         {kCostoTotal, r.costo_total},
+        {kComision, r.comision}, {kUtilidad, r.utilidad}};
     for (const auto& [columna, valor] : calculadas) PonerNumero(fila, columna, valor);
     // A row sold at no profit is drawn in red (colour 255), the others in black.
-    const QBrush color = r.cantidad > 0 && r.utilidad <= 0 ? QBrush(QColor(255, 0, 0))
-                                                           : QBrush(QColor(0, 0, 0));
+    const QBrush color =
+        r.cantidad > 0 && r.utilidad <= 0 ? QBrush(QColor(255, 0, 0)) : QBrush(QColor(0, 0, 0));
     for (int col = 0; col < columnCount(); ++col) Celda(fila, col)->setForeground(color);
   }
   return sumas;

@@ -24,9 +24,27 @@ class RejillaCaptura : public QTableWidget {
 
  public:
   enum Columna {
-    kItem, kCodigo, kDescripcion, kUnidad, kSurtir, kCantidad, kPrecio, kImporte, kDcto,
-    kDescuento, kSubTotal, kImpuesto, kIva, kTotal, kCosto, kCostoTotal, kCom, kComision,
-    kUtilidad, kExistencia, kPedido
+    kItem,
+    kCodigo,
+    kDescripcion,
+    kUnidad,
+    kSurtir,
+    kCantidad,
+    kPrecio,
+    kImporte,
+    kDcto,
+    kDescuento,
+    kSubTotal,
+    kImpuesto,
+    kIva,
+    kTotal,
+    kCosto,
+    kCostoTotal,
+    kCom,
+    kComision,
+    kUtilidad,
+    kExistencia,
+    kPedido
   };
 
   RejillaCaptura(bool con_surtir, QWidget* parent = nullptr);

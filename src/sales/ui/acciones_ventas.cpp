@@ -44,8 +44,7 @@ void TraerDocumento(FormaCaptura& forma, const char* palabra, const QString& sin
   if (forma.Cliente() == 0) return forma.Avisar(Outcome::Warning(sin_cliente, u"Datos1"_s));
   ayuda::ParametrosAyuda parametros;
   parametros.cliente = forma.Cliente();
-  const QString llave =
-      AbrirAyuda(forma.session(), QLatin1String(palabra), &forma, parametros);
+  const QString llave = AbrirAyuda(forma.session(), QLatin1String(palabra), &forma, parametros);
   forma.activateWindow();
   if (llave.isEmpty()) return;
   Connection c(forma.session().Cadena);
@@ -117,9 +116,9 @@ void AplicarDescuentoEnPrecio(FormaCaptura& forma) {
 void AplicarUtilidadxPartida(FormaCaptura& forma) {
   const int fila = forma.rejilla()->currentRow();
   if (fila < 0 || forma.rejilla()->Codigo(fila).isEmpty()) return;
-  const std::optional<double> utilidad = PedirNumero(
-      forma, u"Aplicar al Código: "_s + forma.rejilla()->Codigo(fila) +
-                 u"\n\nUna utilidad (%) del "_s);
+  const std::optional<double> utilidad =
+      PedirNumero(forma, u"Aplicar al Código: "_s + forma.rejilla()->Codigo(fila) +
+                             u"\n\nUna utilidad (%) del "_s);
   if (!utilidad) return;
   ventas::Partidas partidas = forma.rejilla()->Partidas();
   const Outcome aplicada =

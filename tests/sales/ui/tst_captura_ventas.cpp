@@ -9,14 +9,14 @@
 #include <QTest>
 #include <QTimer>
 
+#include "app/formularios.h"
+#include "catalogs/ui/pantallas_prueba.h"
 #include "core/session_load.h"
 #include "core/ui/browse_model.h"
 #include "core/ui/campo_captura.h"
-#include "app/formularios.h"
 #include "core/ui/form_registry.h"
 #include "core/ui/mdi_inicio.h"
 #include "core/ui/navegador.h"
-#include "catalogs/ui/pantallas_prueba.h"
 #include "documents/ui/rejilla_captura.h"
 #include "sales/ui/frm_ventas.h"
 #include "support/empresa_demo.h"
@@ -233,9 +233,10 @@ class TestCapturaVentas : public QObject {
     CargarSesion(session);
     // A client with no order pending in the demo's history, so the look-up offers only this one.
     const QString cliente =
-        Valor(session, u"select min(numero) from clientes c where numero > 1 and not exists "
-                       u"(select 1 from pedidos p where p.cliente = c.numero and p.status in "
-                       u"('POR SURTIR', 'BACKORDER'))"_s)
+        Valor(session,
+              u"select min(numero) from clientes c where numero > 1 and not exists "
+              u"(select 1 from pedidos p where p.cliente = c.numero and p.status in "
+              u"('POR SURTIR', 'BACKORDER'))"_s)
             .toString();
     QVERIFY(!cliente.isEmpty());
     {
@@ -333,11 +334,10 @@ class TestCapturaVentas : public QObject {
     if (!company) return;
     Session session = company->MakeSession();
     CargarSesion(session);
-    const int siguiente =
-        Valor(session, u"select max(folio) from remisiones where serie = ?"_s,
-              {session.SerieRemisiones})
-            .toInt() +
-        1;
+    const int siguiente = Valor(session, u"select max(folio) from remisiones where serie = ?"_s,
+                                {session.SerieRemisiones})
+                              .toInt() +
+                          1;
     FrmRemisionesA alta(session, QString());
     QVERIFY(Mostrar(alta));
     QWidget* cliente = Foco();
