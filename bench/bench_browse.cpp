@@ -17,6 +17,7 @@
 #include <QTemporaryDir>
 #include <QTextStream>
 
+#include "bench_sesion.h"
 #include "core/browse_filter.h"
 #include "core/browse_query.h"
 #include "core/company_database.h"
@@ -306,14 +307,7 @@ bool Medir(Banco& b) {
 }
 
 Session Sesion(const QString& path, bool sql) {
-  Session s;
-  s.Motor = sql ? u"Sql"_s : u"Access"_s;
-  s.BaseDatos = path;
-  s.BaseNombre = QFileInfo(path).fileName();
-  s.Sql = sql;
-  s.Access = !sql;
-  mFunciones::ConstruirCadenas(s);
-  s.Equipo = u"BENCH"_s;
+  Session s = bench::SesionDeBanco(path, sql);
   return s;
 }
 

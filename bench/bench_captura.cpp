@@ -12,6 +12,7 @@
 #include <QTemporaryDir>
 #include <QTextStream>
 
+#include "bench_sesion.h"
 #include "big_company.h"
 #include "core/browse_families.h"
 #include "core/company_database.h"
@@ -30,14 +31,7 @@ namespace {
 constexpr int kGuardados = 40;
 
 Session Sesion(const QString& path, bool sql) {
-  Session s;
-  s.Motor = sql ? u"Sql"_s : u"Access"_s;
-  s.BaseDatos = path;
-  s.BaseNombre = QFileInfo(path).fileName();
-  s.Sql = sql;
-  s.Access = !sql;
-  mFunciones::ConstruirCadenas(s);
-  s.Equipo = u"BENCH"_s;
+  Session s = bench::SesionDeBanco(path, sql);
   s.SerieRemisiones = u"W"_s;
   s.usuario.Set(u"Remisiones"_s, u"SSS"_s);
   s.empresa.Set(u"guardar_sin_existencias"_s, u"S"_s);

@@ -16,6 +16,7 @@
 #include <QTemporaryDir>
 #include <QTextStream>
 
+#include "bench_sesion.h"
 #include "big_company.h"
 #include "core/company_database.h"
 #include "core/database.h"
@@ -291,14 +292,7 @@ bool Correr(Banco& b, int chica, int grande) {
 }
 
 Session Sesion(const QString& path, bool sql) {
-  Session s;
-  s.Motor = sql ? u"Sql"_s : u"Access"_s;
-  s.BaseDatos = path;
-  s.BaseNombre = QFileInfo(path).fileName();
-  s.Sql = sql;
-  s.Access = !sql;
-  mFunciones::ConstruirCadenas(s);
-  s.Equipo = u"BENCH"_s;
+  Session s = bench::SesionDeBanco(path, sql);
   return s;
 }
 
