@@ -292,9 +292,9 @@ class TestBrowse : public QObject {
   // statement or brings rows from outside the view.
   void BusquedaEntreLasPartidas() {
     QFETCH_GLOBAL(QString, engine);
-    testing::TestCompany company(engine, false);
+    testing::TestCompany company(engine, testing::TestCompany::Contenido::kDemo);
     if (company.skipped()) QSKIP("VENTARIX_TEST_PG is not set");
-    QVERIFY(company.ok() && CrearEmpresaDemo(company.path()).ok);
+    QVERIFY2(company.ok(), qPrintable(company.error()));
     Connection c(company.cadena(), Connection::Acceso::kVista);
     const Engine motor = company.sql() ? Engine::kPostgres : Engine::kSqlite;
     const Familia* ajustes = FamiliaDeForma(u"FrmAjustes"_s);

@@ -263,11 +263,15 @@ class TestDemoCompany : public QObject {
     QCOMPARE(documento == 0 ? session.FolioFacturas : session.FolioNotas, 1);
   }
 
+  // A demo made anew equals the program's template copy.
   void SiempreLosMismosDatos() {
     VENTARIX_DEMO(first);
-    const auto second = Demo();
-    if (!second) return;
-    Connection d(second->cadena());
+    QFETCH_GLOBAL(QString, engine);
+    testing::TestCompany second(engine, false);
+    QVERIFY2(second.ok(), qPrintable(second.error()));
+    const Outcome made = CrearEmpresaDemo(second.path());
+    QVERIFY2(made, qPrintable(made.message));
+    Connection d(second.cadena());
     const QString statement =
         u"select p.codigo || '|' || p.producto || '|' || p.costo || '|' || p.almacen1 || '|' || "
         "c.rfc from productos p, clientes c where c.numero = (p.marca * 3) order by p.codigo"_s;

@@ -56,11 +56,9 @@ class TestDemoSellado : public QObject {
     QFETCH(bool, sin_carpeta);
     QFETCH(bool, ya_guardada);
     QFETCH_GLOBAL(QString, engine);
-    testing::TestCompany company(engine, false);
+    testing::TestCompany company(engine, testing::TestCompany::Contenido::kDemo);
     if (company.skipped()) QSKIP("VENTARIX_TEST_PG is not set");
     QVERIFY2(company.ok(), qPrintable(company.error()));
-    const Outcome demo = CrearEmpresaDemo(company.path());
-    QVERIFY2(demo, qPrintable(demo.message));
     Session session = company.MakeSession();
     CargarSesion(session);
     QVERIFY(session.FolioFacturas > 0 && session.FolioNotas > 0);

@@ -4,7 +4,6 @@
 
 #include <QTest>
 
-#include "demo/demo_company.h"
 #include "support/test_company.h"
 
 namespace ventarix::testing {
@@ -13,18 +12,13 @@ namespace ventarix::testing {
 // or been skipped by then).
 inline std::unique_ptr<TestCompany> EmpresaDemo() {
   QFETCH_GLOBAL(QString, engine);
-  auto company = std::make_unique<TestCompany>(engine, false);
+  auto company = std::make_unique<TestCompany>(engine, TestCompany::Contenido::kDemo);
   if (company->skipped()) {
     QTest::qSkip("VENTARIX_TEST_PG is not set", __FILE__, __LINE__);
     return nullptr;
   }
   if (!company->ok()) {
     QTest::qFail(qPrintable(company->error()), __FILE__, __LINE__);
-    return nullptr;
-  }
-  const Outcome made = CrearEmpresaDemo(company->path());
-  if (!made) {
-    QTest::qFail(qPrintable(made.message), __FILE__, __LINE__);
     return nullptr;
   }
   return company;

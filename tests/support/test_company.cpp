@@ -1,5 +1,7 @@
 #include "support/test_company.h"
 
+#include <vector>
+
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
@@ -12,6 +14,7 @@
 #include "core/mFunciones.h"
 #include "core/rol_consulta.h"
 #include "core/session_load.h"
+#include "demo/demo_company.h"
 
 namespace ventarix::testing {
 
@@ -38,15 +41,19 @@ void Administrar(Connection& admin) {
   admin.Run(QStringLiteral("set default_transaction_read_only = off"));
 }
 
-// Creating every table and index takes seconds on PostgreSQL; a test program makes one
-// company per engine and clones it for every test (a file copy, or CREATE DATABASE ...
-// TEMPLATE). The template goes when the program ends.
-struct Templates {
-  QTemporaryDir dir;
+// Creating every table and index takes seconds on PostgreSQL, the demo shop more; a test
+// program makes each kind of company once per engine and clones it for every test (a file
+// copy, or CREATE DATABASE ... TEMPLATE). The templates go when the program ends.
+struct Plantilla {
   QString sqlite_file;
   QString pg_catalog;
+};
+
+struct Templates {
+  QTemporaryDir dir;
+  Plantilla tablas, demo;
   QString pg_admin;
-  QString error;
+  std::vector<QString> catalogos;
 };
 
 Templates& SharedTemplates() {
@@ -54,15 +61,14 @@ Templates& SharedTemplates() {
     auto* t = new Templates;
     qAddPostRoutine([] {
       Templates& s = SharedTemplates();
-      if (!s.pg_catalog.isEmpty()) {
-        Connection admin(s.pg_admin);
-        Administrar(admin);
-        if (admin.ok()) {
-          admin.Run(QStringLiteral("drop database if exists ") + s.pg_catalog +
-                    QStringLiteral(" with (force)"));
-          admin.Run(QStringLiteral("drop role if exists ") + s.pg_catalog +
-                    QStringLiteral("_consulta"));
-        }
+      if (s.catalogos.empty()) return;
+      Connection admin(s.pg_admin);
+      Administrar(admin);
+      if (!admin.ok()) return;
+      for (const QString& catalog : s.catalogos) {
+        admin.Run(QStringLiteral("drop database if exists ") + catalog +
+                  QStringLiteral(" with (force)"));
+        admin.Run(QStringLiteral("drop role if exists ") + catalog + QStringLiteral("_consulta"));
       }
     });
     return t;
@@ -70,23 +76,37 @@ Templates& SharedTemplates() {
   return *templates;
 }
 
-QString SqliteTemplate(QString* error) {
+using Contenido = TestCompany::Contenido;
+
+Plantilla& PlantillaDe(Contenido contenido) {
   Templates& t = SharedTemplates();
-  if (t.sqlite_file.isEmpty()) {
-    const QString path = t.dir.filePath(QStringLiteral("plantilla.mdb"));
-    const Outcome made = CrearEmpresa(path);
+  return contenido == Contenido::kDemo ? t.demo : t.tablas;
+}
+
+Outcome Llenar(Contenido contenido, const QString& path) {
+  return contenido == Contenido::kDemo ? CrearEmpresaDemo(path) : CrearEmpresa(path);
+}
+
+QString SqliteTemplate(Contenido contenido, QString* error) {
+  Plantilla& p = PlantillaDe(contenido);
+  if (p.sqlite_file.isEmpty()) {
+    const QString path = SharedTemplates().dir.filePath(
+        contenido == Contenido::kDemo ? QStringLiteral("demo.mdb") : QStringLiteral("tablas.mdb"));
+    if (contenido == Contenido::kDemo) QFile(path).open(QIODevice::WriteOnly);  // as a test's
+    const Outcome made = Llenar(contenido, path);
     if (!made) {
       *error = made.message;
       return {};
     }
-    t.sqlite_file = path;
+    p.sqlite_file = path;
   }
-  return t.sqlite_file;
+  return p.sqlite_file;
 }
 
-QString PostgresTemplate(const QString& admin_cadena, QString* error) {
+QString PostgresTemplate(Contenido contenido, const QString& admin_cadena, QString* error) {
+  Plantilla& p = PlantillaDe(contenido);
+  if (!p.pg_catalog.isEmpty()) return p.pg_catalog;
   Templates& t = SharedTemplates();
-  if (!t.pg_catalog.isEmpty()) return t.pg_catalog;
   std::optional<ConnectionTarget> target = ParseCadena(admin_cadena);
   const QString catalog = QStringLiteral("vtx_tpl_") + RandomSuffix();
   {
@@ -98,15 +118,16 @@ QString PostgresTemplate(const QString& admin_cadena, QString* error) {
     }
   }
   t.pg_admin = admin_cadena;
-  t.pg_catalog = catalog;
+  t.catalogos.push_back(catalog);
   target->catalog = catalog;
-  const QString file = t.dir.filePath(QStringLiteral("plantilla.txt"));
+  const QString file = t.dir.filePath(catalog + QStringLiteral(".txt"));
   if (!WriteConnectionFile(file, PostgresCadena(*target), error)) return {};
-  const Outcome made = CrearEmpresa(file);
+  const Outcome made = Llenar(contenido, file);
   if (!made) {
     *error = made.message;
     return {};
   }
+  p.pg_catalog = catalog;
   return catalog;
 }
 
@@ -118,7 +139,8 @@ void AddEngineRows() {
   QTest::newRow("postgres") << QStringLiteral("postgres");
 }
 
-TestCompany::TestCompany(const QString& engine, bool with_tables) {
+TestCompany::TestCompany(const QString& engine, Contenido contenido) {
+  const bool with_tables = contenido != Contenido::kNada;
   if (!dir_.isValid()) {
     error_ = QStringLiteral("no temporary folder");
     return;
@@ -126,7 +148,7 @@ TestCompany::TestCompany(const QString& engine, bool with_tables) {
   if (engine == QLatin1String("sqlite")) {
     path_ = dir_.filePath(QStringLiteral("empresa.mdb"));
     if (with_tables) {
-      const QString plantilla = SqliteTemplate(&error_);
+      const QString plantilla = SqliteTemplate(contenido, &error_);
       if (plantilla.isEmpty()) return;
       if (!QFile::copy(plantilla, path_)) {
         error_ = QStringLiteral("cannot copy the template company");
@@ -157,7 +179,7 @@ TestCompany::TestCompany(const QString& engine, bool with_tables) {
     catalog_ = QStringLiteral("vtx_t_") + RandomSuffix();
     create += catalog_;
     if (with_tables) {
-      const QString plantilla = PostgresTemplate(admin_cadena_, &error_);
+      const QString plantilla = PostgresTemplate(contenido, admin_cadena_, &error_);
       if (plantilla.isEmpty()) return;
       create += QStringLiteral(" template ") + plantilla;
     }

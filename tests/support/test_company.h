@@ -7,7 +7,6 @@
 
 #include "core/database.h"
 #include "core/session.h"
-#include "demo/demo_company.h"
 #include "support/escribir.h"
 
 namespace ventarix::testing {
@@ -19,7 +18,12 @@ namespace ventarix::testing {
 // they fail.
 class TestCompany {
  public:
-  explicit TestCompany(const QString& engine, bool with_tables = true);
+  // What the new company holds: nothing (an empty file or catalog), every table, or the demo
+  // shop. Tables and demo are copies of one company made once per test program and engine.
+  enum class Contenido { kNada, kTablas, kDemo };
+  TestCompany(const QString& engine, Contenido contenido);
+  explicit TestCompany(const QString& engine, bool with_tables = true)
+      : TestCompany(engine, with_tables ? Contenido::kTablas : Contenido::kNada) {}
   ~TestCompany();
 
   bool ok() const { return ok_; }
@@ -64,9 +68,9 @@ void AddEngineRows();
   ::ventarix::Connection c(var.cadena())
 
 // The demo shop on a fresh database of the current global engine row.
-#define VENTARIX_DEMO_COMPANY(var)                         \
-  QFETCH_GLOBAL(QString, engine);                          \
-  ::ventarix::testing::TestCompany var(engine, false);     \
-  if (var.skipped()) QSKIP("VENTARIX_TEST_PG is not set"); \
-  QVERIFY2(var.ok(), qPrintable(var.error()));             \
-  QVERIFY(::ventarix::CrearEmpresaDemo(var.path()).ok)
+#define VENTARIX_DEMO_COMPANY(var)                                                    \
+  QFETCH_GLOBAL(QString, engine);                                                     \
+  ::ventarix::testing::TestCompany var(engine,                                        \
+                                       ::ventarix::testing::TestCompany::Contenido::kDemo); \
+  if (var.skipped()) QSKIP("VENTARIX_TEST_PG is not set");                            \
+  QVERIFY2(var.ok(), qPrintable(var.error()))

@@ -215,9 +215,9 @@ class TestProductosForms : public QObject {
   // is Precio neto, a new name saved keeps it, and the fifth warehouse's stock shows.
   void UnPrecioNetoPorNivel() {
     QFETCH_GLOBAL(QString, engine);
-    testing::TestCompany company(engine, false);
+    testing::TestCompany company(engine, testing::TestCompany::Contenido::kDemo);
     if (company.skipped()) QSKIP("VENTARIX_TEST_PG is not set");
-    QVERIFY(company.ok() && CrearEmpresaDemo(company.path()).ok);
+    QVERIFY2(company.ok(), qPrintable(company.error()));
     Session s = company.MakeSession();
     CargarEmpresa(s);
     Connection c(s.Cadena);

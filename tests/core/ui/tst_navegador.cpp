@@ -39,12 +39,13 @@ namespace {
 
 std::unique_ptr<testing::TestCompany> Demo() {
   QFETCH_GLOBAL(QString, engine);
-  auto company = std::make_unique<testing::TestCompany>(engine, false);
+  auto company =
+      std::make_unique<testing::TestCompany>(engine, testing::TestCompany::Contenido::kDemo);
   if (company->skipped()) {
     QTest::qSkip("VENTARIX_TEST_PG is not set", __FILE__, __LINE__);
     return nullptr;
   }
-  if (!company->ok() || !CrearEmpresaDemo(company->path()).ok) {
+  if (!company->ok()) {
     QTest::qFail("no demo company", __FILE__, __LINE__);
     return nullptr;
   }
