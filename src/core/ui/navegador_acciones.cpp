@@ -219,7 +219,8 @@ QString Navegador::AbrirForma(const QString& forma, const QString& llave) {
 void Navegador::Nuevo() {
   QAction* boton = Boton(1);
   if (!boton->isEnabled() || !boton->isVisible()) return;
-  if (!Permitido(QStringLiteral("A")) || !Autorizar(1)) return;
+  // A document's screen asks for the authorization itself, as its last check before saving.
+  if (!Permitido(QStringLiteral("A")) || (!familia_.documento && !Autorizar(1))) return;
   AbrirForma(QString::fromLatin1(familia_.alta));
 }
 
@@ -228,7 +229,7 @@ void Navegador::Cambiar() {
   const QString llave = LlaveActual();
   // Without a rights column, someone who is no administrator changes only their own row.
   if (familia_.derechos == nullptr && !session_.Administrador && llave != session_.Usuario) return;
-  if (!Permitido(QStringLiteral("C")) || !Autorizar(2)) return;
+  if (!Permitido(QStringLiteral("C")) || (!familia_.documento && !Autorizar(2))) return;
   AbrirForma(pantalla_cambio_.isEmpty() ? QString::fromLatin1(familia_.cambio) : pantalla_cambio_,
              llave);
 }
@@ -251,7 +252,8 @@ void Navegador::Borrar() { DarDeBajaOBorrar(QStringLiteral("MDIInicioBorrar"), t
 void Navegador::DarDeBajaOBorrar(const QString& forma, bool borrar) {
   QAction* boton = Boton(3);
   if (!boton->isEnabled() || !boton->isVisible() || !fg1_->currentIndex().isValid()) return;
-  if (!Permitido(QStringLiteral("B")) || !Autorizar(3)) return;
+  // Documents number their security lines 1 add, 2 cancel or delete, 3 change.
+  if (!Permitido(QStringLiteral("B")) || !Autorizar(familia_.documento ? 2 : 3)) return;
   if (!extras_.baja.isEmpty()) {
     AbrirForma(extras_.baja, LlaveActual());
     return;

@@ -93,6 +93,7 @@ class FormaCaptura : public QDialog, public LlaveGuardada {
   bool ChecarExistencia(int fila);
   void Pegar(const QList<QStringList>& filas, int desde);
   void Guardar();
+  bool Autorizado();
   void Recordar();
   void Deshacer();
   void Rehacer();

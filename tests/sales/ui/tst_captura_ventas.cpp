@@ -11,6 +11,8 @@
 
 #include "app/formularios.h"
 #include "catalogs/ui/pantallas_prueba.h"
+#include "core/mBrowse.h"
+#include "core/passwords.h"
 #include "core/session_load.h"
 #include "core/ui/browse_model.h"
 #include "core/ui/campo_captura.h"
@@ -222,6 +224,40 @@ class TestCapturaVentas : public QObject {
     }
     QVERIFY(alta.isVisible());
     QCOMPARE(Valor(session, u"select count(*) from remisiones"_s).toInt(), notas);
+  }
+
+  // The view's security line 1 asks the manager's password as the last check of a new note:
+  // Esc leaves the note on the screen unsaved, the right password saves it.
+  void ContrasenaDelGerenteAlGuardar() {
+    const auto company = testing::EmpresaDemo();
+    if (!company) return;
+    Session session = company->MakeSession();
+    CargarSesion(session);
+    session.ContrasenaGerente = passwords::Hash(u"JEFE"_s);
+    QVERIFY(mBrowse::ObtenerVista(session, u"remisiones"_s).outcome);
+    {
+      Connection c(session.Cadena);
+      Transaction t(c);
+      QVERIFY(c.Run(u"update tablas set seguridad = ? where tabla = ?"_s,
+                    {u"1|Nuevo|1|x|0"_s, u"remisiones"_s}));
+      QVERIFY(t.Commit());
+    }
+    const int notas = Valor(session, u"select count(*) from remisiones"_s).toInt();
+    FrmRemisionesA alta(session, QString());
+    QVERIFY(Mostrar(alta));
+    Capturar({u"2"_s, QString(), QString(), QString(), u"mostrador"_s});
+    EnCelda(alta.rejilla(), u"1-00001"_s);
+    {
+      ModalCatcher catcher({{.input = u"x"_s, .accept = false}});
+      Guardar(alta);
+      QCOMPARE(catcher.texts, QStringList{u"MDIInicioAutorizacion"_s});
+    }
+    QVERIFY(alta.isVisible());
+    QCOMPARE(Valor(session, u"select count(*) from remisiones"_s).toInt(), notas);
+    ModalCatcher catcher({{.input = u"jefe"_s}});
+    Guardar(alta);
+    QCOMPARE(alta.result(), int(QDialog::Accepted));
+    QCOMPARE(Valor(session, u"select count(*) from remisiones"_s).toInt(), notas + 1);
   }
 
   // An order of 5 is brought into a note with its button and only 2 are delivered: the
