@@ -68,9 +68,9 @@ void AddEngineRows();
   ::ventarix::Connection c(var.cadena())
 
 // The demo shop on a fresh database of the current global engine row.
-#define VENTARIX_DEMO_COMPANY(var)                                                    \
-  QFETCH_GLOBAL(QString, engine);                                                     \
-  ::ventarix::testing::TestCompany var(engine,                                        \
+#define VENTARIX_DEMO_COMPANY(var)                                                          \
+  QFETCH_GLOBAL(QString, engine);                                                           \
+  ::ventarix::testing::TestCompany var(engine,                                              \
                                        ::ventarix::testing::TestCompany::Contenido::kDemo); \
-  if (var.skipped()) QSKIP("VENTARIX_TEST_PG is not set");                            \
+  if (var.skipped()) QSKIP("VENTARIX_TEST_PG is not set");                                  \
   QVERIFY2(var.ok(), qPrintable(var.error()))

@@ -479,9 +479,9 @@ bool FormaCaptura::Autorizado() {
     return f.alta != nullptr && qstrcmp(f.alta, pantalla_.alta) == 0;
   });
   if (familia == familias.end()) return true;
-  const mBrowse::VistaCargada cargada = mBrowse::ObtenerVista(
-      session_, QString::fromUtf8(familia->titulo),
-      familia->sentencia ? QString::fromUtf8(familia->sentencia) : QString());
+  const mBrowse::VistaCargada cargada =
+      mBrowse::ObtenerVista(session_, QString::fromUtf8(familia->titulo),
+                            familia->sentencia ? QString::fromUtf8(familia->sentencia) : QString());
   if (!cargada.outcome) {
     Avisar(cargada.outcome);
     return false;

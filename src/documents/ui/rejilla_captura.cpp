@@ -2,15 +2,18 @@
 
 #include <utility>
 
+#include <QAction>
 #include <QApplication>
 #include <QClipboard>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QStyle>
 #include <QStyledItemDelegate>
 #include <QTimer>
 
 #include "core/ayuda.h"
+#include "documents/ui/texto_largo.h"
 
 namespace ventarix {
 
@@ -77,6 +80,19 @@ class DelegadoCaptura : public QStyledItemDelegate {
     editor->setFrame(false);
     const int longitud = De(rejilla_->Contenido(index.column())).longitud;
     if (longitud > 0) editor->setMaxLength(longitud);
+    // The description has a button in the cell for the long-text dialog.
+    if (rejilla_->Contenido(index.column()) == RejillaCaptura::kDescripcion) {
+      QAction* largo =
+          editor->addAction(editor->style()->standardIcon(QStyle::SP_FileDialogDetailedView),
+                            QLineEdit::TrailingPosition);
+      largo->setObjectName(u"TextoLargo"_s);
+      largo->setToolTip(u"Descripción larga"_s);
+      QObject::connect(largo, &QAction::triggered, editor, [editor, longitud] {
+        if (const auto texto = EditarTextoLargo(editor, editor->text(), longitud)) {
+          editor->setText(*texto);
+        }
+      });
+    }
     if (De(rejilla_->Contenido(index.column())).numero) editor->setAlignment(Qt::AlignRight);
     return editor;
   }

@@ -3,7 +3,9 @@
 // from the price list with F1) and opened again, a credit note refused over the client's
 // limit, and an order partly filled by a note.
 #include <QApplication>
+#include <QClipboard>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTest>
@@ -258,6 +260,100 @@ class TestCapturaVentas : public QObject {
     Guardar(alta);
     QCOMPARE(alta.result(), int(QDialog::Accepted));
     QCOMPARE(Valor(session, u"select count(*) from remisiones"_s).toInt(), notas + 1);
+  }
+
+  // The description cell's button opens the long-text dialog: two lines typed there go back
+  // to the row in upper case, line break kept; Cancelar leaves the row as it was.
+  void DescripcionLarga() {
+    const auto company = testing::EmpresaDemo();
+    if (!company) return;
+    Session session = company->MakeSession();
+    CargarSesion(session);
+    FrmRemisionesA alta(session, QString());
+    QVERIFY(Mostrar(alta));
+    Capturar({u"2"_s, QString(), QString(), QString(), u"mostrador"_s});
+    R* grid = alta.rejilla();
+    EnCelda(grid, u"1-00001"_s);
+    const QString original = grid->Partida(0).value(u"descripcion"_s).toString();
+    QVERIFY(!original.isEmpty());
+    for (const bool aceptar : {false, true}) {
+      alta.activateWindow();
+      QVERIFY(QTest::qWaitForWindowActive(&alta));
+      grid->setFocus();
+      grid->setCurrentCell(0, grid->Col(R::kDescripcion));
+      QTest::keyClick(grid, Qt::Key_F2);
+      auto* editor = qobject_cast<QLineEdit*>(Foco());
+      QVERIFY(editor != nullptr);
+      AlAbrirse([aceptar](QWidget* dialogo) {
+        QCOMPARE(dialogo->objectName(), u"TextoLargo"_s);
+        QTest::keyClick(Foco(), Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClicks(Foco(), u"martillo de acero"_s);
+        QTest::keyClick(Foco(), Qt::Key_Return);
+        QTest::keyClicks(Foco(), u"mango de fibra"_s);
+        if (aceptar) testing::SaveShot(dialogo, u"texto_largo"_s);
+        dialogo->findChild<QPushButton*>(aceptar ? u"Aceptar"_s : u"Cancelar"_s)->click();
+      });
+      editor->findChild<QAction*>(u"TextoLargo"_s)->trigger();
+      QTest::keyClick(editor, Qt::Key_Return);
+      QCoreApplication::processEvents();
+      const QString descripcion = grid->Partida(0).value(u"descripcion"_s).toString();
+      QCOMPARE(descripcion, aceptar ? u"MARTILLO DE ACERO\nMANGO DE FIBRA"_s : original);
+    }
+  }
+
+  // On a stored note's change screen: rows pasted from a spreadsheet (heading and unknown
+  // code dropped), a discount for every row by its button, then Ctrl+Z takes back the
+  // discount and the paste one by one and redo brings the paste again.
+  void PegarDescontarDeshacer() {
+    const auto company = testing::EmpresaDemo();
+    if (!company) return;
+    Session session = company->MakeSession();
+    CargarSesion(session);
+    const QString llave =
+        Valor(session, u"select min(remision) from remisiones where status = 'POR FACTURAR'"_s)
+            .toString();
+    FrmRemisionesC cambio(session, llave);
+    QVERIFY(Mostrar(cambio));
+    R* grid = cambio.rejilla();
+    const std::vector<QVariantMap> guardadas = grid->Partidas();
+    const auto filas = [grid] {
+      size_t con_codigo = 0;
+      for (int fila = 0; fila < grid->rowCount(); ++fila)
+        con_codigo += !grid->Codigo(fila).isEmpty();
+      return con_codigo;
+    };
+    const auto descuentos = [grid] {
+      QList<double> d;
+      for (const QVariantMap& p : grid->Partidas()) {
+        if (!p.value(u"codigo"_s).toString().isEmpty()) d << p.value(u"dcto"_s).toDouble();
+      }
+      return d;
+    };
+    const size_t n = filas();
+    QApplication::clipboard()->setText(
+        u"Código\tDescripción\tUda\tCantidad\n1-00004\tx\tPZA\t2\nNO-EXISTE\t\t\t1\n"_s);
+    grid->setFocus();
+    grid->setCurrentCell(static_cast<int>(n), grid->Col(R::kCodigo));
+    QTest::keySequence(grid, QKeySequence::Paste);
+    QCOMPARE(filas(), n + 1);
+    QCOMPARE(grid->Codigo(static_cast<int>(n)), u"1-00004"_s);
+    QCOMPARE(grid->Numero(static_cast<int>(n), R::kCantidad), 2.0);
+    auto* boton = cambio.findChild<QPushButton*>(u"AplicarDescuento"_s);
+    boton->setFocus();
+    {
+      ModalCatcher catcher({{.input = u"10"_s}});
+      QTest::keyClick(boton, Qt::Key_Return);
+      QCOMPARE(catcher.texts, QStringList{u"Aplicar descuento %"_s});
+    }
+    QCOMPARE(descuentos(), QList<double>(static_cast<qsizetype>(n + 1), 10.0));
+    QTest::keySequence(&cambio, QKeySequence::Undo);
+    QCOMPARE(filas(), n + 1);
+    QVERIFY(descuentos() != QList<double>(static_cast<qsizetype>(n + 1), 10.0));
+    QTest::keySequence(&cambio, QKeySequence::Undo);
+    QVERIFY(grid->Partidas() == guardadas);
+    QTest::keySequence(&cambio, QKeySequence::Redo);
+    QCOMPARE(filas(), n + 1);
+    QCOMPARE(grid->Codigo(static_cast<int>(n)), u"1-00004"_s);
   }
 
   // An order of 5 is brought into a note with its button and only 2 are delivered: the
