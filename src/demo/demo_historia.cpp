@@ -40,7 +40,7 @@ struct Pendiente {
 
 class Historia {
  public:
-  Historia(Connection& c, Dice& dice) : c_(c), dice_(dice) {
+  Historia(Connection& c, Dice& dice, const QString& carpeta) : c_(c), dice_(dice) {
     sesion_.Sql = c.sql();
     sesion_.Usuario = u"ADMINISTRADOR"_s;
     sesion_.Equipo = u"DEMO"_s;
@@ -49,6 +49,7 @@ class Historia {
     sesion_.SerieRemisiones = SerieDe("remisiones");
     sesion_.SerieCotizaciones = SerieDe("cotizaciones");
     sesion_.SeriePedidos = SerieDe("pedidos");
+    PrepararSesionFiscal(c, carpeta, &sesion_);
   }
 
   bool Escribir(QString* error);
@@ -67,6 +68,8 @@ class Historia {
 
   Connection& c_;
   Dice& dice_;
+  // The invoices draw on their own numbers, so that the notes and orders stay as they were.
+  Dice dice_facturas_{20261125};
   Session sesion_;
   QStringList codigos_;                     // products with stock enough for a few months of sales
   QList<qint32> clientes_;                  // clients not suspended
@@ -217,6 +220,7 @@ bool Historia::Escribir(QString* error) {
   for (int dia = 0; dia < kDiasDeHistoria; ++dia, fecha = fecha.addDays(1)) {
     if (fecha.dayOfWeek() == Qt::Sunday) fecha = fecha.addDays(1);
     if (!Dia(dia, fecha, error)) return false;
+    if (!Facturar(c_, sesion_, dice_facturas_, dia, fecha, error)) return false;
   }
   return true;
 }
@@ -233,8 +237,8 @@ QDate PrimerDiaDeHistoria() {
   return fecha;
 }
 
-bool EscribirHistoria(Connection& c, Dice& dice, QString* error) {
-  Historia historia(c, dice);
+bool EscribirHistoria(Connection& c, Dice& dice, const QString& carpeta, QString* error) {
+  Historia historia(c, dice, carpeta);
   return historia.Escribir(error);
 }
 

@@ -2,6 +2,7 @@
 // on one serie, a save killed halfway, and files that are not what they should be.
 #include <csignal>
 
+#include <QDirIterator>
 #include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -13,6 +14,7 @@
 #include <QTest>
 
 #include "support/empresa_demo.h"
+#include "support/escribir.h"
 #include "ventarix_run.h"
 
 using namespace ventarix;
@@ -210,6 +212,58 @@ class TestDocumentos : public QObject {
     Connection c(company->cadena());
     QCOMPARE(c.Scalar(u"select count(*) from remisiones"_s).toInt(),
              antes + (dice.startsWith(u"Documento 2"_s) ? 1 : 0));
+  }
+
+  // Two notes invoiced from the command line: the key printed, the sealed file in the
+  // company's xml folder, the notes holding the key. Cancelled, the invoice frees them; once
+  // stamped it can no longer be deleted.
+  void FacturaDeDosRemisiones() {
+    const auto company = testing::EmpresaDemo();
+    if (!company) return;
+    Connection c(company->cadena());
+    const QStringList codigos = Codigos(c, 2);
+    const testing::Run notas =
+        testing::Ventarix({u"documento"_s, u"guardar"_s, u"--empresa"_s, company->path(),
+                           Archivo(*company, u"notas.json"_s,
+                                   QJsonArray{Nota(codigos, 0, 1, 2), Nota(codigos, 1, 1, 3)})});
+    QVERIFY2(notas.code == 0, qPrintable(testing::Describe(notas)));
+    const QStringList remisiones = notas.out.split(u'\n', Qt::SkipEmptyParts);
+    QCOMPARE(remisiones.size(), 2);
+    const QJsonObject factura{{u"familia"_s, u"facturas"_s},
+                              {u"remisiones"_s, QJsonArray::fromStringList(remisiones)}};
+    const testing::Run r =
+        testing::Ventarix({u"documento"_s, u"guardar"_s, u"--empresa"_s, company->path(),
+                           Archivo(*company, u"factura.json"_s, factura)});
+    QVERIFY2(r.code == 0, qPrintable(testing::Describe(r)));
+    const QString llave = r.out.trimmed();
+    QCOMPARE(c.Scalar(u"select count(*) from remisiones where status = ?"_s, {llave}).toInt(), 2);
+    QDirIterator archivos(company->folder(), {llave + u".xml"_s}, QDir::Files,
+                          QDirIterator::Subdirectories);
+    QVERIFY2(archivos.hasNext(), qPrintable(llave));
+    QFile xml(archivos.next());
+    QVERIFY(xml.open(QIODevice::ReadOnly));
+    const QByteArray sellado = xml.readAll();
+    QVERIFY(sellado.contains("sello=\"") && !sellado.contains("sello=\"\""));
+
+    const QStringList baja = {u"documento"_s,        u"cancelar"_s,   llave,
+                              u"--empresa"_s,        company->path(), u"--motivo"_s,
+                              u"ERROR DE CAPTURA"_s, u"--familia"_s,  u"facturas"_s};
+    const testing::Run cancelada = testing::Ventarix(baja);
+    QVERIFY2(cancelada.code == 0, qPrintable(testing::Describe(cancelada)));
+    QCOMPARE(c.Scalar(u"select count(*) from remisiones where status = 'POR FACTURAR' and "
+                      u"remision in (?, ?)"_s,
+                      {remisiones[0], remisiones[1]})
+                 .toInt(),
+             2);
+    QVERIFY(testing::Escribir(c,
+                              u"update facturas set uuid = 'A1B2C3D4-0000-4000-8000-000000000001' "
+                              u"where factura = ?"_s,
+                              {llave}));
+    const testing::Run borrada =
+        testing::Ventarix({u"documento"_s, u"borrar"_s, llave, u"--empresa"_s, company->path(),
+                           u"--familia"_s, u"facturas"_s});
+    QCOMPARE(borrada.code, 1);
+    QCOMPARE(c.Scalar(u"select count(*) from facturas where factura = ?"_s, {llave}).toInt(), 1);
   }
 };
 

@@ -13,6 +13,7 @@
 #include "edocs/herramientas.h"
 #include "sales/facturar_remisiones.h"
 #include "sales/familias_ventas.h"
+#include "support/document_rows.h"
 #include "support/empresa_demo.h"
 #include "support/escribir.h"
 
@@ -175,6 +176,98 @@ class TestFacturas : public QObject {
                  .toInt(),
              3);
     QCOMPARE(Saldos(c), SaldosDelBarrido(c));
+  }
+
+  // The invoice's own rules: the rate of a foreign currency, pesos at 1, retentions off the
+  // total, a free invoice moving no stock, and a folio the range moved onto a taken key.
+  void ReglasDeLaFactura() {
+    const auto company = testing::EmpresaDemo();
+    if (!company) return;
+    Session s = SesionDe(*company);
+    Connection c(company->cadena());
+    const auto contar = [&c] { return Valor(c, u"select count(*) from facturas"_s, {}).toInt(); };
+    const int antes = contar();
+    const captura::Guardado en_uno = captura::GuardarDocumento(
+        s, ventas::Facturas(),
+        Libre(u"SERV-01"_s, 100, {{u"moneda"_s, u"USD"_s}, {u"tipocambio"_s, 1}}));
+    QCOMPARE(en_uno.outcome.message,
+             u"Se requiere un tipo de cambio mayor a 1 para la moneda USD"_s);
+    QCOMPARE(contar(), antes);
+
+    const QString dolares =
+        Guardar(s, ventas::Facturas(),
+                Libre(u"SERV-01"_s, 100, {{u"moneda"_s, u"USD"_s}, {u"tipocambio"_s, 1.0001}}));
+    const QString pesos =
+        Guardar(s, ventas::Facturas(),
+                Libre(u"SERV-01"_s, 100, {{u"moneda"_s, u"MXN"_s}, {u"tipocambio"_s, 19.5}}));
+    const QString retenida =
+        Guardar(s, ventas::Facturas(), Libre(u"SERV-01"_s, 100, {{u"retencion isr $"_s, 10}}));
+    QVERIFY(!dolares.isEmpty() && !pesos.isEmpty() && !retenida.isEmpty());
+    const auto columna = [&c](const QString& llave, const QString& col) {
+      return Valor(c, u"select "_s + col + u" from facturas where factura = ?"_s, {llave});
+    };
+    QCOMPARE(columna(dolares, u"tipocambio"_s).toDouble(), 1.0001);
+    QCOMPARE(columna(dolares, u"moneda"_s).toString(), u"USD"_s);
+    QCOMPARE(columna(pesos, u"tipocambio"_s).toDouble(), 1.0);
+    QCOMPARE(columna(retenida, u"total"_s).toDouble(), 106.0);
+    QCOMPARE(columna(retenida, u"\"retencion isr $\""_s).toDouble(), 10.0);
+
+    // A free invoice of a product: neither its stock nor its last sale move; an unknown code
+    // stays as a row in "PIEZA".
+    const QString stock =
+        u"select almacen1, \"fecha ultima venta\" from productos where codigo = ?"_s;
+    QSqlQuery q = c.Exec(stock, {u"1-00001"_s});
+    QVERIFY(q.next());
+    const QVariant existencia = q.value(0), ultima = q.value(1);
+    q.finish();
+    const QString libre = Guardar(s, ventas::Facturas(), Libre(u"1-00001"_s, 50));
+    QVERIFY(!libre.isEmpty());
+    q = c.Exec(stock, {u"1-00001"_s});
+    QVERIFY(q.next());
+    QCOMPARE(q.value(0), existencia);
+    QCOMPARE(q.value(1), ultima);
+    q.finish();
+    QCOMPARE(Valor(c, u"select unidad from \"facturas detalles\" where factura = ?"_s, {pesos})
+                 .toString(),
+             u"PIEZA"_s);
+
+    // The range moves folio 1 to its first one, whose key another document holds already.
+    QVERIFY(testing::Escribir(c,
+                              u"update \"folios facturas\" set serie = 'E', folioinicial = 501, "
+                              "foliofinal = 600 where numero = ?"_s,
+                              {s.FolioFacturas}));
+    QVERIFY(testing::InsertarFila(
+        c, u"facturas"_s, {{u"factura"_s, u"E-501"_s}, {u"serie"_s, u"X"_s}, {u"folio"_s, 1}}));
+    const int con_otra = contar();
+    const captura::Guardado chocada =
+        captura::GuardarDocumento(s, ventas::Facturas(), Libre(u"SERV-01"_s, 100));
+    QCOMPARE(chocada.outcome.message,
+             u"Esta serie y folio de factura ya existe en el sistema\n\nE-501"_s);
+    QCOMPARE(chocada.outcome.field, u"Datos0"_s);
+    QCOMPARE(contar(), con_otra);
+  }
+
+  // Only the store's own notes waiting for an invoice are offered, never a quotation's.
+  void RemisionesOfrecidas() {
+    const auto company = testing::EmpresaDemo();
+    if (!company) return;
+    Session s = SesionDe(*company);
+    Connection c(company->cadena());
+    const QString propia = Guardar(s, ventas::Remisiones(), Remision(u"1-00004"_s, 1));
+    Documento cotizada = Remision(u"1-00004"_s, 1);
+    cotizada.encabezado.insert(u"tipo"_s, u"COTIZACION"_s);
+    const QString cotizacion = Guardar(s, ventas::Remisiones(), cotizada);
+    Session otra_tienda = s;
+    otra_tienda.Tienda = s.Tienda == 2 ? 3 : 2;
+    const QString ajena = Guardar(otra_tienda, ventas::Remisiones(), Remision(u"1-00004"_s, 1));
+    QVERIFY(!propia.isEmpty() && !cotizacion.isEmpty() && !ajena.isEmpty());
+    QStringList ofrecidas;
+    for (const ventas::RemisionPorFacturar& r : ventas::RemisionesPorFacturar(c, s.Tienda)) {
+      ofrecidas << r.remision;
+    }
+    QVERIFY(ofrecidas.contains(propia));
+    QVERIFY(!ofrecidas.contains(cotizacion));
+    QVERIFY(!ofrecidas.contains(ajena));
   }
 };
 
