@@ -4,6 +4,7 @@
 #include <QSqlQuery>
 #include <QSqlRecord>
 
+#include "core/dialect.h"
 #include "core/mFunciones.h"
 #include "core/session_load.h"
 #include "demo/demo_tables.h"
@@ -30,8 +31,8 @@ bool Guardar(Connection& c, const Session& s, const captura::FamiliaCaptura& f, 
 bool FacturarRemisiones(Connection& c, const Session& s, const QDate& fecha, QString* error) {
   QSqlQuery q = c.Exec(
       u"select cliente, remision from remisiones where status = 'POR FACTURAR' and tipo = "
-      "'FACTURA' and tienda = ? order by cliente, folio"_s,
-      {s.Tienda});
+      "'FACTURA' and tienda = ? and fecha <= ? order by cliente, folio"_s,
+      {s.Tienda, dialect::DateValue(fecha, c.sql())});
   std::map<qint32, QStringList> por_cliente;
   while (q.next() && por_cliente.size() <= 2) {
     por_cliente[q.value(0).toInt()] << q.value(1).toString();
@@ -70,7 +71,7 @@ bool NotaDeCredito(Connection& c, const Session& s, const QDate& fecha, bool des
                    QString* error) {
   QSqlQuery q = c.Exec(
       u"select factura, cliente, depto from facturas where status = 'POR COBRAR' and depto = ? "
-      "order by hora desc"_s,
+      "order by fecha desc, folio desc"_s,
       {descuento ? u"LIBRE"_s : u"PRODUCTOS"_s});
   if (!q.next()) return true;
   Documento d;

@@ -40,7 +40,8 @@ struct Pendiente {
 
 class Historia {
  public:
-  Historia(Connection& c, Dice& dice, const QString& carpeta) : c_(c), dice_(dice) {
+  Historia(Connection& c, Dice& dice, const QString& carpeta)
+      : c_(c), dice_(dice), carpeta_(carpeta) {
     sesion_.Sql = c.sql();
     sesion_.Usuario = u"ADMINISTRADOR"_s;
     sesion_.Equipo = u"DEMO"_s;
@@ -49,7 +50,6 @@ class Historia {
     sesion_.SerieRemisiones = SerieDe("remisiones");
     sesion_.SerieCotizaciones = SerieDe("cotizaciones");
     sesion_.SeriePedidos = SerieDe("pedidos");
-    PrepararSesionFiscal(c, carpeta, &sesion_);
   }
 
   bool Escribir(QString* error);
@@ -70,6 +70,7 @@ class Historia {
   Dice& dice_;
   // The invoices draw on their own numbers, so that the notes and orders stay as they were.
   Dice dice_facturas_{20261125};
+  QString carpeta_;  // the company's folder tree, for the sealed files
   Session sesion_;
   QStringList codigos_;                     // products with stock enough for a few months of sales
   QList<qint32> clientes_;                  // clients not suspended
@@ -220,7 +221,15 @@ bool Historia::Escribir(QString* error) {
   for (int dia = 0; dia < kDiasDeHistoria; ++dia, fecha = fecha.addDays(1)) {
     if (fecha.dayOfWeek() == Qt::Sunday) fecha = fecha.addDays(1);
     if (!Dia(dia, fecha, error)) return false;
-    if (!Facturar(c_, sesion_, dice_facturas_, dia, fecha, error)) return false;
+  }
+  // The invoices come once the notes are there, each on the day it was made: the notes and
+  // orders are those of a shop that had not invoiced yet.
+  Session fiscal = sesion_;
+  PrepararSesionFiscal(c_, carpeta_, &fiscal);
+  fecha = PrimerDiaDeHistoria();
+  for (int dia = 0; dia < kDiasDeHistoria; ++dia, fecha = fecha.addDays(1)) {
+    if (fecha.dayOfWeek() == Qt::Sunday) fecha = fecha.addDays(1);
+    if (!Facturar(c_, fiscal, dice_facturas_, dia, fecha, error)) return false;
   }
   return true;
 }
