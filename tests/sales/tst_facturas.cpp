@@ -247,6 +247,36 @@ class TestFacturas : public QObject {
     QCOMPARE(contar(), con_otra);
   }
 
+  // A change seals again under the same key: another client (both balances follow), the
+  // summary text given and then emptied (its row goes).
+  void CambioDeFactura() {
+    const auto company = testing::EmpresaDemo();
+    if (!company) return;
+    Session s = SesionDe(*company);
+    Connection c(company->cadena());
+    const QString llave = Guardar(s, ventas::Facturas(),
+                                  Libre(u"SERV-01"_s, 100, {{u"descripcion"_s, u"SERVICIOS"_s}}));
+    QVERIFY(!llave.isEmpty());
+    const auto resumenes = [&] {
+      return Valor(c, u"select count(*) from \"facturas resumen\" where factura = ?"_s, {llave})
+          .toInt();
+    };
+    QCOMPARE(resumenes(), 1);
+    captura::Leido leido = captura::LeerDocumento(s, ventas::Facturas(), llave);
+    QVERIFY(leido.outcome.ok && leido.modificable);
+    leido.documento.encabezado.insert(u"cliente"_s, 3);
+    leido.documento.encabezado.insert(u"descripcion"_s, QString());
+    leido.documento.partidas[0].insert(u"precio"_s, 200);
+    QCOMPARE(Guardar(s, ventas::Facturas(), leido.documento), llave);
+    QCOMPARE(resumenes(), 0);
+    QCOMPARE(Valor(c, u"select receptorcliente from facturas where factura = ?"_s, {llave}).toInt(),
+             3);
+    QFile xml(s.CarpetaXml + u'/' + llave + u".xml"_s);
+    QVERIFY(xml.open(QIODevice::ReadOnly));
+    QVERIFY(xml.readAll().contains("total=\"232\""));
+    QCOMPARE(Saldos(c), SaldosDelBarrido(c));
+  }
+
   // Only the store's own notes waiting for an invoice are offered, never a quotation's.
   void RemisionesOfrecidas() {
     const auto company = testing::EmpresaDemo();
