@@ -247,6 +247,55 @@ class TestFacturas : public QObject {
     QCOMPARE(contar(), con_otra);
   }
 
+  // A credit note over two invoices: a unit of the first one's goods back into the user's
+  // store, a discount on the second, and a row on a key that is no invoice; each invoice is
+  // reduced by its own rows, the free row only by the note's total.
+  void NotaSobreDosFacturas() {
+    const auto company = testing::EmpresaDemo();
+    if (!company) return;
+    Session s = SesionDe(*company);
+    s.Tienda = 2;
+    Connection c(company->cadena());
+    const QString codigo = u"1-00005"_s;
+    const auto existencia = [&] {
+      return Valor(c, u"select almacen2 from productos where codigo = ?"_s, {codigo}).toDouble();
+    };
+    Documento de_producto = Libre(codigo, 100);
+    de_producto.partidas[0].insert(u"cantidad"_s, 3);
+    const QString primera = Guardar(s, ventas::Facturas(), de_producto);
+    const QString segunda = Guardar(s, ventas::Facturas(), Libre(u"SERV-01"_s, 100));
+    QVERIFY(!primera.isEmpty() && !segunda.isEmpty());
+    const double antes = existencia();
+    Documento nota;
+    nota.encabezado = {{u"cliente"_s, kCliente}};
+    nota.partidas = {{{u"factura"_s, primera}, {u"codigo"_s, codigo}, {u"cantidad"_s, 1}},
+                     {{u"factura"_s, segunda}, {u"dppp"_s, u"S"_s}, {u"precio"_s, 50}},
+                     {{u"factura"_s, u"NO-1"_s},
+                      {u"codigo"_s, u"flete"_s},
+                      {u"descripcion"_s, u"flete"_s},
+                      {u"unidad"_s, u"viaje"_s},
+                      {u"cantidad"_s, 1},
+                      {u"precio"_s, 10},
+                      {u"impuesto"_s, 16}}};
+    const QString llave = Guardar(s, ventas::NotasCliente(), nota);
+    QVERIFY(!llave.isEmpty());
+    QCOMPARE(existencia(), antes + 1);
+    const auto descuentos = [&](const QString& factura) {
+      return Valor(c, u"select descuentos from facturas where factura = ?"_s, {factura}).toDouble();
+    };
+    QCOMPARE(descuentos(primera), 116.0);
+    QCOMPARE(descuentos(segunda), 58.0);
+    QCOMPARE(Valor(c, u"select total from \"notas cliente\" where nota = ?"_s, {llave}).toDouble(),
+             116.0 + 58.0 + 11.6);
+    QCOMPARE(Valor(c,
+                   u"select codigo from \"notas cliente detalles\" where nota = ? and "
+                   "factura = 'NO-1'"_s,
+                   {llave})
+                 .toString(),
+             u"FLETE"_s);
+    QCOMPARE(Saldos(c), SaldosDelBarrido(c));
+  }
+
   // A change seals again under the same key: another client (both balances follow), the
   // summary text given and then emptied (its row goes).
   void CambioDeFactura() {
