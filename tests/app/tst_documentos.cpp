@@ -54,7 +54,8 @@ QString Figuras(Connection& c) {
   QSqlQuery q = c.Exec(u"select codigo, almacen1 from productos order by codigo"_s);
   while (q.next())
     texto += q.value(0).toString() + u'=' + QString::number(q.value(1).toDouble(), 'f', 4) + u' ';
-  texto += c.Scalar(u"select sum(saldo) from clientes"_s).toString();
+  // In cents: the engine adds the clients' balances in whatever order it keeps the rows.
+  texto += QString::number(c.Scalar(u"select sum(saldo) from clientes"_s).toDouble(), 'f', 2);
   return texto;
 }
 
