@@ -5,6 +5,7 @@
 #include <QSqlQuery>
 #include <QTest>
 
+#include "core/dialect.h"
 #include "core/session_load.h"
 #include "documents/bajas.h"
 #include "documents/captura.h"
@@ -131,6 +132,14 @@ class TestFacturas : public QObject {
                    {llave, hora})
                  .toInt(),
              3);
+    // The goods invoiced from the notes were last sold on the invoice's day.
+    QCOMPARE(dialect::ReadDate(Valor(c,
+                                     u"select \"fecha ultima venta\" from productos where "
+                                     "codigo = '1-00003'"_s,
+                                     {}))
+                 .date(),
+             dialect::ReadDate(Valor(c, u"select fecha from facturas where factura = ?"_s, {llave}))
+                 .date());
 
     // The file: the SAT's schema, its cadena by the SAT's sheet, its seal by openssl.
     const QString xml = s.CarpetaXml + u'/' + llave + u".xml"_s;
