@@ -31,6 +31,7 @@ CamposPago::CamposPago(Session& session, QWidget* parent) : QWidget(parent), ses
   folio_->setReadOnly(true);
   folio_->setFocusPolicy(Qt::NoFocus);
   folio_->setAlignment(Qt::AlignRight);
+  folio_->setMaximumWidth(folio_->fontMetrics().horizontalAdvance(u"000000000000"_s));
   auto* numero = new QHBoxLayout;
   numero->addWidget(serie_);
   numero->addWidget(folio_);
