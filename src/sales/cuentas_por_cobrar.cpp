@@ -5,7 +5,6 @@
 
 #include "core/mFunciones_valores.h"
 #include "documents/mSaldos.h"
-#include "documents/set_statements.h"
 
 namespace ventarix::ventas {
 
@@ -156,18 +155,7 @@ Outcome TotalizarPago(Connection& c, const QString& pago) {
 Outcome SaldosDeLasFacturas(Connection& c, const QString&, const QStringList& facturas, bool) {
   if (facturas.isEmpty()) return Outcome::Ok();  // an empty scope would mean every invoice
   if (Outcome o = mSaldos::RecalcularSaldosFacturas(c, facturas); !o) return o;
-  QVariantList valores;
-  const QString en = InClause(u" where "_s, u"factura"_s, facturas, &valores);
-  QSqlQuery q = c.Exec(u"select distinct cliente from facturas"_s + en, valores);
-  if (!q.isActive()) return Outcome::Stop(QueryError(q));
-  QList<qint32> clientes;
-  while (q.next()) clientes << q.value(0).toInt();
-  q.finish();
-  for (const qint32 cliente : clientes) {
-    if (cliente == 0) continue;  // 0 would mean every client
-    if (Outcome o = mSaldos::RecalcularSaldoClientes(c, cliente); !o) return o;
-  }
-  return Outcome::Ok();
+  return mSaldos::RecalcularSaldoClientesDeFacturas(c, facturas);
 }
 
 const QStringList kColumnas = {u"metodo"_s, u"banco"_s, u"anotacion"_s};

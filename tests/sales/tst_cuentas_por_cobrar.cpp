@@ -195,6 +195,10 @@ class TestCuentasPorCobrar : public QObject {
     QCOMPARE(Factura(c, u"T-2"_s), u"POR COBRAR 50 0"_s);
     QCOMPARE(SaldoCliente(c, kCliente), 150.0);  // T-1 and T-2
     QCOMPARE(SaldoCliente(c, kOtro), 0.0);
+    // Cancelled, the receipt gives each of its clients the cents back.
+    QVERIFY(bajas::DarDeBaja(e->s, u"CXC"_s, g.llave, u"ERROR DE CAPTURA"_s));
+    QCOMPARE(SaldoCliente(c, kCliente), 151.5);
+    QCOMPARE(SaldoCliente(c, kOtro), -0.5);
   }
 };
 
