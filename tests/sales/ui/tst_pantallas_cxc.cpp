@@ -1,7 +1,7 @@
 // The receivables screens as the cashier uses them from the keyboard, on the demo company and
 // both engines: a receipt from the browser (F8 pays one invoice whole, an amount above the
-// other's balance goes back to 0) opened again in the change screen, and the month's small
-// balances settled with one row taken out.
+// other's balance goes back to 0) found again by its invoice and opened in the change screen,
+// and the month's small balances settled with one row taken out.
 #include <QApplication>
 #include <QLabel>
 #include <QMessageBox>
@@ -133,6 +133,14 @@ class TestPantallasCxC : public QObject {
     QCOMPARE(modelo->Valor(fila, modelo->ColumnaDe(u"pago"_s)).toString(), llave);
     QCOMPARE(modelo->Valor(fila, modelo->ColumnaDe(u"abono"_s)).toDouble(), 100.0);
     testing::SaveShot(navegador, u"navegador_cxc"_s);
+    {
+      // Ctrl+B finds the receipts that paid an invoice.
+      ModalCatcher catcher({{.input = u"T-1"_s}});
+      QTest::keyClick(navegador->grid(), Qt::Key_B, Qt::ControlModifier);
+      QVERIFY(catcher.texts.value(0).startsWith(u"Factura a Buscar"_s));
+    }
+    QCOMPARE(navegador->modelo()->rowCount(), 1);
+    QCOMPARE(modelo->Valor(0, modelo->ColumnaDe(u"pago"_s)).toString(), llave);
 
     AlAbrirse([&](QWidget* modal) {
       auto* cambio = qobject_cast<FormaPago*>(modal);
