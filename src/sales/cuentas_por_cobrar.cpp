@@ -68,9 +68,8 @@ Outcome ClienteDelPrimerRenglon(const Session&, Connection& c, Documento* d) {
   if (Numero(d->encabezado, "cliente") > 0) return Outcome::Ok();
   for (const QVariantMap& p : d->partidas) {
     if (!NombraFactura(p)) continue;
-    d->encabezado.insert(
-        u"cliente"_s,
-        c.Scalar(u"select cliente from facturas where factura = ?"_s, {Texto(p, "factura")}));
+    d->encabezado.insert(u"cliente"_s, c.Scalar(u"select cliente from facturas where factura = ?"_s,
+                                                {Texto(p, "factura")}));
     break;
   }
   return Outcome::Ok();
@@ -81,11 +80,10 @@ Outcome FacturasAbiertas(const Documento& d, captura::PartidaPresente presente, 
   for (const QVariantMap& p : d.partidas) {
     if (!presente(p)) continue;
     if (!p.contains(u"saldo"_s) || (cliente != 0 && Numero(p, "cliente") != cliente)) {
-      return Outcome::Warning(u"La factura "_s + Texto(p, "factura") +
-                                  u" no está por cobrar"_s +
-                                  (cliente != 0 ? u" al cliente "_s + QString::number(cliente)
-                                                : QString()),
-                              u"Fg1"_s);
+      return Outcome::Warning(
+          u"La factura "_s + Texto(p, "factura") + u" no está por cobrar"_s +
+              (cliente != 0 ? u" al cliente "_s + QString::number(cliente) : QString()),
+          u"Fg1"_s);
     }
   }
   return Outcome::Ok();
@@ -121,8 +119,8 @@ Outcome CamposCxC(const Session&, Connection&, const Documento& d, bool alta) {
   // A change keeps its rows: it has neither rows to check nor a total to ask for.
   if (!alta) return Outcome::Ok();
   if (Outcome o = FacturasAbiertas(d, PagaFactura, cliente); !o) return o;
-  return Requerido(TotalDe(d, PagaFactura) > 0,
-                   u"Se requiere la entrada de un abono de cliente"_s, u"Total"_s);
+  return Requerido(TotalDe(d, PagaFactura) > 0, u"Se requiere la entrada de un abono de cliente"_s,
+                   u"Total"_s);
 }
 
 Outcome CamposSaldar(const Session&, Connection&, const Documento& d, bool alta) {
@@ -163,9 +161,7 @@ const QStringList kColumnasPartida = {u"abono"_s, u"cliente"_s};
 
 }  // namespace
 
-double AbonoAdmitido(double abono, double saldo) {
-  return abono > 0 && abono <= saldo ? abono : 0;
-}
+double AbonoAdmitido(double abono, double saldo) { return abono > 0 && abono <= saldo ? abono : 0; }
 
 const captura::FamiliaCaptura& CxC() {
   static const captura::FamiliaCaptura f{

@@ -41,15 +41,15 @@ class TestDocumentoCxC : public QObject {
     archivo.close();
     const QStringList empresa = {u"--empresa"_s, company->path(), u"--familia"_s, u"cxc"_s};
 
-    testing::Run run = testing::Ventarix({u"documento"_s, u"guardar"_s, u"--empresa"_s,
-                                          company->path(), ruta});
+    testing::Run run =
+        testing::Ventarix({u"documento"_s, u"guardar"_s, u"--empresa"_s, company->path(), ruta});
     QVERIFY2(run.code == 0, qPrintable(Describe(run)));
     const QString llave = run.out.trimmed();
     QCOMPARE(Factura(c), u"LIQUIDADO 0"_s);
 
-    run = testing::Ventarix(QStringList{u"documento"_s, u"cancelar"_s, llave, u"--motivo"_s,
-                                        u"CHEQUE DEVUELTO"_s} +
-                            empresa);
+    run = testing::Ventarix(
+        QStringList{u"documento"_s, u"cancelar"_s, llave, u"--motivo"_s, u"CHEQUE DEVUELTO"_s} +
+        empresa);
     QVERIFY2(run.code == 0, qPrintable(Describe(run)));
     QCOMPARE(Factura(c), u"POR COBRAR 100"_s);
     run = testing::Ventarix(QStringList{u"documento"_s, u"borrar"_s, llave} + empresa);

@@ -27,10 +27,8 @@ QVariantMap Abono(const QString& factura, double abono) {
 
 Documento Recibo(std::vector<QVariantMap> partidas, qint32 cliente = kCliente) {
   Documento d;
-  d.encabezado = {{u"cliente"_s, cliente},
-                  {u"metodo"_s, 1},
-                  {u"banco"_s, 1},
-                  {u"anotacion"_s, u"DEPOSITO"_s}};
+  d.encabezado = {
+      {u"cliente"_s, cliente}, {u"metodo"_s, 1}, {u"banco"_s, 1}, {u"anotacion"_s, u"DEPOSITO"_s}};
   d.partidas = std::move(partidas);
   return d;
 }
@@ -48,9 +46,9 @@ std::optional<Empresa> ConFacturas() {
   e.s = e.company->MakeSession();
   CargarSesion(e.s);
   Connection c(e.s.Cadena);
-  if (!testing::InsertarFacturas(c, {kCliente, kOtro},
-                                 {{u"T-1"_s, kCliente, 100, kOctubre.addDays(-20)},
-                                  {u"T-2"_s, kCliente, 50, kOctubre}})) {
+  if (!testing::InsertarFacturas(
+          c, {kCliente, kOtro},
+          {{u"T-1"_s, kCliente, 100, kOctubre.addDays(-20)}, {u"T-2"_s, kCliente, 50, kOctubre}})) {
     QTest::qFail("the invoices could not be written", __FILE__, __LINE__);
     return std::nullopt;
   }
@@ -62,8 +60,9 @@ QString Factura(Connection& c, const QString& factura) {
   QSqlQuery q =
       c.Exec(u"select status, saldo, abonos from facturas where factura = ?"_s, {factura});
   if (!q.next()) return u"no existe"_s;
-  return u"%1 %2 %3"_s.arg(q.value(0).toString()).arg(q.value(1).toDouble()).arg(
-      q.value(2).toDouble());
+  return u"%1 %2 %3"_s.arg(q.value(0).toString())
+      .arg(q.value(1).toDouble())
+      .arg(q.value(2).toDouble());
 }
 
 double SaldoCliente(Connection& c, qint32 cliente) {
@@ -99,10 +98,11 @@ class TestCuentasPorCobrar : public QObject {
     QCOMPARE(Factura(c, u"T-1"_s), u"LIQUIDADO 0 100"_s);
     QCOMPARE(Factura(c, u"T-2"_s), u"POR COBRAR 50 0"_s);
     QCOMPARE(SaldoCliente(c, kCliente), 50.0);
-    QSqlQuery q = c.Exec(u"select c.abono, c.status, count(d.factura), min(d.cliente) from cxc c, "
-                         u"\"cxc detalles\" d where c.pago = d.pago and c.pago = ? "
-                         u"group by c.abono, c.status"_s,
-                         {segundo.llave});
+    QSqlQuery q = c.Exec(
+        u"select c.abono, c.status, count(d.factura), min(d.cliente) from cxc c, "
+        u"\"cxc detalles\" d where c.pago = d.pago and c.pago = ? "
+        u"group by c.abono, c.status"_s,
+        {segundo.llave});
     QVERIFY(q.next());
     QCOMPARE(q.value(0).toDouble(), 60.0);
     QCOMPARE(q.value(1).toString(), u"ALTA"_s);
@@ -128,8 +128,8 @@ class TestCuentasPorCobrar : public QObject {
     QTest::newRow("no client") << u"cliente"_s << u"Se requiere un número de cliente"_s;
     QTest::newRow("no method") << u"metodo"_s << u"Se requiere la entrada de un método de pago"_s;
     QTest::newRow("no bank") << u"banco"_s << u"Se requiere la entrada de un banco"_s;
-    QTest::newRow("no annotation") << u"anotacion"_s
-                                   << u"Se requiere la entrada de una anotación"_s;
+    QTest::newRow("no annotation")
+        << u"anotacion"_s << u"Se requiere la entrada de una anotación"_s;
     QTest::newRow("another client's invoice")
         << u"otro"_s << u"La factura T-1 no está por cobrar al cliente 9002"_s;
     QTest::newRow("only an amount above the balance")
@@ -161,8 +161,8 @@ class TestCuentasPorCobrar : public QObject {
     auto e = ConFacturas();
     if (!e) return;
     Connection c(e->s.Cadena);
-    QVERIFY(testing::InsertarFacturas(c, {}, {{u"T-3"_s, kCliente, 20, kOctubre, 1.5},
-                                              {u"T-4"_s, kOtro, 100, kOctubre, -0.5}}));
+    QVERIFY(testing::InsertarFacturas(
+        c, {}, {{u"T-3"_s, kCliente, 20, kOctubre, 1.5}, {u"T-4"_s, kOtro, 100, kOctubre, -0.5}}));
     QVERIFY(testing::InsertarFila(c, u"cxc detalles"_s,
                                   {{u"pago"_s, u"X-1"_s},
                                    {u"factura"_s, u"T-3"_s},

@@ -49,8 +49,7 @@ CamposPago::CamposPago(Session& session, QWidget* parent) : QWidget(parent), ses
   rejilla_->setColumnStretch(1, 1);
 }
 
-CampoCatalogo* CamposPago::CampoDe(Catalogo catalogo, const char* palabra,
-                                    int indice) {
+CampoCatalogo* CamposPago::CampoDe(Catalogo catalogo, const char* palabra, int indice) {
   static const char* const kTitulos[] = {"", "Cliente", "Método de pago", "Banco"};
   auto* campo = new CampoCatalogo(session_, catalogo, this);
   campo->setObjectName(u"Datos%1"_s.arg(indice));
@@ -70,9 +69,9 @@ QList<QWidget*> CamposPago::Orden() const {
 void CamposPago::Nuevo(const captura::FamiliaCaptura& familia) {
   const QString serie = (session_.*familia.serie).trimmed().toUpper();
   serie_->setText(serie.isEmpty() ? u"A"_s : serie);
-  folio_->setText(QString::number(mFunciones::NumeroSiguiente(
-      session_, u"folio"_s, QString::fromUtf8(familia.tabla), u"where serie = ?"_s,
-      {serie_->text()})));
+  folio_->setText(QString::number(
+      mFunciones::NumeroSiguiente(session_, u"folio"_s, QString::fromUtf8(familia.tabla),
+                                  u"where serie = ?"_s, {serie_->text()})));
 }
 
 void CamposPago::Mostrar(const QVariantMap& e) {

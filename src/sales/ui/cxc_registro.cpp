@@ -27,16 +27,15 @@ void RegistrarCuentasPorCobrar(FormRegistry& registry) {
   registry.Add(u"FrmCxCc"_s, [](Session& session, const QString& llave) -> QWidget* {
     return new FrmCxCc(session, llave);
   });
-  registry.Add(u"FrmCxCs"_s,
-               std::function<QWidget*(Session&)>([](Session& session) -> QWidget* {
+  registry.Add(u"FrmCxCs"_s, std::function<QWidget*(Session&)>([](Session& session) -> QWidget* {
                  return new FrmCxCs(session);
                }));
   registry.AddNavegador(u"FrmCxC"_s, {.acciones = {{.boton = 8,
-                                                     .texto = u"Saldar"_s,
-                                                     .icono = QStyle::SP_DialogApplyButton,
-                                                     .tecla = Qt::Key_S,
-                                                     .modificadores = Qt::ControlModifier,
-                                                     .accion = Saldar}}});
+                                                    .texto = u"Saldar"_s,
+                                                    .icono = QStyle::SP_DialogApplyButton,
+                                                    .tecla = Qt::Key_S,
+                                                    .modificadores = Qt::ControlModifier,
+                                                    .accion = Saldar}}});
 }
 
 }  // namespace ventarix

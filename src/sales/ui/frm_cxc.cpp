@@ -71,13 +71,13 @@ FormaPago::FormaPago(Session& session, bool cambio, const QString& llave, QWidge
   layout->addWidget(fg1_, 1);
   layout->addLayout(abajo);
 
-  EncadenarFoco(QList<QWidget*>{fecha_} + campos_->Orden() + QList<QWidget*>{fg1_, guardar_, salir_});
-  connect(fg1_, &RejillaPagos::Recalculada, this, [this] { total_->setText(Importe(fg1_->Total())); });
+  EncadenarFoco(QList<QWidget*>{fecha_} + campos_->Orden() +
+                QList<QWidget*>{fg1_, guardar_, salir_});
+  connect(fg1_, &RejillaPagos::Recalculada, this,
+          [this] { total_->setText(Importe(fg1_->Total())); });
   connect(fg1_, &RejillaPagos::Salir, this, [this] { guardar_->setFocus(); });
-  connect(campos_->cliente()->campo(), &CampoCaptura::Dejado, this,
-          &FormaPago::FacturasDelCliente);
-  connect(campos_->cliente(), &CampoCatalogo::ClienteLeido, this,
-          &FormaPago::FacturasDelCliente);
+  connect(campos_->cliente()->campo(), &CampoCaptura::Dejado, this, &FormaPago::FacturasDelCliente);
+  connect(campos_->cliente(), &CampoCatalogo::ClienteLeido, this, &FormaPago::FacturasDelCliente);
   resize(1000, 560);
   if (cambio_) {
     Cargar(llave);

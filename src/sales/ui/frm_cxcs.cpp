@@ -44,8 +44,8 @@ FrmCxCs::FrmCxCs(Session& session, QWidget* parent) : QDialog(parent), session_(
 
   fg1_ = new QTableWidget(0, 7, this);
   fg1_->setObjectName(u"Fg1"_s);
-  fg1_->setHorizontalHeaderLabels({u"Cliente"_s, u"Nombre"_s, u"Factura"_s, u"Depto"_s,
-                                   u"Fecha"_s, u"Total $"_s, u"Saldo $"_s});
+  fg1_->setHorizontalHeaderLabels({u"Cliente"_s, u"Nombre"_s, u"Factura"_s, u"Depto"_s, u"Fecha"_s,
+                                   u"Total $"_s, u"Saldo $"_s});
   fg1_->setEditTriggers(QAbstractItemView::NoEditTriggers);
   fg1_->setSelectionBehavior(QAbstractItemView::SelectRows);
   fg1_->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);

@@ -17,8 +17,19 @@ class RejillaPagos : public QTableWidget {
   Q_OBJECT
 
  public:
-  enum Columna { kFactura = 0, kFecha, kPlazo, kVence, kTotal, kAbonos, kNotas, kAbono, kSaldo,
-                 kAntes, kColumnas };
+  enum Columna {
+    kFactura = 0,
+    kFecha,
+    kPlazo,
+    kVence,
+    kTotal,
+    kAbonos,
+    kNotas,
+    kAbono,
+    kSaldo,
+    kAntes,
+    kColumnas
+  };
 
   explicit RejillaPagos(QWidget* parent = nullptr);
 

@@ -90,9 +90,9 @@ class TestPantallasCxC : public QObject {
     CargarSesion(session);
     {
       Connection c(session.Cadena);
-      QVERIFY(testing::InsertarFacturas(c, {kCliente},
-                                        {{u"T-2"_s, kCliente, 50, kOctubre},
-                                         {u"T-1"_s, kCliente, 100, kOctubre.addDays(-20)}}));
+      QVERIFY(testing::InsertarFacturas(
+          c, {kCliente},
+          {{u"T-2"_s, kCliente, 50, kOctubre}, {u"T-1"_s, kCliente, 100, kOctubre.addDays(-20)}}));
     }
     FormRegistry registry;
     RegistrarFormularios(registry);
