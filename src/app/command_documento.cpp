@@ -45,7 +45,8 @@ bool Leer(const QJsonObject& objeto, const captura::FamiliaCaptura** familia,
   const QString tabla = objeto.value(u"familia"_s).toString();
   *familia = ventas::FamiliaDeTabla(tabla);
   if (*familia == nullptr) {
-    *error = u"Familia desconocida: \""_s + tabla + u"\" (remisiones, cotizaciones, pedidos)"_s;
+    *error =
+        u"Familia desconocida: \""_s + tabla + u"\" (remisiones, cotizaciones, pedidos, cxc)"_s;
     return false;
   }
   const QString detalles = tabla + u" detalles"_s;

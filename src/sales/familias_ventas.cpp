@@ -9,6 +9,7 @@
 #include "core/registro_leido.h"
 #include "documents/mSaldos.h"
 #include "documents/row_arithmetic.h"
+#include "sales/cuentas_por_cobrar.h"
 
 namespace ventarix::ventas {
 
@@ -267,7 +268,7 @@ const captura::FamiliaCaptura& Pedidos() {
 }
 
 const captura::FamiliaCaptura* FamiliaDeTabla(const QString& tabla) {
-  for (const captura::FamiliaCaptura* f : {&Remisiones(), &Cotizaciones(), &Pedidos()}) {
+  for (const captura::FamiliaCaptura* f : {&Remisiones(), &Cotizaciones(), &Pedidos(), &CxC()}) {
     if (tabla.compare(QString::fromUtf8(f->tabla), Qt::CaseInsensitive) == 0) return f;
   }
   return nullptr;
