@@ -291,8 +291,11 @@ class TestMFunciones : public QObject {
     s.usuario.Set(u"AplicarSeriesEnFacturas"_s, u"S"_s);
     s.usuario.Set(u"SerieFacturacion1"_s, u"B"_s);
     s.usuario.Set(u"SerieFacturacion2"_s, u"C"_s);
-    QCOMPARE(SerieEnLista(s, values), u" and serie in (?,?,?,?,?)"_s);
-    QCOMPARE(values, (QVariantList{1, u"B"_s, u"C"_s, QString(), QString(), QString()}));
+    s.usuario.Set(u"SerieFacturacion9"_s, u"J"_s);
+    // All nine of the user's series.
+    QCOMPARE(SerieEnLista(s, values), u" and serie in (?,?,?,?,?,?,?,?,?)"_s);
+    QCOMPARE(values, (QVariantList{1, u"B"_s, u"C"_s, QString(), QString(), QString(), QString(),
+                                   QString(), QString(), u"J"_s}));
   }
 
   void ConstruirCadenas() {
