@@ -14,8 +14,10 @@ class FormaCaptura;
 // differences fed to FormaCaptura, which serves both the add and the change screen.
 namespace captura_ui {
 
-// What a header field holds: free text, a number, or a catalogue number with its name.
-enum class Campo { kTexto, kNumero, kCliente, kAgente, kMetodo };
+// What a header field holds: free text, a number, or a catalogue number with its name; an
+// amount withheld (F1 asks a percentage of the subtotal, and the screen's total is the rows
+// less these amounts); a summary text (F2 opens the long-text dialog).
+enum class Campo { kTexto, kNumero, kCliente, kAgente, kMetodo, kRetencion, kResumen };
 
 // One field of the array Datos: its index, the header column it is saved in, its caption,
 // and the tab it lives on (0 above the tabs, 1 the tab of further data).
@@ -38,6 +40,18 @@ struct Accion {
   bool en_cambio = true;
 };
 
+// The folio range a family takes its serie and scheme from (invoices, credit notes): the labels
+// Ingreso and Esquema, and the look-up on Ingreso that chooses another range.
+struct Rango {
+  const char* tabla;                // "folios facturas"
+  const char* columna;              // header column of the range's number: "ingreso"
+  const char* ayuda;                // "FOLIOS FACTURAS"
+  qint32 Session::*predeterminado;  // the range a new document starts with
+  bool series_del_usuario = false;  // a user bound to some invoice series sees only theirs
+  // Shown when the range has no numbers set; nullptr: nothing is said.
+  const char* sin_folios = nullptr;
+};
+
 struct Pantalla {
   const captura::FamiliaCaptura& familia;
   const char* alta;    // "FrmRemisionesA"
@@ -48,6 +62,25 @@ struct Pantalla {
   std::vector<Accion> acciones;
   // The order's grid has Surtir ahead of Cantidad.
   bool con_surtir = false;
+  // A credit note's grid has the invoice key and its Depto ahead of the code.
+  bool con_factura = false;
+  // The row column of the source document, and its heading.
+  const char* fuente = "pedido";
+  const char* titulo_fuente = "Pedido";
+  const Rango* rango = nullptr;
+  // Moneda with its exchange rate, and FormaDePago, of the electronic documents.
+  bool con_moneda = false;
+  // Depto: "LIBRE" typed freely; "PRODUCTOS" brought from delivery notes, with the client and
+  // the rows locked. Rows are pasted in "LIBRE" only.
+  bool con_depto = false;
+  // A code not in productos keeps its row, with the unit "PIEZA", instead of offering to add
+  // the product (rows of a free invoice).
+  bool codigos_libres = false;
+  // An invoice key written in a row's first column (credit notes): what the row becomes.
+  void (*factura_escrita)(FormaCaptura& forma, int fila) = nullptr;
+  // F1 on a row's cell (grid column `columna`): the family's own look-up; false leaves the
+  // common one (products on the code, the price list on the price).
+  bool (*ayuda_de_fila)(FormaCaptura& forma, int fila, int columna) = nullptr;
   // The client's balance and limit are shown, and a note over the limit flashes in Msg1.
   // Called by RecalcularPantalla.
   void (*credito)(FormaCaptura& forma) = nullptr;
