@@ -4,13 +4,17 @@
 
 #include "documents/captura.h"
 
-// The sales documents as rows of the capture engine: delivery notes, quotations and sales
-// orders.
+// The sales documents as rows of the capture engine: delivery notes, quotations, sales
+// orders, invoices and client credit notes.
 namespace ventarix::ventas {
 
 const captura::FamiliaCaptura& Remisiones();
 const captura::FamiliaCaptura& Cotizaciones();
 const captura::FamiliaCaptura& Pedidos();
+// Invoices (serie and scheme from the folio range, sealed inside the save) and client credit
+// notes (rows on the invoices they reduce, sealed as egreso).
+const captura::FamiliaCaptura& Facturas();
+const captura::FamiliaCaptura& NotasCliente();
 
 // The family of a header table ("remisiones"), or nullptr.
 const captura::FamiliaCaptura* FamiliaDeTabla(const QString& tabla);
