@@ -144,6 +144,8 @@ void FormaCaptura::PonerDepto(const QString& depto) {
 
 void FormaCaptura::PonerDocumento(const captura::Documento& documento) {
   const QVariantMap& e = documento.encabezado;
+  // The client brings nothing of its own: the document says it all.
+  cargando_ = true;
   for (const Dato& dato : pantalla_.datos) {
     const QString columna = QString::fromUtf8(dato.columna);
     if (dato.indice == 0 || !e.contains(columna)) continue;
@@ -153,6 +155,7 @@ void FormaCaptura::PonerDocumento(const captura::Documento& documento) {
       PonerTexto(dato.indice, e.value(columna).toString().trimmed());
     }
   }
+  cargando_ = false;
   if (e.contains(u"tipo"_s)) {
     const QString tipo = e.value(u"tipo"_s).toString();
     if (tipo_->findText(tipo) < 0) tipo_->addItem(tipo);

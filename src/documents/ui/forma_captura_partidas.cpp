@@ -84,8 +84,10 @@ void FormaCaptura::CodigoEscrito(int fila) {
   }
   if (!hallada.outcome) return Avisar(hallada.outcome);
   QVariantMap partida = hallada.partida;
-  const QString fuente = QString::fromUtf8(pantalla_.fuente);
-  partida.insert(fuente, fg1_->Partida(fila).value(fuente));
+  if (pantalla_.fuente != nullptr) {
+    const QString fuente = QString::fromUtf8(pantalla_.fuente);
+    partida.insert(fuente, fg1_->Partida(fila).value(fuente));
+  }
   fg1_->PonerPartida(fila, partida);
   ChecarExistencia(fila);
 }

@@ -64,7 +64,7 @@ struct Pantalla {
   bool con_surtir = false;
   // A credit note's grid has the invoice key and its Depto ahead of the code.
   bool con_factura = false;
-  // The row column of the source document, and its heading.
+  // The row column of the source document, and its heading; nullptr: the grid has none.
   const char* fuente = "pedido";
   const char* titulo_fuente = "Pedido";
   const Rango* rango = nullptr;

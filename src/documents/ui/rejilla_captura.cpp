@@ -142,11 +142,12 @@ class DelegadoCaptura : public QStyledItemDelegate {
 }  // namespace
 
 RejillaCaptura::RejillaCaptura(const Forma& forma, QWidget* parent)
-    : QTableWidget(parent), fuente_(QString::fromUtf8(forma.fuente)) {
+    : QTableWidget(parent), fuente_(forma.fuente ? QString::fromUtf8(forma.fuente) : QString()) {
   setObjectName(u"Fg1"_s);
   for (int c = kItem; c <= kPedido; ++c) {
     if (c == kSurtir && !forma.con_surtir) continue;
     if ((c == kFactura || c == kDepto) && !forma.con_factura) continue;
+    if (c == kPedido && forma.fuente == nullptr) continue;
     columnas_.append(static_cast<Columna>(c));
   }
   setColumnCount(static_cast<int>(columnas_.size()));

@@ -53,7 +53,7 @@ class RejillaCaptura : public QTableWidget {
   struct Forma {
     bool con_surtir = false;   // an order's Surtir ahead of the quantity
     bool con_factura = false;  // a credit note's invoice key and its Depto ahead of the code
-    const char* fuente = "pedido";         // the row column of the source document
+    const char* fuente = "pedido";  // the row column of the source document; nullptr: none
     const char* titulo_fuente = "Pedido";  // and its heading
   };
 
