@@ -277,7 +277,7 @@ QString SerieEnLista(const Session& session, QVariantList& values) {
     return {};
   }
   QStringList marcas;
-  for (int i = 1; i <= 5; ++i) {
+  for (int i = 1; i <= 9; ++i) {
     marcas << QStringLiteral("?");
     values << session.usuario.Text(QStringLiteral("SerieFacturacion%1").arg(i));
   }

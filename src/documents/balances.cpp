@@ -105,6 +105,30 @@ Outcome RecomputeBalances(Connection& connection, const BalanceFamily& f,
       connection, connection.sql() ? PostgresBalances(f, claves) : SqliteBalances(f, claves));
 }
 
+// The documents in scope, then the balances of the parties named: a save touches a few.
+Outcome RecomputeTouched(Connection& connection, const BalanceFamily& f, const QStringList& claves,
+                         const QList<qint32>& parties) {
+  YieldToScreen();
+  std::vector<SetStatement> statements =
+      connection.sql() ? PostgresBalances(f, claves) : SqliteBalances(f, claves);
+  if (connection.sql()) statements.pop_back();  // the pass over every party
+  QStringList numbers;
+  SetStatement refresh;
+  for (qint32 party : parties) {
+    if (party == 0 || refresh.values.contains(party)) continue;
+    numbers << QStringLiteral("?");
+    refresh.values << party;
+  }
+  if (!numbers.isEmpty()) {
+    refresh.text = QStringLiteral(
+                       "update %1 as l set saldo = (select coalesce(sum(o.saldo),0) from %2 o "
+                       "where o.%3 = l.numero) where l.numero in (%4)")
+                       .arg(N(f.parties), N(f.header), N(f.party), numbers.join(u','));
+    statements.push_back(refresh);
+  }
+  return RunSetStatements(connection, statements);
+}
+
 Outcome RecomputeParties(Connection& connection, const BalanceFamily& f, qint32 numero) {
   YieldToScreen();
   std::vector<SetStatement> statements(2);
@@ -136,6 +160,11 @@ Outcome RecomputeParties(Connection& connection, const BalanceFamily& f, qint32 
 
 Outcome RecalcularSaldosFacturas(Connection& connection, const QStringList& claves) {
   return RecomputeBalances(connection, kFacturas, claves);
+}
+
+Outcome RecalcularSaldosFacturas(Connection& connection, const QStringList& claves,
+                                 const QList<qint32>& clientes) {
+  return RecomputeTouched(connection, kFacturas, claves, clientes);
 }
 
 Outcome RecalcularSaldosCompras(Connection& connection, const QStringList& claves) {

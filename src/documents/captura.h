@@ -31,8 +31,17 @@ struct Guardado {
   QString llave;  // the key written
 };
 
-// How a family moves stock when it is saved.
-enum class Existencias { kNinguna, kSalida };
+// How a family moves stock when it is saved: goods out of the store's warehouse, or back in
+// (a return on a credit note).
+enum class Existencias { kNinguna, kSalida, kEntrada };
+
+// What a save did, for the recomputations that depend on it.
+struct Hechos {
+  QString llave;
+  QStringList fuentes;        // source documents of the rows, before and after
+  bool alta = true;           // a new document
+  qint32 socio_anterior = 0;  // the party the stored document had before a change
+};
 
 struct FamiliaCaptura;
 
@@ -47,12 +56,26 @@ using CompletarPartida = Outcome (*)(const Session& session, Connection& c, cons
 // Fills what leaving the party's field fills on the screen (agent, credit term, payment data),
 // where the document does not say.
 using CompletarEncabezado = Outcome (*)(const Session& session, Connection& c, Documento* d);
-// Totals from the stored rows.
-using Totalizar = Outcome (*)(Connection& c, const QString& llave);
-// Balances, statuses and fulfilment of the document `llave` and of the documents `fuentes`
-// its rows came from (both before and after a change).
-using Recalcular = Outcome (*)(Connection& c, const QString& llave, const QStringList& fuentes,
-                               bool alta);
+// Totals from the stored rows (the document gives what the header adds: retentions, summary).
+using Totalizar = Outcome (*)(const Session& session, Connection& c, const Documento& d,
+                              const QString& llave);
+// Balances, statuses and fulfilment of the document and of the documents its rows came from
+// (both before and after a change).
+using Recalcular = Outcome (*)(const Session& session, Connection& c, const Documento& d,
+                               const Hechos& hechos);
+// The electronic document made under the serie and folio just taken, before the header is
+// written: the driver may move the folio (a range's first one) and gives the header columns it
+// fills (the emitter's, the receptor's, the seal). A refusal is the driver's message, on Msg1.
+using Sellar = Outcome (*)(const Session& session, Connection& c, const Documento& d,
+                           const QString& serie, qint32* folio, QVariantMap* columnas);
+
+// The families whose serie is a folio range's (invoices, credit notes) rather than the session's.
+struct RangoDeFolios {
+  const char* tabla = nullptr;    // "folios facturas"; none: the session's default serie
+  const char* columna = nullptr;  // header column naming the range: "ingreso"
+  qint32 Session::*predeterminado = nullptr;  // the range in force: &Session::FolioFacturas
+  bool series_del_usuario = false;            // AplicarSeriesEnFacturas limits the user's series
+};
 
 // One family of the capture pattern.
 struct FamiliaCaptura {
@@ -72,15 +95,23 @@ struct FamiliaCaptura {
   const char* fuente_partida = nullptr;   // row column naming the source document
   bool con_costo = true;                  // rows carry cost and commission
   bool checar_utilidad = false;           // a row sold at no profit stops the save
+  // The shared row check; the electronic documents leave it to their sealing, whose messages
+  // the user sees instead.
+  bool checar_partidas = true;
   Existencias existencias = Existencias::kNinguna;
-  // The credit check comes right after the rights; the family's required fields after the
-  // suspended client.
+  RangoDeFolios rango;
+  // A serie and folio taken (another family's document, or a folio the sealing moved) stop the
+  // save with this text, two line breaks and the key; null: the next folio is taken instead.
+  const char* folio_existente = nullptr;
+  // The credit check (or the invoice's scheme and rate) comes right after the rights; the
+  // family's required fields after the suspended client.
   RevisarFamilia revisar_credito = nullptr;
   RevisarFamilia revisar_campos = nullptr;
   CompletarEncabezado completar_encabezado = nullptr;
   CompletarPartida completar = nullptr;
   Totalizar totalizar = nullptr;
   Recalcular recalcular = nullptr;
+  Sellar sellar = nullptr;
 };
 
 // The shared checks of a capture, in order: rights, credit, folio, suspended client, the
@@ -114,5 +145,15 @@ Outcome ChecarPartidas(const std::vector<QVariantMap>& partidas, bool checar_uti
 
 // The key of serie and folio: "A-125", or the folio alone without serie.
 QString Llave(const QString& serie, qint32 folio);
+
+// The serie a new document of the family takes, and for a family of folio ranges the range's
+// scheme ("CFDI", ...) and number; both empty when the range is missing or not the user's.
+struct SerieDelDocumento {
+  QString serie;
+  QString esquema;
+  qint32 rango = 0;
+};
+SerieDelDocumento SerieDe(const Session& session, Connection& c, const FamiliaCaptura& familia,
+                          const Documento& documento);
 
 }  // namespace ventarix::captura

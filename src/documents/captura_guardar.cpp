@@ -38,9 +38,23 @@ bool TieneColumna(const QString& tabla, const QString& columna) {
   return kColumnas.value(tabla.toLower()).contains(columna.toLower());
 }
 
-QString SerieDe(const Session& session, const FamiliaCaptura& f) {
-  const QString serie = (session.*f.serie).trimmed().toUpper();
-  return serie.isEmpty() ? u"A"_s : serie;
+// A family of folio ranges takes the range's serie and scheme into the header, as the screen
+// shows them; a change keeps those the document was saved with.
+void PonerRango(const Session& session, Connection& c, const FamiliaCaptura& f, Documento* d,
+                const Documento* guardado) {
+  if (!f.rango.tabla) return;
+  if (guardado) {
+    for (const QString& columna : {u"serie"_s, u"esquema"_s, QString::fromUtf8(f.rango.columna)}) {
+      if (!d->encabezado.contains(columna)) {
+        d->encabezado.insert(columna, guardado->encabezado.value(columna));
+      }
+    }
+    return;
+  }
+  const SerieDelDocumento s = SerieDe(session, c, f, *d);
+  d->encabezado.insert(u"serie"_s, s.serie);
+  d->encabezado.insert(u"esquema"_s, s.esquema);
+  d->encabezado.insert(QString::fromUtf8(f.rango.columna), s.rango);
 }
 
 // Header `Impuesto`: the first rate above 0 among the rows.
@@ -150,12 +164,15 @@ bool TurnoDeFolio(Connection& c, const QString& tabla, const QString& serie, QSt
                error);
 }
 
-// The next folio of the serie, as the key; a key taken in the same instant moves on.
-bool EscribirEncabezadoNuevo(const Session& session, Connection& c, const FamiliaCaptura& f,
-                             const Documento& d, QString* llave, QString* error) {
+// The next folio of the serie, as the key, sealed under it when the family seals; a key taken
+// in the same instant moves on to the next folio.
+Outcome EscribirEncabezadoNuevo(const Session& session, Connection& c, const FamiliaCaptura& f,
+                                const Documento& d, QString* llave) {
   const QString tabla = QString::fromUtf8(f.tabla);
-  const QString serie = SerieDe(session, f);
-  if (!TurnoDeFolio(c, tabla, serie, error)) return false;
+  const QString serie =
+      f.rango.tabla ? Texto(d.encabezado, "serie") : SerieDe(session, c, f, d).serie;
+  QString error;
+  if (!TurnoDeFolio(c, tabla, serie, &error)) return Outcome::Stop(error);
   QVariantMap fila;
   const QVariantMap vacia = mFunciones::InicializarRegistro(tabla);
   for (auto it = vacia.begin(); it != vacia.end(); ++it) fila.insert(it.key().toLower(), *it);
@@ -164,50 +181,74 @@ bool EscribirEncabezadoNuevo(const Session& session, Connection& c, const Famili
   fila.insert(u"status"_s, QString::fromUtf8(f.status_inicial));
   if (TieneColumna(tabla, u"tienda"_s)) fila.insert(u"tienda"_s, session.Tienda);
   for (int intento = 0; intento < 50; ++intento) {
-    const qint32 folio =
+    const qint32 siguiente =
         mFunciones::NumeroSiguiente(c, u"folio"_s, tabla, u"where serie = ?"_s, {serie});
+    qint32 folio = siguiente;
+    if (f.sellar) {
+      QVariantMap sellado;
+      if (Outcome o = f.sellar(session, c, d, serie, &folio, &sellado); !o) return o;
+      fila.insert(sellado);
+    }
     *llave = Llave(serie, folio);
     fila.insert(u"folio"_s, folio);
     fila.insert(QString::fromUtf8(f.llave), *llave);
     bool escrito = false;
-    if (!Insertar(c, tabla, fila, true, &escrito, error)) return false;
-    if (escrito) return true;
+    if (!Insertar(c, tabla, fila, true, &escrito, &error)) return Outcome::Stop(error);
+    if (escrito) return Outcome::Ok();
+    // Only the serie's next folio is another workstation's in the same instant.
+    if (f.folio_existente && folio != siguiente) break;
   }
-  *error = u"No se pudo tomar un folio nuevo de la serie "_s + serie;
-  return false;
+  if (f.folio_existente) {
+    return Outcome::Warning(QString::fromUtf8(f.folio_existente) + u"\n\n"_s + *llave, u"Datos0"_s);
+  }
+  return Outcome::Stop(u"No se pudo tomar un folio nuevo de la serie "_s + serie);
 }
 
 struct Guardado0 {
   QString llave;
   int almacen = 0;
   QStringList fuentes;  // source documents of the rows, before and after
+  qint32 socio_anterior = 0;
 };
 
-bool EscribirCambio(const Session& session, Connection& c, const FamiliaCaptura& f,
-                    const Documento& d, Guardado0* g, QString* error) {
+// Goods out (-1) or back in (+1) when the document is saved.
+int Signo(Existencias e) { return e == Existencias::kSalida ? -1 : +1; }
+
+Outcome EscribirCambio(const Session& session, Connection& c, const FamiliaCaptura& f,
+                       const Documento& d, Guardado0* g) {
   const QString tabla = QString::fromUtf8(f.tabla);
   const QString columna = QString::fromUtf8(f.llave);
+  QString error;
   if (f.fuente_partida) {
     g->fuentes = mSaldos::ListaDocumentosRelacionados(c, tabla, columna, d.llave,
-                                                      QString::fromUtf8(f.fuente_partida), error);
+                                                      QString::fromUtf8(f.fuente_partida), &error);
     g->fuentes.removeAll(QString());
   }
-  const QVariantMap fila = Encabezado(session, f, d, mFunciones::FechaServidor(c, session));
+  QVariantMap fila = Encabezado(session, f, d, mFunciones::FechaServidor(c, session));
+  if (f.sellar) {
+    qint32 folio = static_cast<qint32>(Numero(d.encabezado, "folio"));
+    if (Outcome o = f.sellar(session, c, d, Texto(d.encabezado, "serie"), &folio, &fila); !o) {
+      return o;
+    }
+  }
   QStringList asignaciones;
   for (const QString& nombre : fila.keys()) asignaciones << dialect::Name(nombre) + u" = ?"_s;
   QVariantList valores = fila.values();
   valores << d.llave;
   if (!c.Run(u"update "_s + dialect::Name(tabla) + u" set "_s + asignaciones.join(u", "_s) +
                  u" where "_s + dialect::Name(columna) + u" = ?"_s,
-             valores, error)) {
-    return false;
+             valores, &error)) {
+    return Outcome::Stop(error);
   }
-  if (f.existencias == Existencias::kSalida &&
-      !mInventario::ActualizarExistencias(c, tabla, columna, d.llave, g->almacen, +1, error)) {
-    return false;
+  if (f.existencias != Existencias::kNinguna &&
+      !mInventario::ActualizarExistencias(c, tabla, columna, d.llave, g->almacen,
+                                          -Signo(f.existencias), &error)) {
+    return Outcome::Stop(error);
   }
-  return mFunciones::BorrarDetalles(c, tabla, columna, d.llave) ||
-         (*error = u"No se pudieron borrar las partidas de "_s + d.llave, false);
+  if (!mFunciones::BorrarDetalles(c, tabla, columna, d.llave)) {
+    return Outcome::Stop(u"No se pudieron borrar las partidas de "_s + d.llave);
+  }
+  return Outcome::Ok();
 }
 
 }  // namespace
@@ -243,37 +284,49 @@ Guardado GuardarDocumento(const Session& session, Connection& c, const FamiliaCa
       if (Outcome o = f.completar(session, c, d, &p); !o) return {o, {}};
     }
   }
-  if (alta && d.folio_previsto <= 0) {
-    d.folio_previsto = mFunciones::NumeroSiguiente(c, u"folio"_s, QString::fromUtf8(f.tabla),
-                                                   u"where serie = ?"_s, {SerieDe(session, f)});
-  }
+  Guardado0 g;
   if (!alta) {
     const Leido leido = LeerDocumento(c, f, d.llave);
     if (!leido.outcome) return {leido.outcome, {}};
     if (!leido.modificable) {
       return {Outcome::Stop(u"Este documento ya no se puede modificar"_s), {}};
     }
+    PonerRango(session, c, f, &d, &leido.documento);
+    g.socio_anterior = static_cast<qint32>(Numero(leido.documento.encabezado, f.socio));
+  } else {
+    PonerRango(session, c, f, &d, nullptr);
+    if (d.folio_previsto <= 0) {
+      const QString serie =
+          f.rango.tabla ? Texto(d.encabezado, "serie") : SerieDe(session, c, f, d).serie;
+      d.folio_previsto = mFunciones::NumeroSiguiente(c, u"folio"_s, QString::fromUtf8(f.tabla),
+                                                     u"where serie = ?"_s, {serie});
+    }
   }
   if (Outcome o = Revisar(session, c, f, d); !o) return {o, {}};
 
-  Guardado0 g;
   g.llave = d.llave;
   g.almacen = AlmacenDe(session, c, f, d);
-  QString error;
-  bool ok = alta ? EscribirEncabezadoNuevo(session, c, f, d, &g.llave, &error)
-                 : EscribirCambio(session, c, f, d, &g, &error);
-  ok = ok && EscribirPartidas(session, c, f, d, g.llave, g.almacen, &g.fuentes, &error);
-  if (!ok) return {Outcome::Stop(error), {}};
-  if (f.totalizar) {
-    if (Outcome o = f.totalizar(c, g.llave); !o) return {o, {}};
+  if (Outcome o = alta ? EscribirEncabezadoNuevo(session, c, f, d, &g.llave)
+                       : EscribirCambio(session, c, f, d, &g);
+      !o) {
+    return {o, {}};
   }
-  if (f.existencias == Existencias::kSalida &&
+  QString error;
+  if (!EscribirPartidas(session, c, f, d, g.llave, g.almacen, &g.fuentes, &error)) {
+    return {Outcome::Stop(error), {}};
+  }
+  if (f.totalizar) {
+    if (Outcome o = f.totalizar(session, c, d, g.llave); !o) return {o, {}};
+  }
+  if (f.existencias != Existencias::kNinguna &&
       !mInventario::ActualizarExistencias(c, QString::fromUtf8(f.tabla), QString::fromUtf8(f.llave),
-                                          g.llave, g.almacen, -1, &error)) {
+                                          g.llave, g.almacen, Signo(f.existencias), &error)) {
     return {Outcome::Stop(error), {}};
   }
   if (f.recalcular) {
-    if (Outcome o = f.recalcular(c, g.llave, g.fuentes, alta); !o) return {o, {}};
+    const Hechos hechos{
+        .llave = g.llave, .fuentes = g.fuentes, .alta = alta, .socio_anterior = g.socio_anterior};
+    if (Outcome o = f.recalcular(session, c, d, hechos); !o) return {o, {}};
   }
   return {Outcome::Ok(), g.llave};
 }

@@ -105,7 +105,9 @@ Outcome Revisar(const Session& session, Connection& c, const FamiliaCaptura& f,
     if (Outcome o = f.revisar_campos(session, c, d, alta); !o) return o;
   }
   if (Outcome o = DentroDeFecha(session, c, d, alta); !o) return o;
-  if (Outcome o = ChecarPartidas(d.partidas, f.checar_utilidad, false); !o) return o;
+  if (f.checar_partidas) {
+    if (Outcome o = ChecarPartidas(d.partidas, f.checar_utilidad, false); !o) return o;
+  }
   return HayExistencias(session, c, f, d, alta);
 }
 

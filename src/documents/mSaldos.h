@@ -59,6 +59,10 @@ QStringList ListaDocumentosRelacionados(Connection& connection, const QString& t
 // On PostgreSQL every client's balance is refreshed as well, whatever the scope; on SQLite the
 // caller follows with RecalcularSaldoClientes.
 Outcome RecalcularSaldosFacturas(Connection& connection, const QStringList& claves);
+// The same for the saves of documents: the invoices in scope, then the balances of `clientes`
+// alone, on both engines (the sweeps above remain the repair of every client).
+Outcome RecalcularSaldosFacturas(Connection& connection, const QStringList& claves,
+                                 const QList<qint32>& clientes);
 // The same for purchases, their payments and supplier notes, and the suppliers' balances.
 Outcome RecalcularSaldosCompras(Connection& connection, const QStringList& claves);
 // Balance of one client from its invoices; 0 means every client.

@@ -2,6 +2,7 @@
 
 #include <QByteArray>
 #include <QString>
+#include <QVariantMap>
 
 #include "core/outcome.h"
 #include "edocs/comprobante.h"
@@ -44,6 +45,11 @@ QString NombreArchivoXml(const QString& serie, const QString& folio);
 // resumen] first, else the detail rows by item). False when the row is missing.
 bool LeerComprobante(Connection& connection, const QString& tabla, const QString& llave,
                      const QString& documento, Comprobante* comprobante);
+
+// The comprobante block, emisor and receptor snapshots as columns of `tabla` (those the table
+// has), for a document row about to be written; the stamp's columns only `con_timbre`.
+QVariantMap ColumnasDeComprobante(const QString& tabla, const Comprobante& comprobante, bool sql,
+                                  bool con_timbre = false);
 
 // Writes the comprobante block, emisor and receptor snapshots to the stored row (an update of
 // the row that must already exist). Used by the capture screens after a successful sealing.

@@ -3,12 +3,15 @@
 #include <functional>
 #include <vector>
 
+#include <QSet>
 #include <QSqlQuery>
 #include <QSqlRecord>
+#include <QVariantMap>
 
 #include "core/database.h"
 #include "core/dialect.h"
 #include "core/mFunciones_valores.h"
+#include "core/schema.h"
 #include "edocs/cfdi_xml.h"
 
 namespace ventarix::edocs {
@@ -26,6 +29,7 @@ struct CampoTexto {
   QString columna;
   Guardado guardado;
   std::function<QString&(Comprobante&)> campo;
+  bool timbre = false;  // the PAC's stamp, not the sealing's
 };
 
 struct CampoNumero {
@@ -92,13 +96,13 @@ const std::vector<CampoTexto>& CamposTexto() {
         {QStringLiteral("receptorrfc"), G::kTexto, [](C& c) -> QString& { return c.receptor.rfc; }},
         {QStringLiteral("receptornombre"), G::kTexto,
          [](C& c) -> QString& { return c.receptor.nombre; }},
-        {QStringLiteral("uuid"), G::kTexto, [](C& c) -> QString& { return c.timbre.uuid; }},
+        {QStringLiteral("uuid"), G::kTexto, [](C& c) -> QString& { return c.timbre.uuid; }, true},
         {QStringLiteral("fechatimbrado"), G::kTexto,
-         [](C& c) -> QString& { return c.timbre.fecha_timbrado; }},
+         [](C& c) -> QString& { return c.timbre.fecha_timbrado; }, true},
         {QStringLiteral("nocertificadosat"), G::kTexto,
-         [](C& c) -> QString& { return c.timbre.no_certificado_sat; }},
-        {QStringLiteral("sellosat"), G::kTexto,
-         [](C& c) -> QString& { return c.timbre.sello_sat; }},
+         [](C& c) -> QString& { return c.timbre.no_certificado_sat; }, true},
+        {QStringLiteral("sellosat"), G::kTexto, [](C& c) -> QString& { return c.timbre.sello_sat; },
+         true},
     };
     AgregarDireccion(t, QStringLiteral("emisor"),
                      [](C& c) -> Domicilio& { return c.emisor.fiscal; });
@@ -220,29 +224,36 @@ bool LeerComprobante(Connection& connection, const QString& tabla, const QString
   return true;
 }
 
-bool EscribirComprobante(Connection& connection, const QString& tabla, const QString& llave,
-                         const QString& documento, const Comprobante& comprobante, QString* error) {
-  QSqlQuery vacia = connection.Exec(QStringLiteral("select * from ") + dialect::Name(tabla) +
-                                    QStringLiteral(" where 1 = 0"));
-  if (!vacia.isActive()) {
-    if (error) *error = QueryError(vacia);
-    return false;
+QVariantMap ColumnasDeComprobante(const QString& tabla, const Comprobante& comprobante, bool sql,
+                                  bool con_timbre) {
+  const schema::Table* definicion = schema::FindTable(tabla);
+  QSet<QString> columnas;
+  if (definicion) {
+    for (const schema::Column& c : definicion->columns) columnas.insert(QString::fromUtf8(c.name));
   }
-  const QSqlRecord columnas = vacia.record();
   Comprobante bloque = comprobante;  // the field accessors of the table reach into a copy
-  QStringList asignaciones;
-  QVariantList valores;
+  QVariantMap fila;
   const auto asignar = [&](const QString& columna, const QVariant& valor) {
-    if (columnas.indexOf(columna) < 0) return;
-    asignaciones << dialect::Name(columna) + QStringLiteral(" = ?");
-    valores << valor;
+    if (columnas.contains(columna)) fila.insert(columna, valor);
   };
   for (const CampoTexto& campo : CamposTexto()) {
+    if (!con_timbre && campo.timbre) continue;
     asignar(campo.columna, ValorDeColumna(campo.campo(bloque), campo.guardado));
   }
   for (const CampoNumero& campo : CamposNumero()) asignar(campo.columna, bloque.*campo.campo);
-  asignar(QStringLiteral("hora"), dialect::DateValue(bloque.fecha, connection.sql()));
+  asignar(QStringLiteral("hora"), dialect::DateValue(bloque.fecha, sql));
   asignar(QStringLiteral("receptorcliente"), bloque.receptor.cliente);
+  return fila;
+}
+
+bool EscribirComprobante(Connection& connection, const QString& tabla, const QString& llave,
+                         const QString& documento, const Comprobante& comprobante, QString* error) {
+  const QVariantMap fila = ColumnasDeComprobante(tabla, comprobante, connection.sql(), true);
+  QStringList asignaciones;
+  for (const QString& columna : fila.keys()) {
+    asignaciones << dialect::Name(columna) + QStringLiteral(" = ?");
+  }
+  QVariantList valores = fila.values();
   valores << documento;
   // One statement: it joins the save of the screen that calls it, or makes its own.
   Transaction transaccion(connection);

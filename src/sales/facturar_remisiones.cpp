@@ -14,9 +14,9 @@ using namespace Qt::StringLiterals;
 
 // What the invoice takes from the first ticked note's header.
 const QStringList kEncabezadoDeRemision = {
-    u"cliente"_s,  u"agente"_s, u"plazo"_s,      u"pedido"_s,     u"orden de compra"_s,
-    u"solicitado por"_s,        u"referencia"_s, u"enviar a"_s,   u"metodo"_s,
-    u"numctapago"_s, u"condicionesdepago"_s,     u"tipo"_s};
+    u"cliente"_s,           u"agente"_s,     u"plazo"_s,    u"pedido"_s, u"orden de compra"_s,
+    u"solicitado por"_s,    u"referencia"_s, u"enviar a"_s, u"metodo"_s, u"numctapago"_s,
+    u"condicionesdepago"_s, u"tipo"_s};
 
 // What each invoice row takes from a note's row.
 const QStringList kPartidaDeRemision = {u"codigo"_s,   u"descripcion"_s, u"unidad"_s,
@@ -53,9 +53,9 @@ std::vector<RemisionPorFacturar> RemisionesPorFacturar(Connection& c, int tienda
 Outcome DocumentoDeRemisiones(Connection& c, const QStringList& remisiones,
                               captura::Documento* factura) {
   if (remisiones.isEmpty()) return Outcome::Warning(u"No existen registros por facturar"_s);
-  QSqlQuery e = c.Exec(u"select "_s + Columnas(kEncabezadoDeRemision) +
-                           u" from remisiones where remision = ?"_s,
-                       {remisiones.first()});
+  QSqlQuery e = c.Exec(
+      u"select "_s + Columnas(kEncabezadoDeRemision) + u" from remisiones where remision = ?"_s,
+      {remisiones.first()});
   if (!e.next()) {
     return Outcome::Warning(u"Esta remisión no existe: "_s + remisiones.first(), u"Remisiones"_s);
   }

@@ -9,6 +9,7 @@
 #include "core/registro_leido.h"
 #include "documents/mSaldos.h"
 #include "documents/row_arithmetic.h"
+#include "sales/completar_ventas.h"
 
 namespace ventarix::ventas {
 
@@ -148,30 +149,39 @@ Outcome Completar(const Session&, Connection& c, const Documento& d, QVariantMap
   return Outcome::Ok();
 }
 
-Outcome TotalizarRemision(Connection& c, const QString& llave) {
+Outcome TotalizarRemision(const Session&, Connection& c, const Documento&, const QString& llave) {
   return mSaldos::TotalizarRemision(c, llave);
 }
-Outcome TotalizarCotizacion(Connection& c, const QString& llave) {
+Outcome TotalizarCotizacion(const Session&, Connection& c, const Documento&, const QString& llave) {
   return mSaldos::TotalizarCotizacion(c, llave);
 }
-Outcome TotalizarPedido(Connection& c, const QString& llave) {
+Outcome TotalizarPedido(const Session&, Connection& c, const Documento&, const QString& llave) {
   return mSaldos::TotalizarPedido(c, llave);
 }
 
 // The orders a delivery note draws on: what is still pending, and their statuses.
-Outcome SurtirPedidos(Connection& c, const QString&, const QStringList& fuentes, bool) {
-  if (fuentes.isEmpty()) return Outcome::Ok();
-  return mSaldos::RecalcularSurtirPedidos(c, fuentes);
+Outcome SurtirPedidos(const Session&, Connection& c, const Documento&, const captura::Hechos& h) {
+  if (h.fuentes.isEmpty()) return Outcome::Ok();
+  return mSaldos::RecalcularSurtirPedidos(c, h.fuentes);
 }
 
 // A new or changed order's own pending quantities, against the notes already drawn on it.
-Outcome SurtirPedido(Connection& c, const QString& llave, const QStringList&, bool) {
-  return mSaldos::RecalcularSurtirPedidos(c, {llave});
+Outcome SurtirPedido(const Session&, Connection& c, const Documento&, const captura::Hechos& h) {
+  return mSaldos::RecalcularSurtirPedidos(c, {h.llave});
 }
 
 const QStringList kColumnasPartida = {u"precio"_s, u"dcto"_s, u"impuesto"_s, u"costo"_s, u"com"_s};
 
 }  // namespace
+
+Outcome CompletarPartidaDeVenta(const Session& session, Connection& c, const Documento& d,
+                                QVariantMap* partida) {
+  return Completar(session, c, d, partida);
+}
+
+Outcome DatosDePagoDelCliente(const Session& session, Connection& c, Documento* d) {
+  return DatosDePago(session, c, d);
+}
 
 Credito CreditoDe(Connection& c, qint32 cliente, int plazo, double total) {
   QSqlQuery q = c.Exec(u"select saldo, credito from clientes where numero = ?"_s, {cliente});
@@ -267,7 +277,8 @@ const captura::FamiliaCaptura& Pedidos() {
 }
 
 const captura::FamiliaCaptura* FamiliaDeTabla(const QString& tabla) {
-  for (const captura::FamiliaCaptura* f : {&Remisiones(), &Cotizaciones(), &Pedidos()}) {
+  for (const captura::FamiliaCaptura* f :
+       {&Remisiones(), &Cotizaciones(), &Pedidos(), &Facturas(), &NotasCliente()}) {
     if (tabla.compare(QString::fromUtf8(f->tabla), Qt::CaseInsensitive) == 0) return f;
   }
   return nullptr;
