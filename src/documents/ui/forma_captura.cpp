@@ -86,6 +86,7 @@ FormaCaptura::FormaCaptura(Session& session, const captura_ui::Pantalla& pantall
     Cargar(llave);
   } else {
     Nuevo();
+    if (pantalla_.al_abrir != nullptr) pantalla_.al_abrir(*this);
   }
   vigente_ = fg1_->Partidas();
   if (QWidget* cliente = datos_.value(1)) cliente->setFocus();
@@ -303,7 +304,7 @@ void FormaCaptura::Nuevo() {
   fecha_->setDate(QDate::currentDate());
   status_->setText(QString::fromUtf8(pantalla_.familia.status_inicial));
   almacen_ = qBound(1, session_.Tienda, 5);
-  if (pantalla_.rango != nullptr) return PonerRango(session_.*pantalla_.rango->predeterminado);
+  if (pantalla_.rango != nullptr) return PonerRango(0);
   const QString serie = (session_.*pantalla_.familia.serie).trimmed().toUpper();
   serie_->setText(serie.isEmpty() ? u"A"_s : serie);
   const qint32 folio =

@@ -62,6 +62,8 @@ class FormaCaptura : public QDialog, public LlaveGuardada {
   // A document made elsewhere (delivery notes to invoice): the header fields it names, its
   // rows and its Depto; "PRODUCTOS" locks the client and the rows.
   void PonerDocumento(const captura::Documento& documento);
+  // The header fields the document names that are still empty on the screen.
+  void Completar(const QVariantMap& encabezado);
 
   // Rows brought in (from an order, a quotation or a paste) from the row `desde` down, each
   // passing the stock warning.

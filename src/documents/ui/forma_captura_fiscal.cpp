@@ -15,7 +15,6 @@
 #include "core/ui/campo_captura.h"
 #include "core/ui/campo_catalogo.h"
 #include "core/ui/message_box.h"
-#include "documents/rango_en_uso.h"
 #include "documents/ui/forma_captura.h"
 #include "documents/ui/rejilla_captura.h"
 #include "documents/ui/texto_largo.h"
@@ -97,21 +96,21 @@ QWidget* FormaCaptura::DatosFiscales() {
 // The range's serie and scheme, and the next folio of that serie; a range that isn't in force
 // leaves both empty, and the save refuses the missing scheme.
 void FormaCaptura::PonerRango(qint32 numero) {
-  const captura_ui::Rango& r = *pantalla_.rango;
-  const captura::RangoEnUso rango = captura::LeerRangoEnUso(
-      session_, QString::fromUtf8(r.tabla), numero, r.series_del_usuario);
-  ingreso_->setText(QString::number(numero));
-  serie_->setText(rango.serie);
-  esquema_->setText(rango.esquema);
+  const captura::RangoDeFolios& r = pantalla_.familia.rango;
+  captura::Documento d;
+  d.encabezado.insert(QString::fromUtf8(r.columna), numero);
+  captura::SerieDelDocumento serie;
+  {
+    Connection c(session_.Cadena, Connection::Acceso::kLectura);
+    if (c.ok()) serie = captura::SerieDe(session_, c, pantalla_.familia, d);
+  }
+  ingreso_->setText(QString::number(serie.rango));
+  serie_->setText(serie.serie);
+  esquema_->setText(serie.esquema);
   const qint32 folio =
       mFunciones::NumeroSiguiente(session_, u"folio"_s, QString::fromUtf8(pantalla_.familia.tabla),
-                                  u"where serie = ?"_s, {rango.serie});
+                                  u"where serie = ?"_s, {serie.serie});
   PonerTexto(0, QString::number(folio));
-  if (r.sin_folios != nullptr && rango.folio_inicial == 0 && rango.folio_final == 0) {
-    QTimer::singleShot(0, this, [this, texto = QString::fromUtf8(r.sin_folios)] {
-      Avisar(Outcome::Warning(texto, u"Ingreso"_s));
-    });
-  }
 }
 
 void FormaCaptura::ElegirRango() {
@@ -168,9 +167,18 @@ void FormaCaptura::PonerDocumento(const captura::Documento& documento) {
   Recordar();
 }
 
+void FormaCaptura::Completar(const QVariantMap& encabezado) {
+  for (const Dato& dato : pantalla_.datos) {
+    const QString valor = encabezado.value(QString::fromUtf8(dato.columna)).toString().trimmed();
+    if (dato.campo == Campo::kTexto && Texto(dato.indice).isEmpty() && !valor.isEmpty()) {
+      PonerTexto(dato.indice, valor);
+    }
+  }
+}
+
 void FormaCaptura::CargarFiscales(const QVariantMap& e) {
   if (pantalla_.rango != nullptr) {
-    ingreso_->setText(e.value(QString::fromUtf8(pantalla_.rango->columna)).toString());
+    ingreso_->setText(e.value(QString::fromUtf8(pantalla_.familia.rango.columna)).toString());
     esquema_->setText(e.value(u"esquema"_s).toString().trimmed().toUpper());
   }
   if (pantalla_.con_moneda) {
@@ -186,7 +194,8 @@ void FormaCaptura::CargarFiscales(const QVariantMap& e) {
 
 void FormaCaptura::CapturarFiscales(captura::Documento* d) const {
   if (pantalla_.rango != nullptr) {
-    d->encabezado.insert(QString::fromUtf8(pantalla_.rango->columna), ingreso_->text().toInt());
+    d->encabezado.insert(QString::fromUtf8(pantalla_.familia.rango.columna),
+                         ingreso_->text().toInt());
     d->encabezado.insert(u"serie"_s, serie_->text());
     d->encabezado.insert(u"esquema"_s, esquema_->text());
   }

@@ -40,16 +40,10 @@ struct Accion {
   bool en_cambio = true;
 };
 
-// The folio range a family takes its serie and scheme from (invoices, credit notes): the labels
-// Ingreso and Esquema, and the look-up on Ingreso that chooses another range.
+// The screen of a family whose serie and scheme come from a folio range (the family's rango):
+// the labels Ingreso and Esquema, and the look-up on Ingreso that chooses another range.
 struct Rango {
-  const char* tabla;                // "folios facturas"
-  const char* columna;              // header column of the range's number: "ingreso"
-  const char* ayuda;                // "FOLIOS FACTURAS"
-  qint32 Session::*predeterminado;  // the range a new document starts with
-  bool series_del_usuario = false;  // a user bound to some invoice series sees only theirs
-  // Shown when the range has no numbers set; nullptr: nothing is said.
-  const char* sin_folios = nullptr;
+  const char* ayuda;  // "FOLIOS FACTURAS"
 };
 
 struct Pantalla {
@@ -78,6 +72,9 @@ struct Pantalla {
   bool codigos_libres = false;
   // An invoice key written in a row's first column (credit notes): what the row becomes.
   void (*factura_escrita)(FormaCaptura& forma, int fila) = nullptr;
+  // What a new document shows when the screen opens beyond the engine's own (the place of
+  // issue of the electronic documents).
+  void (*al_abrir)(FormaCaptura& forma) = nullptr;
   // F1 on a row's cell (grid column `columna`): the family's own look-up; false leaves the
   // common one (products on the code, the price list on the price).
   bool (*ayuda_de_fila)(FormaCaptura& forma, int fila, int columna) = nullptr;

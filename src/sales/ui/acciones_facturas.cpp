@@ -7,6 +7,7 @@
 #include "core/ui/message_box.h"
 #include "documents/ui/forma_captura.h"
 #include "documents/ui/rejilla_captura.h"
+#include "sales/completar_ventas.h"
 #include "sales/partidas_nota_cliente.h"
 #include "sales/ui/mdi_inicio_facturar.h"
 
@@ -35,6 +36,12 @@ void TraerDeFactura(FormaCaptura& forma, int fila, const QString& factura, bool 
 }
 
 }  // namespace
+
+void DatosFiscales(FormaCaptura& forma) {
+  captura::Documento d = forma.Capturado();
+  Connection c(forma.session().Cadena, Connection::Acceso::kLectura);
+  if (c.ok() && ventas::DatosFiscales(forma.session(), c, &d)) forma.Completar(d.encabezado);
+}
 
 void FacturarRemisiones(FormaCaptura& forma) {
   const std::optional<captura::Documento> factura =

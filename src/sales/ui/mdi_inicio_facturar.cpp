@@ -160,6 +160,10 @@ QStringList MDIInicioFacturar::Marcadas() const {
   return llaves;
 }
 
+void MDIInicioFacturar::keyPressEvent(QKeyEvent* event) {
+  if (!TeclaDeCaptura(this, event)) QDialog::keyPressEvent(event);
+}
+
 bool MDIInicioFacturar::eventFilter(QObject* objeto, QEvent* event) {
   if (objeto == fg1_ && event->type() == QEvent::KeyPress) {
     const int fila = fg1_->currentRow();

@@ -33,6 +33,7 @@ class MDIInicioFacturar : public QDialog {
 
  protected:
   bool eventFilter(QObject* objeto, QEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
 
  private:
   void Mostrar(const std::vector<ventas::RemisionPorFacturar>& remisiones);

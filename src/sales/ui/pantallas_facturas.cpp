@@ -85,17 +85,8 @@ std::vector<Dato> DatosDeNota() {
   return datos;
 }
 
-const captura_ui::Rango kFoliosFacturas{.tabla = "folios facturas",
-                                        .columna = "ingreso",
-                                        .ayuda = "FOLIOS FACTURAS",
-                                        .predeterminado = &Session::FolioFacturas,
-                                        .series_del_usuario = true};
-const captura_ui::Rango kFoliosNotas{
-    .tabla = "folios notas",
-    .columna = "egreso",
-    .ayuda = "FOLIOS NOTAS",
-    .predeterminado = &Session::FolioNotas,
-    .sin_folios = "Se requiere el registro de folios notas de crédito"};
+const captura_ui::Rango kFoliosFacturas{.ayuda = "FOLIOS FACTURAS"};
+const captura_ui::Rango kFoliosNotas{.ayuda = "FOLIOS NOTAS"};
 
 }  // namespace
 
@@ -118,6 +109,7 @@ const captura_ui::Pantalla& Facturas() {
       .con_moneda = true,
       .con_depto = true,
       .codigos_libres = true,
+      .al_abrir = DatosFiscales,
       .lista_de_precios = ListaDePrecios,
   };
   return p;
@@ -137,6 +129,7 @@ const captura_ui::Pantalla& NotasCliente() {
       .con_moneda = true,
       .codigos_libres = true,
       .factura_escrita = FacturaEscrita,
+      .al_abrir = DatosFiscales,
       .ayuda_de_fila = AyudaDeNota,
   };
   return p;
