@@ -34,10 +34,10 @@ QLabel* Etiqueta(const QString& nombre, QWidget* padre) {
   etiqueta->setObjectName(nombre);
   etiqueta->setFrameShape(QFrame::Panel);
   etiqueta->setFrameShadow(QFrame::Sunken);
-  etiqueta->setMinimumWidth(etiqueta->fontMetrics().horizontalAdvance(u"PRODUCTOS"_s) + 12);
   QFont negrita = etiqueta->font();
   negrita.setBold(true);
   etiqueta->setFont(negrita);
+  etiqueta->setMinimumWidth(etiqueta->fontMetrics().horizontalAdvance(u"PRODUCTOS"_s) + 16);
   return etiqueta;
 }
 

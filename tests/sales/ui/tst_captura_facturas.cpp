@@ -160,7 +160,19 @@ class TestCapturaFacturas : public QObject {
     QVERIFY(Mostrar(alta));
     // Client, agent, term, order, observations, summary and the three retentions.
     HastaLaRejilla(alta, 9);
+    {
+      // Without rows the sealing refuses: its message, with a warning, flashes in Msg1.
+      ModalCatcher catcher;
+      testing::Guardar(alta);
+      QTRY_COMPARE(catcher.icons.size(), 1);
+      QCOMPARE(catcher.icons[0], QMessageBox::Warning);
+      QCOMPARE(Etiqueta(alta, u"Msg1"_s), catcher.texts[0]);
+      QVERIFY(alta.findChild<QTimer*>(u"Timer"_s)->isActive());
+      testing::SaveShot(&alta, u"frm_facturas_a_msg1"_s);
+    }
+    QVERIFY(Mostrar(alta));
     R* grid = alta.rejilla();
+    grid->setFocus();
     EnCelda(grid, u"1-00001"_s);
     EnCelda(grid, u"1"_s);
     EnCelda(grid, u"100"_s);
@@ -186,6 +198,16 @@ class TestCapturaFacturas : public QObject {
     QCOMPARE(q.value(0).toDouble(), sumas.total - retencion);
     QCOMPARE(q.value(1).toDouble(), retencion);
     QCOMPARE(q.value(2).toString(), u"LIBRE"_s);
+
+    // Opened again it may still change; its addenda waits for the stamp.
+    FrmFacturasC cambio(session, factura);
+    QVERIFY(Mostrar(cambio));
+    QVERIFY(cambio.findChild<QPushButton*>(u"Guardar"_s)->isEnabled());
+    QCOMPARE(cambio.findChild<CampoCaptura*>(u"Datos10"_s)->text().toDouble(), retencion);
+    testing::SaveShot(&cambio, u"frm_facturas_c"_s);
+    ModalCatcher catcher;
+    Pulsar(cambio, u"Addenda"_s);
+    QTRY_COMPARE(catcher.texts, QStringList{u"Se requiere timbrar esta factura"_s});
   }
 
   // Two invoices of client 2: the first comes back whole (Yes to the question: its rows, and
@@ -238,6 +260,11 @@ class TestCapturaFacturas : public QObject {
     QCOMPARE(
         Valor(session, u"select almacen1 from productos where codigo = '1-00003'"_s).toDouble(),
         existencia + 1);
+    FrmNotasClienteC nota(session, session.NotaActual);
+    QVERIFY(Mostrar(nota));
+    QCOMPARE(nota.rejilla()->Texto(0, R::kFactura), descontada);
+    testing::SaveShot(&nota, u"frm_notas_cliente_c"_s);
+    nota.reject();
 
     FormRegistry registry;
     RegistrarFormularios(registry);
