@@ -50,10 +50,10 @@ FormaCaptura::FormaCaptura(Session& session, const captura_ui::Pantalla& pantall
   setObjectName(QLatin1String(cambio ? pantalla.cambio : pantalla.alta));
   setWindowTitle(QString::fromUtf8(pantalla.titulo) + (cambio ? u" - CAMBIOS"_s : u" - ALTAS"_s));
   fg1_ = new RejillaCaptura({.con_surtir = pantalla.con_surtir,
-                              .con_factura = pantalla.con_factura,
-                              .fuente = pantalla.fuente,
-                              .titulo_fuente = pantalla.titulo_fuente},
-                             this);
+                             .con_factura = pantalla.con_factura,
+                             .fuente = pantalla.fuente,
+                             .titulo_fuente = pantalla.titulo_fuente},
+                            this);
   tabs_ = new Pestanas(this);
   tabs_->addTab(fg1_, u"Partidas"_s);
   if (std::any_of(pantalla.datos.begin(), pantalla.datos.end(),
@@ -411,11 +411,10 @@ captura::Documento FormaCaptura::Capturado() const {
   for (const Dato& dato : pantalla_.datos) {
     if (dato.indice == 0) continue;
     const QString texto = Texto(dato.indice).trimmed();
-    d.encabezado.insert(
-        QString::fromUtf8(dato.columna),
-        dato.campo == Campo::kTexto || dato.campo == Campo::kResumen
-            ? QVariant(texto)
-            : QVariant(mFunciones::ValorNumerico(texto)));
+    d.encabezado.insert(QString::fromUtf8(dato.columna),
+                        dato.campo == Campo::kTexto || dato.campo == Campo::kResumen
+                            ? QVariant(texto)
+                            : QVariant(mFunciones::ValorNumerico(texto)));
   }
   CapturarFiscales(&d);
   d.encabezado.insert(u"fecha"_s, QDateTime(fecha_->date(), QTime(0, 0)));

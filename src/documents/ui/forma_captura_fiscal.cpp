@@ -115,8 +115,7 @@ void FormaCaptura::PonerRango(qint32 numero) {
 
 void FormaCaptura::ElegirRango() {
   if (cambio_) return;
-  const QString elegido =
-      AbrirAyuda(session_, QString::fromUtf8(pantalla_.rango->ayuda), this);
+  const QString elegido = AbrirAyuda(session_, QString::fromUtf8(pantalla_.rango->ayuda), this);
   activateWindow();
   if (!elegido.isEmpty()) PonerRango(elegido.toInt());
 }
@@ -212,10 +211,9 @@ void FormaCaptura::CapturarFiscales(captura::Documento* d) const {
 // F1 on an amount withheld: a percentage of the screen's subtotal.
 void FormaCaptura::PedirRetencion(int indice) {
   bool ok = false;
-  const QString respuesta =
-      QInputDialog::getText(this, QLatin1String(ui::kTitulo),
-                            u"Aplicar al subtotal una retención del  %"_s, QLineEdit::Normal, {},
-                            &ok);
+  const QString respuesta = QInputDialog::getText(this, QLatin1String(ui::kTitulo),
+                                                  u"Aplicar al subtotal una retención del  %"_s,
+                                                  QLineEdit::Normal, {}, &ok);
   activateWindow();
   if (!ok || respuesta.trimmed().isEmpty()) return;
   const double retencion = sumas_.subtotal * ayuda::Numero(respuesta) / 100;

@@ -236,7 +236,8 @@ QVariantMap RejillaCaptura::Partida(int fila) const {
     const QTableWidgetItem* celda = item(fila, col);
     const Definicion& d = De(Contenido(col));
     const QVariant valor = celda != nullptr ? celda->data(Qt::EditRole) : QVariant();
-    partida.insert(Nombre(col), d.numero ? QVariant(valor.toDouble()) : QVariant(valor.toString().trimmed()));
+    partida.insert(Nombre(col),
+                   d.numero ? QVariant(valor.toDouble()) : QVariant(valor.toString().trimmed()));
   }
   // A note's quantity is what an order's row has still to deliver.
   if (Col(kSurtir) < 0) partida.remove(u"surtir"_s);

@@ -51,8 +51,8 @@ class RejillaCaptura : public QTableWidget {
 
   // The columns a family's grid shows beyond the common ones.
   struct Forma {
-    bool con_surtir = false;   // an order's Surtir ahead of the quantity
-    bool con_factura = false;  // a credit note's invoice key and its Depto ahead of the code
+    bool con_surtir = false;        // an order's Surtir ahead of the quantity
+    bool con_factura = false;       // a credit note's invoice key and its Depto ahead of the code
     const char* fuente = "pedido";  // the row column of the source document; nullptr: none
     const char* titulo_fuente = "Pedido";  // and its heading
   };

@@ -85,8 +85,7 @@ bool AyudaDeNota(FormaCaptura& forma, int fila, int columna) {
   ayuda::ParametrosAyuda parametros;
   parametros.cliente = forma.Cliente();
   if (grid->Contenido(columna) == R::kFactura) {
-    const QString factura =
-        AbrirAyuda(forma.session(), u"FACTURAS CLIENTE"_s, &forma, parametros);
+    const QString factura = AbrirAyuda(forma.session(), u"FACTURAS CLIENTE"_s, &forma, parametros);
     forma.activateWindow();
     if (factura.isEmpty()) return true;
     grid->PonerPartida(fila, {{u"factura"_s, factura}});

@@ -35,8 +35,7 @@ std::vector<ventas::RemisionPorFacturar> Leer(const Session& session) {
 
 }  // namespace
 
-std::optional<captura::Documento> MDIInicioFacturar::Facturar(Session& session,
-                                                              QWidget* parent) {
+std::optional<captura::Documento> MDIInicioFacturar::Facturar(Session& session, QWidget* parent) {
   std::vector<ventas::RemisionPorFacturar> remisiones = Leer(session);
   if (remisiones.empty()) {
     ui::Inform(parent, u"No existen registros por facturar"_s, MessageIcon::kWarning);

@@ -26,8 +26,7 @@ class Movimientos : public QTableWidget {
   explicit Movimientos(Navegador& navegador)
       : QTableWidget(0, 5, &navegador), navegador_(navegador) {
     setObjectName(u"Fg2"_s);
-    setHorizontalHeaderLabels(
-        {u"Movimiento"_s, u"Pago"_s, u"Fecha"_s, u"Abono"_s, u"Status"_s});
+    setHorizontalHeaderLabels({u"Movimiento"_s, u"Pago"_s, u"Fecha"_s, u"Abono"_s, u"Status"_s});
     setEditTriggers(QAbstractItemView::NoEditTriggers);
     verticalHeader()->hide();
     horizontalHeader()->setStretchLastSection(true);
@@ -70,9 +69,9 @@ class Movimientos : public QTableWidget {
 void Exportar(Navegador& navegador) {
   const QString factura = navegador.LlaveActual();
   if (factura.isEmpty()) return;
-  const QString destino = QFileDialog::getSaveFileName(
-      &navegador, u"Exportar factura"_s, factura + u".xml"_s,
-      u"Facturas en PDF / XML (*.pdf *.xml)"_s);
+  const QString destino =
+      QFileDialog::getSaveFileName(&navegador, u"Exportar factura"_s, factura + u".xml"_s,
+                                   u"Facturas en PDF / XML (*.pdf *.xml)"_s);
   if (destino.isEmpty()) return;
   if (destino.endsWith(u".pdf"_s, Qt::CaseInsensitive)) return ui::Inform(&navegador, kPendiente);
   const QString origen = ventas::ArchivoXml(navegador.session(), factura);

@@ -12,34 +12,29 @@ using captura_ui::Dato;
 
 namespace {
 
-const QStringList kTipos = {u"DIRECTA"_s,      u"ESPERA"_s, u"FACTURA"_s,
-                            u"COTIZACION"_s,   u"PEDIDO"_s, u"CONSIGNACION"_s,
-                            u"TICKET"_s,       u"SERVICIO"_s, u"GARANTIA"_s};
+const QStringList kTipos = {u"DIRECTA"_s,    u"ESPERA"_s,   u"FACTURA"_s,
+                            u"COTIZACION"_s, u"PEDIDO"_s,   u"CONSIGNACION"_s,
+                            u"TICKET"_s,     u"SERVICIO"_s, u"GARANTIA"_s};
 
 // The second tab of both: who asked, where it goes, how it is paid and where it is issued.
 std::vector<Dato> DatosDePago() {
-  return {{.indice = 20, .columna = "orden de compra", .titulo = "Orden de compra", .pagina = 1},
-          {.indice = 21, .columna = "solicitado por", .titulo = "Solicitado por", .pagina = 1},
-          {.indice = 22, .columna = "referencia", .titulo = "Referencia", .pagina = 1},
-          {.indice = 23, .columna = "enviar a", .titulo = "Enviar a", .pagina = 1},
-          {.indice = 30,
-           .columna = "metodo",
-           .titulo = "Método de pago",
-           .campo = Campo::kMetodo,
-           .pagina = 1},
-          {.indice = 31,
-           .columna = "numctapago",
-           .titulo = "Cuenta de pago",
-           .pagina = 1,
-           .longitud = 4},
-          {.indice = 32,
-           .columna = "condicionesdepago",
-           .titulo = "Condiciones de pago",
-           .pagina = 1},
-          {.indice = 34,
-           .columna = "lugarexpedicion",
-           .titulo = "Lugar de expedición",
-           .pagina = 1}};
+  return {
+      {.indice = 20, .columna = "orden de compra", .titulo = "Orden de compra", .pagina = 1},
+      {.indice = 21, .columna = "solicitado por", .titulo = "Solicitado por", .pagina = 1},
+      {.indice = 22, .columna = "referencia", .titulo = "Referencia", .pagina = 1},
+      {.indice = 23, .columna = "enviar a", .titulo = "Enviar a", .pagina = 1},
+      {.indice = 30,
+       .columna = "metodo",
+       .titulo = "Método de pago",
+       .campo = Campo::kMetodo,
+       .pagina = 1},
+      {.indice = 31,
+       .columna = "numctapago",
+       .titulo = "Cuenta de pago",
+       .pagina = 1,
+       .longitud = 4},
+      {.indice = 32, .columna = "condicionesdepago", .titulo = "Condiciones de pago", .pagina = 1},
+      {.indice = 34, .columna = "lugarexpedicion", .titulo = "Lugar de expedición", .pagina = 1}};
 }
 
 const Dato kResumen{.indice = 6,

@@ -52,8 +52,11 @@ void Pulsar(QWidget& forma, const QString& boton) {
 // A cash delivery note of client 2, saved as the note screen saves it.
 QString Remision(Session& s, const QString& codigo, double cantidad) {
   captura::Documento d;
-  d.encabezado = {{u"cliente"_s, kCliente}, {u"plazo"_s, 0},     {u"obs"_s, u"MOSTRADOR"_s},
-                  {u"tipo"_s, u"DIRECTA"_s}, {u"metodo"_s, 1}};
+  d.encabezado = {{u"cliente"_s, kCliente},
+                  {u"plazo"_s, 0},
+                  {u"obs"_s, u"MOSTRADOR"_s},
+                  {u"tipo"_s, u"DIRECTA"_s},
+                  {u"metodo"_s, 1}};
   d.partidas = {{{u"codigo"_s, codigo}, {u"cantidad"_s, cantidad}}};
   return captura::GuardarDocumento(s, ventas::Remisiones(), d).llave;
 }
@@ -104,8 +107,8 @@ class TestCapturaFacturas : public QObject {
     QVERIFY(!notas[0].isEmpty() && !notas[1].isEmpty());
     double suma = 0;
     for (const QString& nota : notas) {
-      suma += Valor(session, u"select total from remisiones where remision = ?"_s, {nota})
-                  .toDouble();
+      suma +=
+          Valor(session, u"select total from remisiones where remision = ?"_s, {nota}).toDouble();
     }
     FrmFacturasA alta(session, QString());
     QVERIFY(Mostrar(alta));
@@ -140,13 +143,13 @@ class TestCapturaFacturas : public QObject {
     const QString factura = alta.Guardada();
     QVERIFY(!factura.isEmpty());
     for (const QString& nota : notas) {
-      QCOMPARE(Valor(session, u"select status from remisiones where remision = ?"_s, {nota})
-                   .toString(),
-               factura);
+      QCOMPARE(
+          Valor(session, u"select status from remisiones where remision = ?"_s, {nota}).toString(),
+          factura);
     }
-    QCOMPARE(Valor(session, u"select total from facturas where factura = ?"_s, {factura})
-                 .toDouble(),
-             suma);
+    QCOMPARE(
+        Valor(session, u"select total from facturas where factura = ?"_s, {factura}).toDouble(),
+        suma);
   }
 
   // A free invoice of one product at price 100: F1 on the ISR retention answers 10 %, the
@@ -236,9 +239,9 @@ class TestCapturaFacturas : public QObject {
       {
         ModalCatcher catcher(QList<ModalCatcher::Reply>{{.button = respuesta}});
         EnCelda(grid, factura);
-        QTRY_COMPARE(catcher.texts,
-                     QStringList{u"Dar entrada al almacén todos los productos de la factura: "_s +
-                                 factura});
+        QTRY_COMPARE(
+            catcher.texts,
+            QStringList{u"Dar entrada al almacén todos los productos de la factura: "_s + factura});
       }
       QTRY_COMPARE(grid->Texto(0, R::kFactura), factura);
       if (respuesta == QMessageBox::No) {
@@ -253,9 +256,9 @@ class TestCapturaFacturas : public QObject {
       testing::SaveShot(&alta, respuesta == QMessageBox::Yes ? u"frm_notas_cliente_a_devolucion"_s
                                                              : u"frm_notas_cliente_a_descuento"_s);
       GuardarSinAvisos(alta);
-      QCOMPARE(Valor(session, u"select status from facturas where factura = ?"_s, {factura})
-                   .toString(),
-               u"LIQUIDADO"_s);
+      QCOMPARE(
+          Valor(session, u"select status from facturas where factura = ?"_s, {factura}).toString(),
+          u"LIQUIDADO"_s);
     }
     QCOMPARE(
         Valor(session, u"select almacen1 from productos where codigo = '1-00003'"_s).toDouble(),
