@@ -5,6 +5,7 @@
 #include "app/commands.h"
 #include "core/company_database.h"
 #include "core/database.h"
+#include "core/dialect.h"
 #include "demo/demo_company.h"
 
 namespace ventarix::app {
@@ -16,10 +17,12 @@ void PrintContents(const QString& path) {
   Connection connection(CadenaDeRuta(path));
   if (!connection.ok()) return;
   for (const char* table : {"clientes", "agentes", "proveedores", "bancos", "marcas", "lineas",
-                            "productos", "remisiones", "cotizaciones", "pedidos"}) {
+                            "productos", "remisiones", "cotizaciones", "pedidos", "facturas",
+                            "notas cliente"}) {
     const QString name = QString::fromLatin1(table);
     const qint64 rows =
-        connection.Scalar(QStringLiteral("select count(*) from ") + name).toLongLong();
+        connection.Scalar(QStringLiteral("select count(*) from ") + dialect::Name(name))
+            .toLongLong();
     Print(QStringLiteral("  %1 %2").arg(name, -14).arg(rows, 6));
   }
 }

@@ -10,6 +10,7 @@
 #include "app/empresa_abierta.h"
 #include "core/schema.h"
 #include "documents/captura.h"
+#include "sales/facturar_remisiones.h"
 #include "sales/familias_ventas.h"
 
 namespace ventarix::app {
@@ -39,13 +40,20 @@ QVariant Valor(const QJsonValue& v) {
   return v.toString();
 }
 
-// A JSON object as a document of its family; *error names what does not belong.
+// A credit note's row asks for the prompt-payment discount of its invoice.
+bool EsMarcaDePartida(const QString& tabla, const QString& miembro) {
+  return tabla == u"notas cliente"_s && miembro.toLower() == u"dppp"_s;
+}
+
+// A JSON object as a document of its family; *error names what does not belong. An invoice
+// may name the delivery notes it invoices in `remisiones`.
 bool Leer(const QJsonObject& objeto, const captura::FamiliaCaptura** familia,
-          captura::Documento* documento, QString* error) {
+          captura::Documento* documento, QStringList* remisiones, QString* error) {
   const QString tabla = objeto.value(u"familia"_s).toString();
   *familia = ventas::FamiliaDeTabla(tabla);
   if (*familia == nullptr) {
-    *error = u"Familia desconocida: \""_s + tabla + u"\" (remisiones, cotizaciones, pedidos)"_s;
+    *error = u"Familia desconocida: \""_s + tabla +
+             u"\" (remisiones, cotizaciones, pedidos, facturas, notas cliente)"_s;
     return false;
   }
   const QString detalles = tabla + u" detalles"_s;
@@ -65,7 +73,7 @@ bool Leer(const QJsonObject& objeto, const captura::FamiliaCaptura** familia,
         QVariantMap partida;
         const QJsonObject r = renglon.toObject();
         for (auto c = r.begin(); c != r.end(); ++c) {
-          if (!EsColumna(detalles, c.key().toLower())) {
+          if (!EsColumna(detalles, c.key().toLower()) && !EsMarcaDePartida(tabla, c.key())) {
             *error = u"Columna desconocida en las partidas de "_s + tabla + u": "_s + c.key();
             return false;
           }
@@ -75,12 +83,34 @@ bool Leer(const QJsonObject& objeto, const captura::FamiliaCaptura** familia,
       }
       continue;
     }
+    if (nombre == u"remisiones"_s && tabla == u"facturas"_s) {
+      for (const QJsonValue& r : it->toArray()) remisiones->append(r.toString());
+      continue;
+    }
     if (!EsColumna(tabla, nombre)) {
       *error = u"Columna desconocida en "_s + tabla + u": "_s + it.key();
       return false;
     }
     documento->encabezado.insert(nombre, Valor(*it));
   }
+  return true;
+}
+
+// The invoice of the delivery notes named: header of the first, rows of all; what the
+// document says itself stays.
+bool DeRemisiones(const Session& session, const QStringList& remisiones,
+                  captura::Documento* documento, QString* error) {
+  if (remisiones.isEmpty()) return true;
+  Connection c(session.Cadena, Connection::Acceso::kLectura);
+  captura::Documento factura;
+  if (const Outcome o = ventas::DocumentoDeRemisiones(c, remisiones, &factura); !o) {
+    *error = o.message;
+    return false;
+  }
+  factura.encabezado.insert(documento->encabezado);
+  factura.encabezado.insert(u"depto"_s, u"PRODUCTOS"_s);
+  documento->encabezado = factura.encabezado;
+  documento->partidas = factura.partidas;
   return true;
 }
 
@@ -124,8 +154,10 @@ int Guardar(const QStringList& args) {
   for (qsizetype i = 0; i < documentos.size(); ++i) {
     const captura::FamiliaCaptura* familia = nullptr;
     captura::Documento documento;
+    QStringList remisiones;
     if (!documentos[i].isObject() ||
-        !Leer(documentos[i].toObject(), &familia, &documento, &error)) {
+        !Leer(documentos[i].toObject(), &familia, &documento, &remisiones, &error) ||
+        !DeRemisiones(session, remisiones, &documento, &error)) {
       PrintError(u"Documento %1: "_s.arg(i + 1) + (error.isEmpty() ? u"no es un objeto"_s : error));
       return kExitFailed;
     }

@@ -2,6 +2,8 @@
 
 #include <memory>
 
+#include <QFileInfo>
+
 #include "core/company_database.h"
 #include "core/company_tables.h"
 #include "core/database.h"
@@ -14,7 +16,7 @@ namespace {
 constexpr quint32 kSemilla = 20260105;
 
 // Every table in one go, in the order their numbers are referred to.
-bool EscribirTodo(Connection& c, QString* error) {
+bool EscribirTodo(Connection& c, const QString& carpeta, QString* error) {
   demo::Dice dice(kSemilla);
   return demo::EscribirEmpresa(c, error) && demo::EscribirMetodos(c, error) &&
          demo::EscribirTipos(c, error) && demo::EscribirSeries(c, error) &&
@@ -25,7 +27,7 @@ bool EscribirTodo(Connection& c, QString* error) {
          demo::EscribirProductoTerminado(c, dice, error) &&
          demo::EscribirClientesUtilidades(c, error) && demo::EscribirPreciosPorCliente(c, error) &&
          demo::EscribirInventarioInicial(c, error) && demo::EscribirFolios(c, error) &&
-         demo::EscribirHistoria(c, dice, error);
+         demo::EscribirHistoria(c, dice, carpeta, error);
 }
 
 }  // namespace
@@ -40,7 +42,10 @@ Outcome CrearEmpresaDemo(const QString& path) {
   const Outcome made = CrearTablas(*connection);
   if (!made) return made;
   QString error;
-  if (!EscribirTodo(*connection, &error)) return Outcome::Stop(error);
+  // The sealed documents' files go to the folder tree beside the company file.
+  if (!EscribirTodo(*connection, QFileInfo(path).absolutePath(), &error)) {
+    return Outcome::Stop(error);
+  }
   if (!transaction.Commit()) {
     return Outcome::Stop(QStringLiteral("No se pudo guardar la empresa de demostración: ") +
                          transaction.error());

@@ -40,7 +40,8 @@ struct Pendiente {
 
 class Historia {
  public:
-  Historia(Connection& c, Dice& dice) : c_(c), dice_(dice) {
+  Historia(Connection& c, Dice& dice, const QString& carpeta)
+      : c_(c), dice_(dice), carpeta_(carpeta) {
     sesion_.Sql = c.sql();
     sesion_.Usuario = u"ADMINISTRADOR"_s;
     sesion_.Equipo = u"DEMO"_s;
@@ -67,6 +68,9 @@ class Historia {
 
   Connection& c_;
   Dice& dice_;
+  // The invoices draw on their own numbers, so that the notes and orders stay as they were.
+  Dice dice_facturas_{20261125};
+  QString carpeta_;  // the company's folder tree, for the sealed files
   Session sesion_;
   QStringList codigos_;                     // products with stock enough for a few months of sales
   QList<qint32> clientes_;                  // clients not suspended
@@ -218,6 +222,15 @@ bool Historia::Escribir(QString* error) {
     if (fecha.dayOfWeek() == Qt::Sunday) fecha = fecha.addDays(1);
     if (!Dia(dia, fecha, error)) return false;
   }
+  // The invoices come once the notes are there, each on the day it was made: the notes and
+  // orders are those of a shop that had not invoiced yet.
+  Session fiscal = sesion_;
+  PrepararSesionFiscal(c_, carpeta_, &fiscal);
+  fecha = PrimerDiaDeHistoria();
+  for (int dia = 0; dia < kDiasDeHistoria; ++dia, fecha = fecha.addDays(1)) {
+    if (fecha.dayOfWeek() == Qt::Sunday) fecha = fecha.addDays(1);
+    if (!Facturar(c_, fiscal, dice_facturas_, dia, fecha, error)) return false;
+  }
   return true;
 }
 
@@ -233,8 +246,8 @@ QDate PrimerDiaDeHistoria() {
   return fecha;
 }
 
-bool EscribirHistoria(Connection& c, Dice& dice, QString* error) {
-  Historia historia(c, dice);
+bool EscribirHistoria(Connection& c, Dice& dice, const QString& carpeta, QString* error) {
+  Historia historia(c, dice, carpeta);
   return historia.Escribir(error);
 }
 

@@ -4,6 +4,7 @@
 #include <QString>
 
 #include "core/database.h"
+#include "core/session.h"
 #include "demo/demo_rows.h"
 
 // The demo company, table by table. Each writer adds its rows on the open transaction and
@@ -47,6 +48,15 @@ bool EscribirInventarioInicial(Connection& c, QString* error);
 bool EscribirFolios(Connection& c, QString* error);
 // Delivery notes, quotations and orders of the last months, saved as the capture screens save
 // them; some cancelled, orders delivered in full or in part.
-bool EscribirHistoria(Connection& c, Dice& dice, QString* error);
+// Invoices of the notes asked for with one, free invoices and credit notes sealed among them,
+// their XML in the xml folder of the company's folder tree under `carpeta`.
+bool EscribirHistoria(Connection& c, Dice& dice, const QString& carpeta, QString* error);
+
+// The session of a save that seals: the company's block as `c` holds it, the folder tree under
+// `carpeta`, the demo's default ranges.
+void PrepararSesionFiscal(Connection& c, const QString& carpeta, Session* s);
+// The invoicing of one working day of the history.
+bool Facturar(Connection& c, const Session& s, Dice& dice, int dia, const QDate& fecha,
+              QString* error);
 
 }  // namespace ventarix::demo

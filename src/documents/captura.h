@@ -95,7 +95,7 @@ struct FamiliaCaptura {
   const char* fuente_partida = nullptr;   // row column naming the source document
   bool con_costo = true;                  // rows carry cost and commission
   bool checar_utilidad = false;           // a row sold at no profit stops the save
-  // The shared row check; the electronic documents leave it to their sealing, whose messages
+  // The shared row check; invoices leave it to their sealing, whose messages
   // the user sees instead.
   bool checar_partidas = true;
   Existencias existencias = Existencias::kNinguna;

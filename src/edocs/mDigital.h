@@ -6,8 +6,9 @@
 #include "edocs/comprobante.h"
 
 namespace ventarix {
+class Connection;
 struct Session;
-}
+}  // namespace ventarix
 
 namespace ventarix::edocs {
 
@@ -46,5 +47,13 @@ ResultadoSellado PrepararIngresoNOTA(const Session& session, DocumentoCaptura& f
 ResultadoSellado PrepararEgresoCBB(const Session& session, DocumentoCaptura& forma);
 ResultadoSellado PrepararEgresoNOTA(const Session& session, DocumentoCaptura& forma);
 ResultadoSellado PrepararRemision(const Session& session, DocumentoCaptura& forma);
+
+// The driver of the scheme `esquema` ("CFDI", "CFD", "CBB", "NOTA"), income or egreso, run on
+// the connection of the save that calls it: its reads see what that save's transaction holds
+// (a document saved in the same batch, a company being made), and it opens no connection of
+// its own. The description goes to the sealing schemes only.
+ResultadoSellado SellarEnGuardado(const Session& session, Connection& connection,
+                                  DocumentoCaptura& forma, bool egreso, const QString& esquema,
+                                  const QString& descripcion);
 
 }  // namespace ventarix::edocs

@@ -119,8 +119,11 @@ bool PasoCredito(Contexto& ctx);
 // Build, cadena original, seal and file (mDigital_sellado.cpp).
 void Sellar(Contexto& ctx);
 
-// Runs a family's chain over the screen's content.
+// Runs a family's chain over the screen's content, on its own read connection or on the
+// connection of a save in progress.
 ResultadoSellado Ejecutar(const Session& session, DocumentoCaptura& forma, const Familia& familia,
                           std::optional<QString> descripcion);
+ResultadoSellado Ejecutar(const Session& session, Connection& connection, DocumentoCaptura& forma,
+                          const Familia& familia, std::optional<QString> descripcion);
 
 }  // namespace ventarix::edocs::digital

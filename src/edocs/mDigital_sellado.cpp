@@ -119,9 +119,8 @@ void Sellar(Contexto& ctx) {
   ctx.resultado.archivo = ruta;
 }
 
-ResultadoSellado Ejecutar(const Session& session, DocumentoCaptura& forma, const Familia& familia,
-                          std::optional<QString> descripcion) {
-  Connection connection(session.Cadena, Connection::Acceso::kLectura);
+ResultadoSellado Ejecutar(const Session& session, Connection& connection, DocumentoCaptura& forma,
+                          const Familia& familia, std::optional<QString> descripcion) {
   Contexto ctx{.session = session,
                .forma = forma,
                .familia = familia,
@@ -138,6 +137,12 @@ ResultadoSellado Ejecutar(const Session& session, DocumentoCaptura& forma, const
   LlenarDelFormulario(ctx);
   if (familia.sella) Sellar(ctx);
   return ctx.resultado;
+}
+
+ResultadoSellado Ejecutar(const Session& session, DocumentoCaptura& forma, const Familia& familia,
+                          std::optional<QString> descripcion) {
+  Connection connection(session.Cadena, Connection::Acceso::kLectura);
+  return Ejecutar(session, connection, forma, familia, std::move(descripcion));
 }
 
 }  // namespace ventarix::edocs::digital
@@ -176,6 +181,27 @@ ResultadoSellado PrepararEgresoNOTA(const Session& session, DocumentoCaptura& fo
 }
 ResultadoSellado PrepararRemision(const Session& session, DocumentoCaptura& forma) {
   return Ejecutar(session, forma, digital::Remision(), std::nullopt);
+}
+
+ResultadoSellado SellarEnGuardado(const Session& session, Connection& connection,
+                                  DocumentoCaptura& forma, bool egreso, const QString& esquema,
+                                  const QString& descripcion) {
+  const bool cfd = esquema == QLatin1String("CFD");
+  const digital::Familia* familia =
+      esquema == QLatin1String("CFDI")  ? &(egreso ? digital::EgresoCFDi() : digital::IngresoCFDi())
+      : cfd                             ? &(egreso ? digital::EgresoCFD() : digital::IngresoCFD())
+      : esquema == QLatin1String("CBB") ? &(egreso ? digital::EgresoCBB() : digital::IngresoCBB())
+      : esquema == QLatin1String("NOTA")
+          ? &(egreso ? digital::EgresoNOTA() : digital::IngresoNOTA())
+          : nullptr;
+  if (!familia) {
+    ResultadoSellado r;
+    r.Msg1 = QStringLiteral("Se requiere la definición de un esquema [CBB, CFD, CFDi, NOTA]");
+    return r;
+  }
+  std::optional<QString> resumen;
+  if (familia->sella) resumen = descripcion;
+  return digital::Ejecutar(session, connection, forma, *familia, resumen);
 }
 
 }  // namespace ventarix::edocs

@@ -36,7 +36,7 @@ std::vector<RemisionPorFacturar> RemisionesPorFacturar(Connection& c, int tienda
   QSqlQuery q = c.Exec(
       u"select r.remision, r.fecha, r.cliente, c.nombre, r.total, r.plazo, r.tipo "
       "from remisiones r, clientes c where r.status = 'POR FACTURAR' and r.tipo <> 'COTIZACION' "
-      "and r.cliente = c.numero and r.tienda = ? order by r.hora desc, r.remision desc"_s,
+      "and r.cliente = c.numero and r.tienda = ? order by r.hora desc, r.folio desc"_s,
       {tienda});
   while (q.next()) {
     lista.push_back({.remision = q.value(0).toString(),

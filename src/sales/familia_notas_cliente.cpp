@@ -156,7 +156,6 @@ const captura::FamiliaCaptura& NotasCliente() {
       .almacen_partida = "tienda",
       .fuente_partida = "factura",
       .con_costo = false,
-      .checar_partidas = false,
       .existencias = captura::Existencias::kEntrada,
       .rango = {.tabla = "folios notas",
                 .columna = "egreso",

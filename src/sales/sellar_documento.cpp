@@ -23,44 +23,14 @@ using captura::Documento;
 using captura::Numero;
 using captura::Texto;
 
-using Driver = edocs::ResultadoSellado (*)(const Session&, edocs::DocumentoCaptura&,
-                                           const QString&);
-
-template <auto kPreparar>
-edocs::ResultadoSellado SinDescripcion(const Session& s, edocs::DocumentoCaptura& f,
-                                       const QString&) {
-  return kPreparar(s, f);
-}
-
 struct Lado {
   const char* tabla;  // "facturas"
   const char* rango;  // the header's range column: "ingreso"
-  bool nota;          // the grid has the invoice and its department in front
-  Driver cfdi, cfd, cbb, nota_simple;
+  bool nota;          // egreso: the grid has the invoice and its department in front
 };
 
-constexpr Lado kIngreso{"facturas",
-                        "ingreso",
-                        false,
-                        edocs::SellarIngresoCFDi,
-                        edocs::SellarIngresoCFD,
-                        SinDescripcion<edocs::PrepararIngresoCBB>,
-                        SinDescripcion<edocs::PrepararIngresoNOTA>};
-constexpr Lado kEgreso{"notas cliente",
-                       "egreso",
-                       true,
-                       edocs::SellarEgresoCFDi,
-                       edocs::SellarEgresoCFD,
-                       SinDescripcion<edocs::PrepararEgresoCBB>,
-                       SinDescripcion<edocs::PrepararEgresoNOTA>};
-
-Driver DriverDe(const Lado& lado, const QString& esquema) {
-  if (esquema == u"CFDI"_s) return lado.cfdi;
-  if (esquema == u"CFD"_s) return lado.cfd;
-  if (esquema == u"CBB"_s) return lado.cbb;
-  if (esquema == u"NOTA"_s) return lado.nota_simple;
-  return nullptr;
-}
+constexpr Lado kIngreso{"facturas", "ingreso", false};
+constexpr Lado kEgreso{"notas cliente", "egreso", true};
 
 QString N(double valor) { return QString::number(valor, 'g', 17); }
 
@@ -143,14 +113,10 @@ class ArchivoAnterior {
 
 Outcome Sellar(const Lado& lado, const Session& session, Connection& c, const Documento& d,
                const QString& serie, qint32* folio, QVariantMap* columnas) {
-  const Driver driver = DriverDe(lado, Texto(d.encabezado, "esquema"));
-  if (!driver) {
-    return Outcome::Warning(u"Se requiere la definición de un esquema [CBB, CFD, CFDi, NOTA]"_s,
-                            u"Esquema"_s);
-  }
   edocs::DocumentoCaptura forma = FormaDe(session, c, lado, d, serie, *folio);
   ArchivoAnterior anterior(session, d);
-  const edocs::ResultadoSellado r = driver(session, forma, ResumenDe(d));
+  const edocs::ResultadoSellado r = edocs::SellarEnGuardado(
+      session, c, forma, lado.nota, Texto(d.encabezado, "esquema"), ResumenDe(d));
   if (!r.ok()) return Outcome::Warning(r.Msg1, u"Msg1"_s);
   if (!r.error_interno.isEmpty()) return Outcome::Stop(r.error_interno, u"Msg1"_s);
   anterior.Conservar();

@@ -2,6 +2,7 @@
 // on one serie, a save killed halfway, and files that are not what they should be.
 #include <csignal>
 
+#include <QDirIterator>
 #include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -52,7 +53,8 @@ QString Figuras(Connection& c) {
   QSqlQuery q = c.Exec(u"select codigo, almacen1 from productos order by codigo"_s);
   while (q.next())
     texto += q.value(0).toString() + u'=' + QString::number(q.value(1).toDouble(), 'f', 4) + u' ';
-  texto += c.Scalar(u"select sum(saldo) from clientes"_s).toString();
+  // In cents: the engine adds the clients' balances in whatever order it keeps the rows.
+  texto += QString::number(c.Scalar(u"select sum(saldo) from clientes"_s).toDouble(), 'f', 2);
   return texto;
 }
 
@@ -210,6 +212,37 @@ class TestDocumentos : public QObject {
     Connection c(company->cadena());
     QCOMPARE(c.Scalar(u"select count(*) from remisiones"_s).toInt(),
              antes + (dice.startsWith(u"Documento 2"_s) ? 1 : 0));
+  }
+
+  // Two notes invoiced from the command line: the key printed, the sealed file in the
+  // company's xml folder, the notes holding the key.
+  void FacturaDeDosRemisiones() {
+    const auto company = testing::EmpresaDemo();
+    if (!company) return;
+    Connection c(company->cadena());
+    const QStringList codigos = Codigos(c, 2);
+    const testing::Run notas =
+        testing::Ventarix({u"documento"_s, u"guardar"_s, u"--empresa"_s, company->path(),
+                           Archivo(*company, u"notas.json"_s,
+                                   QJsonArray{Nota(codigos, 0, 1, 2), Nota(codigos, 1, 1, 3)})});
+    QVERIFY2(notas.code == 0, qPrintable(testing::Describe(notas)));
+    const QStringList remisiones = notas.out.split(u'\n', Qt::SkipEmptyParts);
+    QCOMPARE(remisiones.size(), 2);
+    const QJsonObject factura{{u"familia"_s, u"facturas"_s},
+                              {u"remisiones"_s, QJsonArray::fromStringList(remisiones)}};
+    const testing::Run r =
+        testing::Ventarix({u"documento"_s, u"guardar"_s, u"--empresa"_s, company->path(),
+                           Archivo(*company, u"factura.json"_s, factura)});
+    QVERIFY2(r.code == 0, qPrintable(testing::Describe(r)));
+    const QString llave = r.out.trimmed();
+    QCOMPARE(c.Scalar(u"select count(*) from remisiones where status = ?"_s, {llave}).toInt(), 2);
+    QDirIterator archivos(company->folder(), {llave + u".xml"_s}, QDir::Files,
+                          QDirIterator::Subdirectories);
+    QVERIFY2(archivos.hasNext(), qPrintable(llave));
+    QFile xml(archivos.next());
+    QVERIFY(xml.open(QIODevice::ReadOnly));
+    const QByteArray sellado = xml.readAll();
+    QVERIFY(sellado.contains(" sello=\"") && !sellado.contains(" sello=\"\""));
   }
 };
 
