@@ -8,6 +8,12 @@ namespace ventarix::ventas {
 
 using namespace Qt::StringLiterals;
 
+bool RangoDeNotasConFolios(Connection& c, qint32 numero) {
+  QSqlQuery q =
+      c.Exec(u"select folioinicial, foliofinal from \"folios notas\" where numero = ?"_s, {numero});
+  return q.next() && (q.value(0).toInt() != 0 || q.value(1).toInt() != 0);
+}
+
 std::optional<QString> DeptoDeFactura(Connection& c, const QString& factura) {
   QSqlQuery q = c.Exec(u"select depto from facturas where factura = ?"_s, {factura});
   if (!q.next()) return std::nullopt;

@@ -15,6 +15,9 @@
 // what the save will store, so the clerk can lower or remove rows first.
 namespace ventarix::ventas {
 
+// Whether the credit-note range `numero` has its first and last folio set.
+bool RangoDeNotasConFolios(Connection& c, qint32 numero);
+
 // The invoice's Depto; nothing when no invoice has that key (the row is then free).
 std::optional<QString> DeptoDeFactura(Connection& c, const QString& factura);
 

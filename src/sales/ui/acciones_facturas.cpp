@@ -1,6 +1,7 @@
 #include "sales/ui/acciones_facturas.h"
 
 #include <QMessageBox>
+#include <QTimer>
 
 #include "core/ayuda.h"
 #include "core/ui/abrir_ayuda.h"
@@ -41,6 +42,18 @@ void DatosFiscales(FormaCaptura& forma) {
   captura::Documento d = forma.Capturado();
   Connection c(forma.session().Cadena, Connection::Acceso::kLectura);
   if (c.ok() && ventas::DatosFiscales(forma.session(), c, &d)) forma.Completar(d.encabezado);
+}
+
+void DatosDeNota(FormaCaptura& forma) {
+  DatosFiscales(forma);
+  const qint32 rango = forma.Capturado().encabezado.value(u"egreso"_s).toInt();
+  Connection c(forma.session().Cadena, Connection::Acceso::kLectura);
+  if (c.ok() && !ventas::RangoDeNotasConFolios(c, rango)) {
+    QTimer::singleShot(0, &forma, [&forma] {
+      forma.Avisar(
+          Outcome::Warning(u"Se requiere el registro de folios notas de crédito"_s, u"Ingreso"_s));
+    });
+  }
 }
 
 void FacturarRemisiones(FormaCaptura& forma) {

@@ -9,6 +9,8 @@ namespace ventarix::ventas_ui {
 
 // A new invoice or credit note: the place of issue and the rest its family fills.
 void DatosFiscales(FormaCaptura& forma);
+// The same for a credit note, whose range must have its folios set.
+void DatosDeNota(FormaCaptura& forma);
 // Remisiones: the ticked delivery notes of MDIInicioFacturar fill the invoice.
 void FacturarRemisiones(FormaCaptura& forma);
 // Addenda of a saved invoice: a CFDI invoice must be stamped first.

@@ -124,7 +124,7 @@ const captura_ui::Pantalla& NotasCliente() {
       .con_moneda = true,
       .codigos_libres = true,
       .factura_escrita = FacturaEscrita,
-      .al_abrir = DatosFiscales,
+      .al_abrir = DatosDeNota,
       .ayuda_de_fila = AyudaDeNota,
   };
   return p;

@@ -22,6 +22,7 @@
 #include "sales/ui/captura_prueba.h"
 #include "sales/ui/frm_facturas.h"
 #include "support/empresa_demo.h"
+#include "support/escribir.h"
 #include "support/modal_catcher.h"
 
 using namespace ventarix;
@@ -268,6 +269,19 @@ class TestCapturaFacturas : public QObject {
     QCOMPARE(nota.rejilla()->Texto(0, R::kFactura), descontada);
     testing::SaveShot(&nota, u"frm_notas_cliente_c"_s);
     nota.reject();
+
+    {
+      // A range without its folios is told as the screen opens.
+      Connection c(session.Cadena);
+      QVERIFY(testing::Escribir(
+          c, u"update \"folios notas\" set folioinicial = 0, foliofinal = 0 where numero = ?"_s,
+          {session.FolioNotas}));
+      ModalCatcher catcher;
+      FrmNotasClienteA sin_folios(session, QString());
+      QVERIFY(Mostrar(sin_folios));
+      QTRY_COMPARE(catcher.texts,
+                   QStringList{u"Se requiere el registro de folios notas de crédito"_s});
+    }
 
     FormRegistry registry;
     RegistrarFormularios(registry);
