@@ -53,7 +53,7 @@ bool Leer(const QJsonObject& objeto, const captura::FamiliaCaptura** familia,
   *familia = ventas::FamiliaDeTabla(tabla);
   if (*familia == nullptr) {
     *error = u"Familia desconocida: \""_s + tabla +
-             u"\" (remisiones, cotizaciones, pedidos, facturas, notas cliente)"_s;
+             u"\" (remisiones, cotizaciones, pedidos, cxc, facturas, notas cliente)"_s;
     return false;
   }
   const QString detalles = tabla + u" detalles"_s;

@@ -43,9 +43,11 @@ Outcome RecalcularFactura(const Session& session, Connection& c, const Antes& a)
                  [&] { return mSaldos::RecalcularStatusRemisiones(c, session, a.relacionados); });
 }
 
+// A settle receipt holds invoices of several clients: each of them owes again.
 Outcome RecalcularPago(const Session&, Connection& c, const Antes& a) {
   return EnOrden([&] { return mSaldos::RecalcularSaldosFacturas(c, a.relacionados); },
-                 [&] { return mSaldos::RecalcularSaldoClientes(c, a.socio); });
+                 [&] { return mSaldos::RecalcularSaldoClientes(c, a.socio); },
+                 [&] { return mSaldos::RecalcularSaldoClientesDeFacturas(c, a.relacionados); });
 }
 
 Outcome RecalcularNota(const Session& session, Connection& c, const Antes& a) {

@@ -56,6 +56,9 @@ using CompletarPartida = Outcome (*)(const Session& session, Connection& c, cons
 // Fills what leaving the party's field fills on the screen (agent, credit term, payment data),
 // where the document does not say.
 using CompletarEncabezado = Outcome (*)(const Session& session, Connection& c, Documento* d);
+// Whether a row is written: one that names a product by default; a family whose rows name
+// other documents says which of its rows count.
+using PartidaPresente = bool (*)(const QVariantMap& partida);
 // Totals from the stored rows (the document gives what the header adds: retentions, summary).
 using Totalizar = Outcome (*)(const Session& session, Connection& c, const Documento& d,
                               const QString& llave);
@@ -86,6 +89,14 @@ struct FamiliaCaptura {
   QString Session::*serie;        // default serie: &Session::SerieRemisiones
   const char* status_inicial;     // "POR FACTURAR"
   const char* socio = "cliente";  // the header's party column
+  // Rows name products (code, description, unit, quantity): the row check and the stock
+  // check apply. A receipt's rows name invoices instead.
+  bool productos = true;
+  PartidaPresente presente = nullptr;  // which rows are written; nullptr: those with a code
+  // A change rewrites the rows; without, it rewrites the header and the rows stay as stored.
+  bool cambio_con_partidas = true;
+  bool checar_suspendido = true;  // a suspended client's document is refused
+  const char* mensaje_folio = "Se requiere la entrada de folio mayor a cero";
   // Header columns the document may carry besides the shared ones.
   QStringList columnas;
   // Row columns taken from the document's rows (besides the key, item, fecha, codigo,

@@ -18,6 +18,8 @@ namespace ventarix::captura {
 double Numero(const QVariantMap& valores, const char* columna);
 QString Texto(const QVariantMap& valores, const char* columna);
 bool TieneCodigo(const QVariantMap& partida);
+// Whether the family writes the row.
+bool Presente(const FamiliaCaptura& f, const QVariantMap& partida);
 // What the row arithmetic takes from a row.
 RowInput EntradaDe(const QVariantMap& partida);
 // The document's date, without its time; today's (the server's) when none is given.

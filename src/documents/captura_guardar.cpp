@@ -113,7 +113,7 @@ bool EscribirPartidas(const Session& session, Connection& c, const FamiliaCaptur
   std::optional<QSqlQuery> insert;
   int item = 0;
   for (const QVariantMap& p : d.partidas) {
-    if (!TieneCodigo(p)) continue;
+    if (!Presente(f, p)) continue;
     QVariantMap fila;
     for (auto it = vacia.begin(); it != vacia.end(); ++it) fila.insert(it.key().toLower(), *it);
     fila.insert(QString::fromUtf8(f.llave), llave);
@@ -122,10 +122,12 @@ bool EscribirPartidas(const Session& session, Connection& c, const FamiliaCaptur
     if (TieneColumna(tabla, QString::fromUtf8(f.socio))) {
       fila.insert(QString::fromUtf8(f.socio), static_cast<qint32>(Numero(d.encabezado, f.socio)));
     }
-    fila.insert(u"codigo"_s, Texto(p, "codigo").toUpper());
-    fila.insert(u"descripcion"_s, Texto(p, "descripcion"));
-    fila.insert(u"unidad"_s, Texto(p, "unidad"));
-    fila.insert(u"cantidad"_s, Numero(p, "cantidad"));
+    if (f.productos) {
+      fila.insert(u"codigo"_s, Texto(p, "codigo").toUpper());
+      fila.insert(u"descripcion"_s, Texto(p, "descripcion"));
+      fila.insert(u"unidad"_s, Texto(p, "unidad"));
+      fila.insert(u"cantidad"_s, Numero(p, "cantidad"));
+    }
     for (const QString& columna : f.columnas_partida) {
       if (!TieneColumna(tabla, columna)) continue;
       const QVariant valor = p.value(columna);
@@ -245,7 +247,7 @@ Outcome EscribirCambio(const Session& session, Connection& c, const FamiliaCaptu
                                           -Signo(f.existencias), &error)) {
     return Outcome::Stop(error);
   }
-  if (!mFunciones::BorrarDetalles(c, tabla, columna, d.llave)) {
+  if (f.cambio_con_partidas && !mFunciones::BorrarDetalles(c, tabla, columna, d.llave)) {
     return Outcome::Stop(u"No se pudieron borrar las partidas de "_s + d.llave);
   }
   return Outcome::Ok();
@@ -278,9 +280,10 @@ Guardado GuardarDocumento(const Session& session, Connection& c, const FamiliaCa
   if (f.completar_encabezado) {
     if (Outcome o = f.completar_encabezado(session, c, &d); !o) return {o, {}};
   }
-  if (f.completar) {
+  const bool con_partidas = alta || f.cambio_con_partidas;
+  if (f.completar && con_partidas) {
     for (QVariantMap& p : d.partidas) {
-      if (!TieneCodigo(p)) continue;
+      if (!Presente(f, p)) continue;
       if (Outcome o = f.completar(session, c, d, &p); !o) return {o, {}};
     }
   }
@@ -312,7 +315,8 @@ Guardado GuardarDocumento(const Session& session, Connection& c, const FamiliaCa
     return {o, {}};
   }
   QString error;
-  if (!EscribirPartidas(session, c, f, d, g.llave, g.almacen, &g.fuentes, &error)) {
+  if (con_partidas &&
+      !EscribirPartidas(session, c, f, d, g.llave, g.almacen, &g.fuentes, &error)) {
     return {Outcome::Stop(error), {}};
   }
   if (f.totalizar) {

@@ -34,6 +34,10 @@ QString Texto(const QVariantMap& valores, const char* columna) {
 
 bool TieneCodigo(const QVariantMap& partida) { return !Texto(partida, "codigo").isEmpty(); }
 
+bool Presente(const FamiliaCaptura& f, const QVariantMap& partida) {
+  return f.presente ? f.presente(partida) : TieneCodigo(partida);
+}
+
 RowInput EntradaDe(const QVariantMap& p) {
   return {Numero(p, "cantidad"), Numero(p, "precio"), Numero(p, "dcto"),
           Numero(p, "impuesto"), Numero(p, "costo"),  Numero(p, "com")};

@@ -14,16 +14,16 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-Outcome FolioMayorACero(const Documento& d) {
+Outcome FolioMayorACero(const FamiliaCaptura& f, const Documento& d) {
   if (d.llave.isEmpty() && d.folio_previsto <= 0) {
-    return Outcome::Warning(u"Se requiere la entrada de folio mayor a cero"_s, u"Datos0"_s);
+    return Outcome::Warning(QString::fromUtf8(f.mensaje_folio), u"Datos0"_s);
   }
   return Outcome::Ok();
 }
 
 Outcome ClienteActivo(const Session& session, Connection& c, const FamiliaCaptura& f,
                       const Documento& d) {
-  if (QLatin1String(f.socio) != "cliente"_L1) return Outcome::Ok();
+  if (QLatin1String(f.socio) != "cliente"_L1 || !f.checar_suspendido) return Outcome::Ok();
   const QVariant suspendido =
       c.Scalar(u"select numero from clientes where juridico = 'S' and numero = ?"_s,
                {static_cast<qint32>(Numero(d.encabezado, "cliente"))});
@@ -47,7 +47,7 @@ Outcome DentroDeFecha(const Session& session, Connection& c, const Documento& d,
 
 Outcome HayExistencias(const Session& session, Connection& c, const FamiliaCaptura& f,
                        const Documento& d, bool alta) {
-  if (f.existencias != Existencias::kSalida) return Outcome::Ok();
+  if (f.existencias != Existencias::kSalida || !f.productos) return Outcome::Ok();
   QList<mChecarExistencias::Partida> malla;
   for (const QVariantMap& p : d.partidas) {
     if (TieneCodigo(p)) malla.append({Texto(p, "codigo"), Numero(p, "cantidad")});
@@ -99,13 +99,13 @@ Outcome Revisar(const Session& session, Connection& c, const FamiliaCaptura& f,
   if (f.revisar_credito) {
     if (Outcome o = f.revisar_credito(session, c, d, alta); !o) return o;
   }
-  if (Outcome o = FolioMayorACero(d); !o) return o;
+  if (Outcome o = FolioMayorACero(f, d); !o) return o;
   if (Outcome o = ClienteActivo(session, c, f, d); !o) return o;
   if (f.revisar_campos) {
     if (Outcome o = f.revisar_campos(session, c, d, alta); !o) return o;
   }
   if (Outcome o = DentroDeFecha(session, c, d, alta); !o) return o;
-  if (f.checar_partidas) {
+  if (f.productos && f.checar_partidas) {
     if (Outcome o = ChecarPartidas(d.partidas, f.checar_utilidad, false); !o) return o;
   }
   return HayExistencias(session, c, f, d, alta);

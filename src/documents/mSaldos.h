@@ -68,6 +68,10 @@ Outcome RecalcularSaldosCompras(Connection& connection, const QStringList& clave
 // Balance of one client from its invoices; 0 means every client.
 Outcome RecalcularSaldoClientes(Connection& connection, qint32 numero);
 Outcome RecalcularSaldoProveedores(Connection& connection, qint32 numero);
+// Balances of the clients who own the invoices `facturas`, and of no other client: a receipt
+// that settles invoices of several clients touches each of them. The list of nothing {""}
+// touches none.
+Outcome RecalcularSaldoClientesDeFacturas(Connection& connection, const QStringList& facturas);
 // Delivery notes of the current calendar year (the server's date): 'POR FACTURAR', or the key
 // and hour of the live invoice that holds them. Older notes are never touched.
 Outcome RecalcularStatusRemisiones(Connection& connection, const Session& session,

@@ -10,6 +10,7 @@
 #include "documents/mSaldos.h"
 #include "documents/row_arithmetic.h"
 #include "sales/completar_ventas.h"
+#include "sales/cuentas_por_cobrar.h"
 
 namespace ventarix::ventas {
 
@@ -278,7 +279,7 @@ const captura::FamiliaCaptura& Pedidos() {
 
 const captura::FamiliaCaptura* FamiliaDeTabla(const QString& tabla) {
   for (const captura::FamiliaCaptura* f :
-       {&Remisiones(), &Cotizaciones(), &Pedidos(), &Facturas(), &NotasCliente()}) {
+       {&Remisiones(), &Cotizaciones(), &Pedidos(), &CxC(), &Facturas(), &NotasCliente()}) {
     if (tabla.compare(QString::fromUtf8(f->tabla), Qt::CaseInsensitive) == 0) return f;
   }
   return nullptr;

@@ -16,8 +16,9 @@ void Mover(QDialog* forma, bool adelante) {
   QWidget* siguiente = actual;
   do {
     siguiente = adelante ? siguiente->nextInFocusChain() : siguiente->previousInFocusChain();
+    // A field's own parts (the text of a date picker) hand the focus back to the field.
     if (siguiente->isVisible() && siguiente->isEnabled() && forma->isAncestorOf(siguiente) &&
-        (siguiente->focusPolicy() & Qt::TabFocus) != 0) {
+        !actual->isAncestorOf(siguiente) && (siguiente->focusPolicy() & Qt::TabFocus) != 0) {
       siguiente->setFocus(adelante ? Qt::TabFocusReason : Qt::BacktabFocusReason);
       return;
     }

@@ -12,19 +12,17 @@
 #include <QTimer>
 #include <QVBoxLayout>
 
-#include "core/browse_families.h"
 #include "core/dialect.h"
-#include "core/mBrowse.h"
 #include "core/mFunciones.h"
 #include "core/mFunciones_valores.h"
 #include "core/ui/abrir_ayuda.h"
 #include "core/ui/campo_captura.h"
 #include "core/ui/campo_catalogo.h"
-#include "core/ui/mdi_inicio_autorizacion.h"
 #include "core/ui/message_box.h"
 #include "core/ui/pestanas.h"
 #include "core/ui/teclas_captura.h"
 #include "documents/captura_partida.h"
+#include "documents/ui/autorizar_captura.h"
 #include "documents/ui/rejilla_captura.h"
 
 namespace ventarix {
@@ -504,25 +502,7 @@ void FormaCaptura::Guardar() {
 // The last check before writing: the security lines of the family's view for adding (1) or
 // changing (3) may ask the user's or the manager's password.
 bool FormaCaptura::Autorizado() {
-  const auto& familias = mBrowse::Familias();
-  const auto familia = std::find_if(familias.begin(), familias.end(), [this](const auto& f) {
-    return f.alta != nullptr && qstrcmp(f.alta, pantalla_.alta) == 0;
-  });
-  if (familia == familias.end()) return true;
-  const mBrowse::VistaCargada cargada =
-      mBrowse::ObtenerVista(session_, QString::fromUtf8(familia->titulo),
-                            familia->sentencia ? QString::fromUtf8(familia->sentencia) : QString());
-  if (!cargada.outcome) {
-    Avisar(cargada.outcome);
-    return false;
-  }
-  for (const mBrowse::Prompt& prompt :
-       mBrowse::PromptsDeBoton(session_, cargada.vista.Seguridad, cambio_ ? 3 : 1)) {
-    if (!MDIInicioAutorizacion::Autorizar(session_, prompt.titulo, prompt.claves, this)) {
-      return false;
-    }
-  }
-  return true;
+  return AutorizarCaptura(session_, pantalla_.alta, cambio_, this);
 }
 
 // The clerk starts on the client, also when the screen opens over another window.
