@@ -12,6 +12,7 @@
 #include "edocs/ui/rpt_informe.h"
 #include "maintenance/ui/mdi_inicio_manto.h"
 #include "sales/ui/cxc_registro.h"
+#include "sales/ui/frm_facturas.h"
 #include "sales/ui/frm_ventas.h"
 
 namespace ventarix {
@@ -28,6 +29,7 @@ void RegistrarFormularios(FormRegistry& registry) {
   RegistrarFolios(registry);
   RegistrarInformeSat(registry);
   RegistrarVentas(registry);
+  RegistrarFacturas(registry);
   RegistrarCuentasPorCobrar(registry);
 }
 

@@ -6,6 +6,8 @@
 #include <QString>
 #include <QStyle>
 
+class QWidget;
+
 namespace ventarix {
 
 class Navegador;
@@ -26,6 +28,9 @@ struct AccionExtra {
 struct ExtrasNavegador {
   std::vector<AccionExtra> acciones;
   QString baja;  // the screen Cancelar opens; empty: MDIInicioBajas
+  // A panel beside the grid that follows the current row (an invoice's payments and credit
+  // notes); none when empty.
+  std::function<QWidget*(Navegador& navegador)> panel;
 };
 
 }  // namespace ventarix

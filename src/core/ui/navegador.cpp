@@ -9,6 +9,7 @@
 #include <QRandomGenerator>
 #include <QScrollBar>
 #include <QSettings>
+#include <QSplitter>
 #include <QTableView>
 #include <QToolBar>
 #include <QVBoxLayout>
@@ -107,7 +108,16 @@ Navegador::Navegador(Session& session, const mBrowse::Familia& familia,
   layout->setContentsMargins(0, 0, 0, 0);
   layout->setSpacing(0);
   layout->addWidget(barra_);
-  layout->addWidget(fg1_, 1);
+  if (extras_.panel) {
+    auto* lado = new QSplitter(this);
+    lado->addWidget(fg1_);
+    lado->addWidget(extras_.panel(*this));
+    lado->setStretchFactor(0, 3);
+    lado->setStretchFactor(1, 1);
+    layout->addWidget(lado, 1);
+  } else {
+    layout->addWidget(fg1_, 1);
+  }
   layout->addWidget(estado_);
   resize(900, 520);
   CargarVista();

@@ -47,7 +47,11 @@ FormaCaptura::FormaCaptura(Session& session, const captura_ui::Pantalla& pantall
     : QDialog(parent), session_(session), pantalla_(pantalla), cambio_(cambio) {
   setObjectName(QLatin1String(cambio ? pantalla.cambio : pantalla.alta));
   setWindowTitle(QString::fromUtf8(pantalla.titulo) + (cambio ? u" - CAMBIOS"_s : u" - ALTAS"_s));
-  fg1_ = new RejillaCaptura(pantalla.con_surtir, this);
+  fg1_ = new RejillaCaptura({.con_surtir = pantalla.con_surtir,
+                             .con_factura = pantalla.con_factura,
+                             .fuente = pantalla.fuente,
+                             .titulo_fuente = pantalla.titulo_fuente},
+                            this);
   tabs_ = new Pestanas(this);
   tabs_->addTab(fg1_, u"Partidas"_s);
   if (std::any_of(pantalla.datos.begin(), pantalla.datos.end(),
@@ -69,6 +73,7 @@ FormaCaptura::FormaCaptura(Session& session, const captura_ui::Pantalla& pantall
   pie->addWidget(Botones());
   auto* layout = new QVBoxLayout(this);
   layout->addWidget(Encabezado());
+  if (QWidget* fiscales = DatosFiscales()) layout->addWidget(fiscales);
   layout->addWidget(tabs_, 1);
   layout->addWidget(Totales());
   layout->addLayout(pie);
@@ -79,6 +84,7 @@ FormaCaptura::FormaCaptura(Session& session, const captura_ui::Pantalla& pantall
     Cargar(llave);
   } else {
     Nuevo();
+    if (pantalla_.al_abrir != nullptr) pantalla_.al_abrir(*this);
   }
   vigente_ = fg1_->Partidas();
   if (QWidget* cliente = datos_.value(1)) cliente->setFocus();
@@ -103,7 +109,13 @@ QWidget* FormaCaptura::CrearDato(const Dato& dato, QWidget* padre) {
     widget = numero;
   } else {
     campo = new CampoCaptura(session_, padre);
-    if (dato.campo == Campo::kNumero) {
+    if (dato.campo == Campo::kRetencion) {
+      connect(campo, &CampoCaptura::Ayuda, this, [this, i = dato.indice] { PedirRetencion(i); });
+      connect(campo, &CampoCaptura::Dejado, this, &FormaCaptura::RecalcularPantalla);
+    } else if (dato.campo == Campo::kResumen) {
+      campo->installEventFilter(this);
+    }
+    if (dato.campo == Campo::kNumero || dato.campo == Campo::kRetencion) {
       campo->setAlignment(Qt::AlignRight);
       campo->setMaximumWidth(campo->fontMetrics().horizontalAdvance(u"000000000000"_s));
     } else {
@@ -287,11 +299,12 @@ void FormaCaptura::Conectar() {
 }
 
 void FormaCaptura::Nuevo() {
-  const QString serie = (session_.*pantalla_.familia.serie).trimmed().toUpper();
-  serie_->setText(serie.isEmpty() ? u"A"_s : serie);
   fecha_->setDate(QDate::currentDate());
   status_->setText(QString::fromUtf8(pantalla_.familia.status_inicial));
   almacen_ = qBound(1, session_.Tienda, 5);
+  if (pantalla_.rango != nullptr) return PonerRango(0);
+  const QString serie = (session_.*pantalla_.familia.serie).trimmed().toUpper();
+  serie_->setText(serie.isEmpty() ? u"A"_s : serie);
   const qint32 folio =
       mFunciones::NumeroSiguiente(session_, u"folio"_s, QString::fromUtf8(pantalla_.familia.tabla),
                                   u"where serie = ?"_s, {serie_->text()});
@@ -310,6 +323,7 @@ void FormaCaptura::Cargar(const QString& llave) {
     return;
   }
   const QVariantMap& e = leido.documento.encabezado;
+  leido_ = e;
   cargando_ = true;
   serie_->setText(e.value(u"serie"_s).toString());
   fecha_->setDate(dialect::ReadDate(e.value(u"fecha"_s)).date());
@@ -321,12 +335,13 @@ void FormaCaptura::Cargar(const QString& llave) {
     const QVariant valor = e.value(QString::fromUtf8(dato.columna));
     if (auto* numero = qobject_cast<CampoCatalogo*>(datos_.value(dato.indice))) {
       numero->setNumero(valor.toInt());
-    } else if (dato.campo == Campo::kNumero) {
+    } else if (dato.campo == Campo::kNumero || dato.campo == Campo::kRetencion) {
       PonerTexto(dato.indice, QString::number(valor.toDouble()));
     } else {
       PonerTexto(dato.indice, valor.toString().trimmed());
     }
   }
+  CargarFiscales(e);
   cargando_ = false;
   almacen_ = e.value(u"tienda"_s).toInt() > 0 ? e.value(u"tienda"_s).toInt() : session_.Tienda;
   std::vector<QVariantMap> partidas = leido.documento.partidas;
@@ -336,7 +351,7 @@ void FormaCaptura::Cargar(const QString& llave) {
   // An invoiced or cancelled document opens for viewing.
   const bool modificable = leido.modificable && Texto(0).toInt() > 0 && Cliente() > 0;
   guardar_->setEnabled(modificable);
-  fg1_->setSoloLectura(!modificable);
+  fg1_->setSoloLectura(!modificable || Depto() == u"PRODUCTOS"_s);
 }
 
 void FormaCaptura::ClienteLeido(const RowValues& cliente) {
@@ -394,10 +409,12 @@ captura::Documento FormaCaptura::Capturado() const {
   for (const Dato& dato : pantalla_.datos) {
     if (dato.indice == 0) continue;
     const QString texto = Texto(dato.indice).trimmed();
-    d.encabezado.insert(
-        QString::fromUtf8(dato.columna),
-        dato.campo == Campo::kTexto ? QVariant(texto) : QVariant(mFunciones::ValorNumerico(texto)));
+    d.encabezado.insert(QString::fromUtf8(dato.columna),
+                        dato.campo == Campo::kTexto || dato.campo == Campo::kResumen
+                            ? QVariant(texto)
+                            : QVariant(mFunciones::ValorNumerico(texto)));
   }
+  CapturarFiscales(&d);
   d.encabezado.insert(u"fecha"_s, QDateTime(fecha_->date(), QTime(0, 0)));
   d.encabezado.insert(u"tipo"_s, tipo_->currentText());
   d.partidas = fg1_->Partidas();
@@ -413,24 +430,30 @@ void FormaCaptura::RecalcularPantalla() {
   for (const auto& [nombre, valor] : valores) {
     totales_.value(QLatin1String(nombre))->setText(Dinero(valor));
   }
+  // What is withheld comes off the total.
+  totales_.value(u"Total"_s)->setText(Dinero(sumas_.total - Retenciones()));
   if (pantalla_.credito != nullptr) pantalla_.credito(*this);
 }
 
 void FormaCaptura::MostrarCredito(double saldo, double credito, const QString& aviso) {
   totales_.value(u"Saldo"_s)->setText(Dinero(saldo));
   totales_.value(u"Credito"_s)->setText(Dinero(credito));
+  // 500 milliseconds to flash, 0 to stop.
+  Destellar(aviso);
+}
+
+bool FormaCaptura::Destellando() const { return timer_->isActive(); }
+
+void FormaCaptura::Destellar(const QString& aviso) {
   aviso_ = aviso;
   msg1_->setStyleSheet(u"color: rgb(255, 0, 0);"_s);
   msg1_->setText(aviso);
-  // 500 milliseconds to flash, 0 to stop.
   if (aviso.isEmpty()) {
     timer_->stop();
   } else if (!timer_->isActive()) {
     timer_->start(500);
   }
 }
-
-bool FormaCaptura::Destellando() const { return timer_->isActive(); }
 
 void FormaCaptura::Avisar(const Outcome& outcome) {
   QWidget* campo = findChild<QWidget*>(outcome.field);
@@ -448,7 +471,11 @@ void FormaCaptura::Guardar() {
   tabs_->setCurrentIndex(0);
   fg1_->TerminarEdicion();
   // While the credit warning flashes the document can't be saved.
-  if (Destellando()) return Avisar(Outcome::Warning(aviso_, u"Msg1"_s));
+  if (pantalla_.credito != nullptr && Destellando()) {
+    return Avisar(Outcome::Warning(aviso_, u"Msg1"_s));
+  }
+  // A message of the pipeline stands until the next try.
+  if (pantalla_.credito == nullptr) Destellar(QString());
   const captura::Documento documento = Capturado();
   if (Outcome revisado = captura::RevisarDocumento(session_, pantalla_.familia, documento);
       !revisado) {
@@ -464,7 +491,10 @@ void FormaCaptura::Guardar() {
   if (!Autorizado()) return;
   const captura::Guardado guardado =
       captura::GuardarDocumento(session_, pantalla_.familia, documento);
-  if (!guardado.outcome) return Avisar(guardado.outcome);
+  if (!guardado.outcome) {
+    if (guardado.outcome.field == u"Msg1"_s) Destellar(guardado.outcome.message);
+    return Avisar(guardado.outcome);
+  }
   guardada_ = guardado.llave;
   accept();
 }

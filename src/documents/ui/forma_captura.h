@@ -55,6 +55,15 @@ class FormaCaptura : public QDialog, public LlaveGuardada {
   double SaldoDelCliente() const { return saldo_cliente_; }
   double CreditoDelCliente() const { return credito_cliente_; }
   DocumentSums Sumas() const { return sumas_; }
+  // The header as the change screen read it ("uuid", "esquema" ...); empty on a new document.
+  const QVariantMap& Leido() const { return leido_; }
+  // "LIBRE" or "PRODUCTOS" where the family has a Depto; empty otherwise.
+  QString Depto() const;
+  // A document made elsewhere (delivery notes to invoice): the header fields it names, its
+  // rows and its Depto; "PRODUCTOS" locks the client and the rows.
+  void PonerDocumento(const captura::Documento& documento);
+  // The header fields the document names that are still empty on the screen.
+  void Completar(const QVariantMap& encabezado);
 
   // Rows brought in (from an order, a quotation or a paste) from the row `desde` down, each
   // passing the stock warning.
@@ -67,6 +76,8 @@ class FormaCaptura : public QDialog, public LlaveGuardada {
   // The balance and limit shown, and the warning flashing in Msg1 (empty text: none).
   void MostrarCredito(double saldo, double credito, const QString& aviso);
   bool Destellando() const;
+  // A step of the electronic pipeline that failed: its message flashes in Msg1.
+  void Destellar(const QString& aviso);
 
   // One message box, with the focus on the field named by the outcome and its tab shown.
   void Avisar(const Outcome& outcome);
@@ -74,12 +85,23 @@ class FormaCaptura : public QDialog, public LlaveGuardada {
  protected:
   void keyPressEvent(QKeyEvent* event) override;
   void showEvent(QShowEvent* event) override;
+  bool eventFilter(QObject* objeto, QEvent* event) override;
 
  private:
   QWidget* CrearDato(const captura_ui::Dato& dato, QWidget* padre);
   QWidget* Encabezado();
   QWidget* PaginaDeDatos(int pagina);
   QWidget* Totales();
+  QWidget* DatosFiscales();
+  void PonerRango(qint32 numero);
+  void ElegirRango();
+  void MonedaElegida();
+  void PonerDepto(const QString& depto);
+  void CargarFiscales(const QVariantMap& encabezado);
+  void CapturarFiscales(captura::Documento* d) const;
+  void PedirRetencion(int indice);
+  void EditarResumen(int indice);
+  double Retenciones() const;
   QWidget* Botones();
   void Conectar();
   void Cargar(const QString& llave);
@@ -107,6 +129,14 @@ class FormaCaptura : public QDialog, public LlaveGuardada {
   QString guardada_;
   int almacen_ = 1;
   QLabel* serie_;
+  QLabel* ingreso_ = nullptr;
+  QLabel* esquema_ = nullptr;
+  QLabel* depto_ = nullptr;
+  QComboBox* moneda_ = nullptr;
+  QLabel* etiqueta_cambio_ = nullptr;
+  CampoCaptura* tipo_cambio_ = nullptr;
+  QComboBox* forma_de_pago_ = nullptr;
+  QVariantMap leido_;
   QDateEdit* fecha_;
   QComboBox* tipo_;
   QLabel* status_;

@@ -29,7 +29,9 @@ bool EsEncabezado(const QString& celda) {
 void FormaCaptura::CeldaEscrita(int fila, int columna) {
   if (fila < 0 || fila >= fg1_->rowCount()) return;
   const R::Columna contenido = fg1_->Contenido(columna);
-  if (contenido == R::kCodigo) {
+  if (contenido == R::kFactura) {
+    if (pantalla_.factura_escrita != nullptr) pantalla_.factura_escrita(*this, fila);
+  } else if (contenido == R::kCodigo) {
     CodigoEscrito(fila);
   } else if (fg1_->Codigo(fila).isEmpty()) {
     // Typed only on a row with a code.
@@ -54,6 +56,14 @@ void FormaCaptura::CodigoEscrito(int fila) {
   const double cantidad = fg1_->Numero(fila, R::kCantidad);
   const captura::PartidaHallada hallada = captura::BuscarPartida(
       session_, pantalla_.familia, Capturado(), codigo, cantidad > 0 ? cantidad : 1);
+  if (!hallada.existe && pantalla_.codigos_libres) {
+    // Kept as typed; a row with no unit yet takes "PIEZA".
+    QVariantMap libre{{u"codigo"_s, codigo}};
+    if (fg1_->Texto(fila, R::kUnidad).isEmpty()) libre.insert(u"unidad"_s, u"PIEZA"_s);
+    if (cantidad <= 0) libre.insert(u"cantidad"_s, 1.0);
+    fg1_->PonerPartida(fila, libre);
+    return;
+  }
   if (!hallada.existe) {
     fg1_->VaciarFila(fila);
     const auto respuesta =
@@ -74,7 +84,10 @@ void FormaCaptura::CodigoEscrito(int fila) {
   }
   if (!hallada.outcome) return Avisar(hallada.outcome);
   QVariantMap partida = hallada.partida;
-  partida.insert(u"pedido"_s, fg1_->Partida(fila).value(u"pedido"_s));
+  if (pantalla_.fuente != nullptr) {
+    const QString fuente = QString::fromUtf8(pantalla_.fuente);
+    partida.insert(fuente, fg1_->Partida(fila).value(fuente));
+  }
   fg1_->PonerPartida(fila, partida);
   ChecarExistencia(fila);
 }
@@ -96,6 +109,7 @@ bool FormaCaptura::ChecarExistencia(int fila) {
 // From the current row down: a heading row is dropped, a code of up to 20 characters is
 // looked up with the quantity of its column, anything else is dropped.
 void FormaCaptura::Pegar(const QList<QStringList>& filas, int desde) {
+  if (pantalla_.con_depto && Depto() != u"LIBRE"_s) return;
   const int cantidad_en = fg1_->Col(R::kCantidad) - 1;
   std::vector<QVariantMap> partidas;
   const captura::Documento documento = Capturado();
@@ -138,6 +152,7 @@ void FormaCaptura::CambiarPartidas(const std::vector<QVariantMap>& partidas) {
 
 // F1: the price list on the price, the product look-up anywhere else.
 void FormaCaptura::AyudaDeRejilla(int fila, int columna) {
+  if (pantalla_.ayuda_de_fila != nullptr && pantalla_.ayuda_de_fila(*this, fila, columna)) return;
   if (fg1_->Contenido(columna) == R::kPrecio) {
     if (pantalla_.lista_de_precios != nullptr && !fg1_->Codigo(fila).isEmpty()) {
       pantalla_.lista_de_precios(*this, fila);

@@ -34,6 +34,8 @@ struct Definicion {
 // By Columna, in order.
 const Definicion kDefiniciones[] = {
     {"#", "item", 3, 0, true},
+    {"Factura", "factura", 10, 20, false},
+    {"Depto", "depto", 10, 0, false},
     {"Código", "codigo", 12, 20, false},
     {"Descripción", "descripcion", 30, 250, false},
     {"Uda", "unidad", 5, 5, false},
@@ -139,16 +141,21 @@ class DelegadoCaptura : public QStyledItemDelegate {
 
 }  // namespace
 
-RejillaCaptura::RejillaCaptura(bool con_surtir, QWidget* parent) : QTableWidget(parent) {
+RejillaCaptura::RejillaCaptura(const Forma& forma, QWidget* parent)
+    : QTableWidget(parent), fuente_(forma.fuente ? QString::fromUtf8(forma.fuente) : QString()) {
   setObjectName(u"Fg1"_s);
   for (int c = kItem; c <= kPedido; ++c) {
-    if (c != kSurtir || con_surtir) columnas_.append(static_cast<Columna>(c));
+    if (c == kSurtir && !forma.con_surtir) continue;
+    if ((c == kFactura || c == kDepto) && !forma.con_factura) continue;
+    if (c == kPedido && forma.fuente == nullptr) continue;
+    columnas_.append(static_cast<Columna>(c));
   }
   setColumnCount(static_cast<int>(columnas_.size()));
   QStringList titulos;
   const int letra = fontMetrics().averageCharWidth();
   for (int col = 0; col < columnCount(); ++col) {
-    titulos << QString::fromUtf8(De(columnas_[col]).titulo);
+    titulos << (columnas_[col] == kPedido ? QString::fromUtf8(forma.titulo_fuente)
+                                          : QString::fromUtf8(De(columnas_[col]).titulo));
     setColumnWidth(col, (De(columnas_[col]).ancho + 2) * letra);
   }
   setHorizontalHeaderLabels(titulos);
@@ -165,6 +172,10 @@ RejillaCaptura::RejillaCaptura(bool con_surtir, QWidget* parent) : QTableWidget(
 
 bool RejillaCaptura::Editable(int col) const {
   return !solo_lectura_ && De(Contenido(col)).longitud > 0;
+}
+
+QString RejillaCaptura::Nombre(int col) const {
+  return Contenido(col) == kPedido ? fuente_ : QString::fromUtf8(De(Contenido(col)).nombre);
 }
 
 QTableWidgetItem* RejillaCaptura::Celda(int fila, int col) {
@@ -200,6 +211,12 @@ QString RejillaCaptura::Codigo(int fila) const {
   return celda != nullptr ? celda->data(Qt::EditRole).toString().trimmed() : QString();
 }
 
+QString RejillaCaptura::Texto(int fila, Columna columna) const {
+  const int col = Col(columna);
+  const QTableWidgetItem* celda = col >= 0 ? item(fila, col) : nullptr;
+  return celda != nullptr ? celda->data(Qt::EditRole).toString().trimmed() : QString();
+}
+
 double RejillaCaptura::Numero(int fila, Columna columna) const {
   const int col = Col(columna);
   const QTableWidgetItem* celda = col >= 0 ? item(fila, col) : nullptr;
@@ -219,7 +236,7 @@ QVariantMap RejillaCaptura::Partida(int fila) const {
     const QTableWidgetItem* celda = item(fila, col);
     const Definicion& d = De(Contenido(col));
     const QVariant valor = celda != nullptr ? celda->data(Qt::EditRole) : QVariant();
-    partida.insert(QString::fromUtf8(d.nombre),
+    partida.insert(Nombre(col),
                    d.numero ? QVariant(valor.toDouble()) : QVariant(valor.toString().trimmed()));
   }
   // A note's quantity is what an order's row has still to deliver.
@@ -239,7 +256,7 @@ void RejillaCaptura::PonerPartida(int fila, const QVariantMap& partida) {
   const QSignalBlocker bloqueo(this);
   for (int col = 1; col < columnCount(); ++col) {
     const Definicion& d = De(Contenido(col));
-    const QString nombre = QString::fromUtf8(d.nombre);
+    const QString nombre = Nombre(col);
     if (!partida.contains(nombre)) continue;
     const QVariant valor = partida.value(nombre);
     Celda(fila, col)->setData(
@@ -301,8 +318,10 @@ void RejillaCaptura::TerminarEdicion() {
 void RejillaCaptura::Avanzar(int fila, int columna) {
   const Columna contenido = Contenido(columna);
   int siguiente_fila = fila;
-  Columna siguiente = kCodigo;
-  if (contenido == kCodigo && !Codigo(fila).isEmpty()) {
+  Columna siguiente = Primera();
+  if (contenido == kFactura) {
+    siguiente = Texto(fila, kFactura).isEmpty() ? kFactura : kCodigo;
+  } else if (contenido == kCodigo && !Codigo(fila).isEmpty()) {
     siguiente = kCantidad;
   } else if (contenido == kCantidad) {
     siguiente = kPrecio;
@@ -349,7 +368,7 @@ void RejillaCaptura::commitData(QWidget* editor) {
 void RejillaCaptura::focusInEvent(QFocusEvent* event) {
   QTableWidget::focusInEvent(event);
   if (!currentIndex().isValid() || currentColumn() == Col(kItem)) {
-    setCurrentCell(qMax(0, currentRow()), Col(kCodigo));
+    setCurrentCell(qMax(0, currentRow()), Col(Primera()));
   }
 }
 
@@ -383,16 +402,16 @@ void RejillaCaptura::keyPressEvent(QKeyEvent* event) {
       if (solo_lectura_) return;
       insertRow(qMax(0, fila));
       NumerarFilas();
-      setCurrentCell(qMax(0, fila), Col(kCodigo));
+      setCurrentCell(qMax(0, fila), Col(Primera()));
       emit Modificada();
       return;
     case Qt::Key_Delete:
       if (solo_lectura_ || fila < 0) return;
-      if (col == Col(kCodigo)) {
+      if (col == Col(Primera())) {
         removeRow(fila);
         if (rowCount() == 0) setRowCount(1);
         NumerarFilas();
-        setCurrentCell(qMin(fila, rowCount() - 1), Col(kCodigo));
+        setCurrentCell(qMin(fila, rowCount() - 1), Col(Primera()));
       } else {
         VaciarFila(fila);
       }

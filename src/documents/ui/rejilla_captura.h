@@ -25,6 +25,8 @@ class RejillaCaptura : public QTableWidget {
  public:
   enum Columna {
     kItem,
+    kFactura,
+    kDepto,
     kCodigo,
     kDescripcion,
     kUnidad,
@@ -47,11 +49,21 @@ class RejillaCaptura : public QTableWidget {
     kPedido
   };
 
-  RejillaCaptura(bool con_surtir, QWidget* parent = nullptr);
+  // The columns a family's grid shows beyond the common ones.
+  struct Forma {
+    bool con_surtir = false;        // an order's Surtir ahead of the quantity
+    bool con_factura = false;       // a credit note's invoice key and its Depto ahead of the code
+    const char* fuente = "pedido";  // the row column of the source document; nullptr: none
+    const char* titulo_fuente = "Pedido";  // and its heading
+  };
+
+  RejillaCaptura(const Forma& forma, QWidget* parent = nullptr);
 
   // The grid column of a content, or -1 when this grid has none (Surtir on a note).
   int Col(Columna columna) const { return static_cast<int>(columnas_.indexOf(columna)); }
   Columna Contenido(int col) const { return columnas_.value(col, kItem); }
+  // The first column a clerk types in: the invoice key of a credit note, else the code.
+  Columna Primera() const { return Col(kFactura) >= 0 ? kFactura : kCodigo; }
 
   // Every row, by the detail table's column names, plus "existencia".
   std::vector<QVariantMap> Partidas() const;
@@ -61,6 +73,7 @@ class RejillaCaptura : public QTableWidget {
   void PonerPartidas(const std::vector<QVariantMap>& partidas);
   void VaciarFila(int fila);
   QString Codigo(int fila) const;
+  QString Texto(int fila, Columna columna) const;
   double Numero(int fila, Columna columna) const;
   void PonerNumero(int fila, Columna columna, double valor);
 
@@ -96,8 +109,10 @@ class RejillaCaptura : public QTableWidget {
   void NumerarFilas();
   QTableWidgetItem* Celda(int fila, int col);
   bool Editable(int col) const;
+  QString Nombre(int col) const;
 
   QList<Columna> columnas_;
+  QString fuente_;
   bool solo_lectura_ = false;
 };
 

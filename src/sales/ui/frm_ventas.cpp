@@ -18,26 +18,13 @@ FrmPedidosA::FrmPedidosA(Session& session, const QString& llave, QWidget* parent
 FrmPedidosC::FrmPedidosC(Session& session, const QString& llave, QWidget* parent)
     : FormaCaptura(session, ventas_ui::Pedidos(), true, llave, parent) {}
 
-namespace {
-
-// Each screen opens the document whose key it is given (none for a new one) and tells the
-// browser, through LlaveGuardada, the one it saved.
-template <typename Forma>
-void Agregar(FormRegistry& registry, const char* nombre) {
-  registry.Add(QLatin1String(nombre), [](Session& session, const QString& llave) -> QWidget* {
-    return new Forma(session, llave);
-  });
-}
-
-}  // namespace
-
 void RegistrarVentas(FormRegistry& registry) {
-  Agregar<FrmRemisionesA>(registry, "FrmRemisionesA");
-  Agregar<FrmRemisionesC>(registry, "FrmRemisionesC");
-  Agregar<FrmCotizacionesA>(registry, "FrmCotizacionesA");
-  Agregar<FrmCotizacionesC>(registry, "FrmCotizacionesC");
-  Agregar<FrmPedidosA>(registry, "FrmPedidosA");
-  Agregar<FrmPedidosC>(registry, "FrmPedidosC");
+  AgregarCaptura<FrmRemisionesA>(registry, "FrmRemisionesA");
+  AgregarCaptura<FrmRemisionesC>(registry, "FrmRemisionesC");
+  AgregarCaptura<FrmCotizacionesA>(registry, "FrmCotizacionesA");
+  AgregarCaptura<FrmCotizacionesC>(registry, "FrmCotizacionesC");
+  AgregarCaptura<FrmPedidosA>(registry, "FrmPedidosA");
+  AgregarCaptura<FrmPedidosC>(registry, "FrmPedidosC");
 }
 
 }  // namespace ventarix

@@ -38,4 +38,13 @@ class FrmPedidosC : public FormaCaptura {
 class FormRegistry;
 void RegistrarVentas(FormRegistry& registry);
 
+// Each screen opens the document whose key it is given (none for a new one) and tells the
+// browser, through LlaveGuardada, the one it saved. `registry` is a FormRegistry.
+template <typename Forma, typename Registro>
+void AgregarCaptura(Registro& registry, const char* nombre) {
+  registry.Add(QLatin1String(nombre), [](Session& session, const QString& llave) -> QWidget* {
+    return new Forma(session, llave);
+  });
+}
+
 }  // namespace ventarix

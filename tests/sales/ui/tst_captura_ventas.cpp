@@ -22,44 +22,24 @@
 #include "core/ui/mdi_inicio.h"
 #include "core/ui/navegador.h"
 #include "documents/ui/rejilla_captura.h"
+#include "sales/ui/captura_prueba.h"
 #include "sales/ui/frm_ventas.h"
 #include "support/empresa_demo.h"
 #include "support/modal_catcher.h"
 
 using namespace ventarix;
 using namespace Qt::StringLiterals;
+using ventarix::testing::AlAbrirse;
+using ventarix::testing::Capturar;
+using ventarix::testing::EnCelda;
+using ventarix::testing::Foco;
 using ventarix::testing::Guardar;
 using ventarix::testing::ModalCatcher;
 using ventarix::testing::Mostrar;
+using ventarix::testing::Valor;
 using R = RejillaCaptura;
 
 namespace {
-
-QWidget* Foco() { return QApplication::focusWidget(); }
-
-// Types each value into the field that has the focus and presses Enter.
-void Capturar(const QStringList& valores) {
-  for (const QString& valor : valores) {
-    QVERIFY2(Foco() != nullptr, qPrintable(valor));
-    QTest::keyClicks(Foco(), valor);
-    QTest::keyClick(Foco(), Qt::Key_Return);
-  }
-}
-
-// The first key opens the cell, the rest go to its editor, Enter writes it and moves on.
-void EnCelda(R* grid, const QString& texto) {
-  QTest::keyClicks(grid, texto.left(1));
-  QVERIFY2(Foco() != nullptr, qPrintable(texto));
-  QTest::keyClicks(Foco(), texto.mid(1));
-  QTest::keyClick(Foco(), Qt::Key_Return);
-  QCoreApplication::processEvents();
-  QCoreApplication::processEvents();
-}
-
-QVariant Valor(const Session& s, const QString& sentencia, const QVariantList& valores = {}) {
-  Connection c(s.Cadena);
-  return c.Scalar(sentencia, valores);
-}
 
 double Existencia(const Session& s, const QString& codigo) {
   return Valor(s, u"select almacen1 from productos where codigo = ?"_s, {codigo}).toDouble();
@@ -67,20 +47,6 @@ double Existencia(const Session& s, const QString& codigo) {
 
 QString Etiqueta(const QWidget& forma, const QString& nombre) {
   return forma.findChild<QLabel*>(nombre)->text();
-}
-
-// Runs `paso` on the next modal window once it is up (a screen opened by a key).
-template <typename Paso>
-void AlAbrirse(Paso paso) {
-  QTimer::singleShot(0, [paso] {
-    QWidget* modal = QApplication::activeModalWidget();
-    QVERIFY(modal != nullptr);
-    QVERIFY(QTest::qWaitForWindowActive(modal));
-    QTRY_VERIFY(QApplication::focusWidget() != nullptr && modal->isAncestorOf(Foco()));
-    paso(modal);
-    // A failed step leaves the screen: the key that opened it returns.
-    if (QTest::currentTestFailed()) modal->close();
-  });
 }
 
 // Runs `paso` on the modal window named `nombre` as soon as it is up, whatever opens first.
