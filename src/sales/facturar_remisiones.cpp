@@ -64,8 +64,10 @@ Outcome DocumentoDeRemisiones(Connection& c, const QStringList& remisiones,
   }
   factura->encabezado.insert(u"depto"_s, u"PRODUCTOS"_s);
   factura->partidas.clear();
-  // In the order the notes were ticked, each note's rows by item.
-  for (const QString& remision : remisiones) {
+  // The rows of all the notes by note key, then by item; the header is the first ticked one's.
+  QStringList por_llave = remisiones;
+  por_llave.sort();
+  for (const QString& remision : por_llave) {
     QSqlQuery q = c.Exec(u"select "_s + Columnas(kPartidaDeRemision) +
                              u" from \"remisiones detalles\" where remision = ? order by item"_s,
                          {remision});
