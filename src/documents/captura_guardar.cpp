@@ -315,8 +315,7 @@ Guardado GuardarDocumento(const Session& session, Connection& c, const FamiliaCa
     return {o, {}};
   }
   QString error;
-  if (con_partidas &&
-      !EscribirPartidas(session, c, f, d, g.llave, g.almacen, &g.fuentes, &error)) {
+  if (con_partidas && !EscribirPartidas(session, c, f, d, g.llave, g.almacen, &g.fuentes, &error)) {
     return {Outcome::Stop(error), {}};
   }
   if (f.totalizar) {
