@@ -45,8 +45,7 @@ Outcome RecalcularFactura(const Session& session, Connection& c, const Antes& a)
 
 // A settle receipt holds invoices of several clients: each of them owes again.
 Outcome RecalcularPago(const Session&, Connection& c, const Antes& a) {
-  return EnOrden([&] { return mSaldos::RecalcularSaldosFacturas(c, a.relacionados); },
-                 [&] { return mSaldos::RecalcularSaldoClientes(c, a.socio); },
+  return EnOrden([&] { return mSaldos::RecalcularSaldosFacturas(c, a.relacionados, {a.socio}); },
                  [&] { return mSaldos::RecalcularSaldoClientesDeFacturas(c, a.relacionados); });
 }
 

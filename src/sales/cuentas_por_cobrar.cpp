@@ -155,7 +155,7 @@ Outcome SaldosDeLasFacturas(const Session&, Connection& c, const captura::Docume
                             const captura::Hechos& h) {
   const QStringList& facturas = h.fuentes;
   if (facturas.isEmpty()) return Outcome::Ok();  // an empty scope would mean every invoice
-  if (Outcome o = mSaldos::RecalcularSaldosFacturas(c, facturas); !o) return o;
+  if (Outcome o = mSaldos::RecalcularSaldosFacturas(c, facturas, {}); !o) return o;
   return mSaldos::RecalcularSaldoClientesDeFacturas(c, facturas);
 }
 
