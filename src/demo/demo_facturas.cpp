@@ -1,6 +1,9 @@
 // The shop's invoices: every few days the notes asked for with an invoice ('FACTURA') are
-// invoiced, a free invoice now and then, and a few credit notes, each sealed with the test
+// invoiced, a free invoice now and then, the oldest open invoice collected (in full, or half of
+// it by transfer), and a few credit notes, each sealed with the test
 // certificate by the capture screens' own routine, its XML in the company's xml folder.
+#include <cmath>
+
 #include <QSqlQuery>
 #include <QSqlRecord>
 
@@ -9,6 +12,7 @@
 #include "core/session_load.h"
 #include "demo/demo_tables.h"
 #include "documents/captura.h"
+#include "sales/cuentas_por_cobrar.h"
 #include "sales/facturar_remisiones.h"
 #include "sales/familias_ventas.h"
 
@@ -91,6 +95,25 @@ bool NotaDeCredito(Connection& c, const Session& s, const QDate& fecha, bool des
   return Guardar(c, s, ventas::NotasCliente(), d, error);
 }
 
+// A deposit for the oldest open invoice: all of its balance, or half of it.
+bool Cobrar(Connection& c, const Session& s, const QDate& fecha, bool completo, QString* error) {
+  QSqlQuery q = c.Exec(
+      u"select factura, cliente, saldo from facturas where status = 'POR COBRAR' and saldo > 0 "
+      "order by fecha, folio"_s);
+  if (!q.next()) return true;
+  const double saldo = q.value(2).toDouble();
+  Documento d;
+  d.encabezado = {{u"fecha"_s, fecha},
+                  {u"cliente"_s, q.value(1)},
+                  {u"metodo"_s, 1},
+                  {u"banco"_s, 1},
+                  {u"anotacion"_s, completo ? u"DEPOSITO"_s : u"TRANSFERENCIA PARCIAL"_s}};
+  d.partidas = {
+      {{u"factura"_s, q.value(0)}, {u"abono"_s, completo ? saldo : std::round(saldo * 50) / 100}}};
+  q.finish();
+  return Guardar(c, s, ventas::CxC(), d, error);
+}
+
 }  // namespace
 
 void PrepararSesionFiscal(Connection& c, const QString& carpeta, Session* s) {
@@ -114,6 +137,7 @@ bool Facturar(Connection& c, const Session& s, Dice& dice, int dia, const QDate&
       !FacturaLibre(c, s, fecha, dice.Between(2, kClientes), dice.Between(2, 12), error)) {
     return false;
   }
+  if (dia % 10 == 4 && !Cobrar(c, s, fecha, dia % 20 == 4, error)) return false;
   if (dia % 26 == 20 && !NotaDeCredito(c, s, fecha, dia % 52 == 20, error)) return false;
   return true;
 }
