@@ -12,6 +12,7 @@
 #include "documents/mSaldos.h"
 #include "edocs/cfdi_xml.h"
 #include "edocs/herramientas.h"
+#include "sales/cuentas_por_cobrar.h"
 #include "sales/facturar_remisiones.h"
 #include "sales/familias_ventas.h"
 #include "support/document_rows.h"
@@ -93,7 +94,8 @@ class TestFacturas : public QObject {
   void initTestCase_data() { testing::AddEngineRows(); }
 
   // Three notes of one client become one CFDi invoice: sealed, valid against the SAT's schema,
-  // the notes hold its key; a prompt-payment note settles another invoice of 116; cancelling
+  // the notes hold its key; a prompt-payment note settles another invoice of 116, two receipts
+  // a third; cancelling
   // the first invoice frees its notes. The clients' balances are those the sweep gives.
   void CaminoDeUnaVenta() {
     const auto company = testing::EmpresaDemo();
@@ -180,6 +182,25 @@ class TestFacturas : public QObject {
     QCOMPARE(q.value(1).toString(), u"LIQUIDADO"_s);
     q.finish();
     QVERIFY(QFile::exists(s.CarpetaXml + u'/' + llave_nota + u".xml"_s));
+    QCOMPARE(Saldos(c), SaldosDelBarrido(c));
+
+    // A third is collected: a receipt pays part, a second the rest (F8's whole balance).
+    const QString cobrada = Guardar(s, ventas::Facturas(), Libre(u"SERV-01"_s, 100));
+    QVERIFY(!cobrada.isEmpty());
+    for (const double abono : {50.0, 66.0}) {
+      Documento recibo;
+      recibo.encabezado = {{u"cliente"_s, kCliente},
+                           {u"metodo"_s, 1},
+                           {u"banco"_s, 1},
+                           {u"anotacion"_s, u"DEPOSITO"_s}};
+      recibo.partidas = {{{u"factura"_s, cobrada}, {u"abono"_s, abono}}};
+      QVERIFY(!Guardar(s, ventas::CxC(), recibo).isEmpty());
+    }
+    q = c.Exec(u"select saldo, status from facturas where factura = ?"_s, {cobrada});
+    QVERIFY(q.next());
+    QCOMPARE(q.value(0).toDouble(), 0.0);
+    QCOMPARE(q.value(1).toString(), u"LIQUIDADO"_s);
+    q.finish();
     QCOMPARE(Saldos(c), SaldosDelBarrido(c));
 
     // Cancelled, the first invoice gives its notes back.
