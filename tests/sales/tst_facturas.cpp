@@ -95,8 +95,8 @@ class TestFacturas : public QObject {
 
   // Three notes of one client become one CFDi invoice: sealed, valid against the SAT's schema,
   // the notes hold its key; a prompt-payment note settles another invoice of 116, two receipts
-  // a third; cancelling
-  // the first invoice frees its notes. The clients' balances are those the sweep gives.
+  // a third; cancelling the first invoice frees its notes. The clients' balances are those the
+  // sweep gives.
   void CaminoDeUnaVenta() {
     const auto company = testing::EmpresaDemo();
     if (!company) return;
