@@ -118,7 +118,7 @@ Table Empresa() {
              "utilizar_consecutivo_en_codigo", "utilizar_mayusculas", "guardar_sin_existencias",
              "imprimirencabezados", "tallas"}),
        Cols(kText, {"servidorsmtp", "puertosmtp", "de", "password", "autenticacion", "pacusuario",
-                    "pacpassword", "pacproduccion"}),
+                    "pacpassword", "pacproduccion", "pacurlpruebas", "pacurlproduccion"}),
        Cols(kBinary, {"logotipo"}), Cols(kText, {"codigo actual", "codigo nuevo"})});
 }
 
