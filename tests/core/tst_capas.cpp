@@ -35,6 +35,8 @@ const Permitido kPermitidos[] = {
     // An invoice or a credit note is sealed by its range's driver as the last check of its save.
     {u"sales/sellar_documento.cpp"_s, u"edocs/mDigital.h"_s},
     {u"sales/sellar_documento.cpp"_s, u"edocs/cfdi_xml.h"_s},
+    // The invoice and credit-note browsers stamp their rows through the PAC.
+    {u"sales/ui/acciones_timbrado.cpp"_s, u"edocs/mTimbrar.h"_s},
 };
 
 bool EsPermitido(const QString& archivo, const QString& cabecera) {

@@ -60,6 +60,8 @@ class ModalCatcher : public QObject {
     if (busy_) return;
     QWidget* modal = QApplication::activeModalWidget();
     if (modal == nullptr || !modal->isVisible()) return;
+    // A notice of work under way closes by itself: nobody answers it.
+    if (modal->inherits("QProgressDialog")) return;
     busy_ = true;
     QPointer<QWidget> target(modal);
     QTimer::singleShot(0, this, [this, target] {

@@ -123,6 +123,14 @@ QWidget* MDIInicioEmpresa::PaginaTimbrado() {
   campos_->Texto(forma, u"PacUsuario"_s, u"Usuario del PAC"_s, Estilo::kLibre);
   campos_->Texto(forma, u"PacPassword"_s, u"Contraseña del PAC"_s, Estilo::kClave);
   campos_->Marca(forma, u"PacProduccion"_s, u"Timbrar en producción"_s);
+  // Empty addresses are the provider's published ones; a training company may point its test
+  // address at the stand-in PAC of this installation.
+  for (const auto& [nombre, titulo] :
+       {std::pair{u"PacUrlPruebas"_s, u"Dirección de pruebas"_s},
+        std::pair{u"PacUrlProduccion"_s, u"Dirección de producción"_s}}) {
+    campos_->Texto(forma, nombre, titulo, Estilo::kLibre)
+        ->setPlaceholderText(u"La publicada por el PAC"_s);
+  }
   prueba_ = BotonDeCaptura("Cuenta de &prueba", "Prueba", this);
   forma->addRow(QString(), prueba_);
   connect(prueba_, &QPushButton::clicked, this, &MDIInicioEmpresa::PruebaClicked);

@@ -77,10 +77,11 @@ int Elegir(QWidget* parent, const QString& text, const QStringList& opciones) {
   return static_cast<int>(botones.indexOf(qobject_cast<QPushButton*>(box.clickedButton())));
 }
 
-bool Confirmar(QWidget* parent, const QString& titulo, const QString& texto) {
-  QMessageBox box(QMessageBox::Question, titulo, texto,
+bool Confirmar(QWidget* parent, const QString& titulo, const QString& texto, MessageIcon icono) {
+  QMessageBox box(IconOf(icono), titulo, texto,
                   QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel, parent);
-  box.setDefaultButton(QMessageBox::Yes);
+  // Enter alone never confirms an act that cannot be undone.
+  box.setDefaultButton(icono == MessageIcon::kStop ? QMessageBox::No : QMessageBox::Yes);
   return box.exec() == QMessageBox::Yes;
 }
 

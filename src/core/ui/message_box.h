@@ -33,8 +33,9 @@ QMessageBox::StandardButton Ask(QWidget* parent, const QString& text,
 // answer of Esc; returns the index of the one chosen.
 int Elegir(QWidget* parent, const QString& text, const QStringList& opciones);
 // One of a row of confirmations under its own title, with Yes, No and Cancel: true only for
-// Yes.
-bool Confirmar(QWidget* parent, const QString& titulo, const QString& texto);
+// Yes. With the stop icon (an act that cannot be undone) the default button is No.
+bool Confirmar(QWidget* parent, const QString& titulo, const QString& texto,
+               MessageIcon icono = MessageIcon::kQuestion);
 // A message with an OK button.
 void Inform(QWidget* parent, const QString& text, MessageIcon icon = MessageIcon::kInformation);
 

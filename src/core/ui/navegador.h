@@ -75,6 +75,7 @@ class Navegador : public QWidget {
 
  private:
   void ConstruirBarra();
+  void AgregarBotonSeis(const AccionExtra& extra);
   bool Tecla(QKeyEvent* event);
   bool TeclaExtra(QKeyEvent* event);
   QAction* Boton(int numero) const;

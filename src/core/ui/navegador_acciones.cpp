@@ -1,14 +1,18 @@
 // What a browser does with its toolbar and keys: add, change and cancel behind rights and
 // authorization, the searches, the sort, the sum of the selected cells and the copy.
+#include <algorithm>
+
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
 #include <QDialog>
 #include <QInputDialog>
 #include <QKeyEvent>
+#include <QMenu>
 #include <QStyle>
 #include <QTableView>
 #include <QToolBar>
+#include <QToolButton>
 
 #include "core/browse_filter.h"
 #include "core/dialect.h"
@@ -49,11 +53,17 @@ void Navegador::ConstruirBarra() {
   boton(3, QStyle::SP_DialogCancelButton, QStringLiteral("Cancelar"), &Navegador::Cancelar);
   barra_->addSeparator();
   boton(5, QStyle::SP_DialogSaveButton, QStringLiteral("Copiar"), &Navegador::Copiar);
-  boton(6, QStyle::SP_FileDialogContentsView, QStringLiteral("Imprimir"), &Navegador::Imprimir);
+  const auto sexto = std::find_if(extras_.acciones.begin(), extras_.acciones.end(),
+                                  [](const AccionExtra& extra) { return extra.boton == 6; });
+  if (sexto == extras_.acciones.end()) {
+    boton(6, QStyle::SP_FileDialogContentsView, QStringLiteral("Imprimir"), &Navegador::Imprimir);
+  } else {
+    AgregarBotonSeis(*sexto);
+  }
   barra_->addSeparator();
   std::vector<QAction*> propios;
   for (const AccionExtra& extra : extras_.acciones) {
-    if (extra.boton == 0) continue;
+    if (extra.boton == 0 || extra.boton == 6) continue;
     propios.push_back(
         boton(extra.boton, extra.icono, extra.texto, [this, &extra] { extra.accion(*this); }));
   }
@@ -68,6 +78,28 @@ void Navegador::ConstruirBarra() {
   if (familia_.derechos == nullptr && !session_.Administrador) {
     for (QAction* a : propios) a->setVisible(false);
     for (int i : {1, 3}) Boton(i)->setVisible(false);
+  }
+}
+
+// A family's own button 6, behind Autorizar 6 like the print it replaces, with its menu.
+void Navegador::AgregarBotonSeis(const AccionExtra& extra) {
+  const auto autorizado = [this] { return Boton(6)->isEnabled() && Autorizar(6); };
+  QAction* a = barra_->addAction(style()->standardIcon(extra.icono), extra.texto);
+  a->setObjectName(QStringLiteral("Toolbar_6"));
+  connect(a, &QAction::triggered, this, [this, &extra, autorizado] {
+    if (autorizado()) extra.accion(*this);
+  });
+  if (extra.menu.empty()) return;
+  auto* menu = new QMenu(this);
+  menu->setObjectName(QStringLiteral("Toolbar_6_Menu"));
+  for (const EntradaMenu& entrada : extra.menu) {
+    menu->addAction(entrada.texto, this, [this, &entrada, autorizado] {
+      if (autorizado()) entrada.accion(*this);
+    });
+  }
+  a->setMenu(menu);
+  if (auto* boton = qobject_cast<QToolButton*>(barra_->widgetForAction(a))) {
+    boton->setPopupMode(QToolButton::MenuButtonPopup);
   }
 }
 

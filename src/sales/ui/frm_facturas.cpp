@@ -22,6 +22,7 @@ void RegistrarFacturas(FormRegistry& registry) {
   AgregarCaptura<FrmNotasClienteA>(registry, "FrmNotasClienteA");
   AgregarCaptura<FrmNotasClienteC>(registry, "FrmNotasClienteC");
   registry.AddNavegador(QStringLiteral("FrmFacturas"), ventas_ui::NavegadorDeFacturas());
+  registry.AddNavegador(QStringLiteral("FrmNotasCliente"), ventas_ui::NavegadorDeNotasCliente());
 }
 
 }  // namespace ventarix

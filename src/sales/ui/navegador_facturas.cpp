@@ -11,6 +11,7 @@
 #include "core/ui/message_box.h"
 #include "core/ui/navegador.h"
 #include "sales/movimientos_factura.h"
+#include "sales/ui/acciones_timbrado.h"
 
 namespace ventarix::ventas_ui {
 
@@ -88,10 +89,20 @@ void Exportar(Navegador& navegador) {
 
 void Pendiente(Navegador& navegador) { ui::Inform(&navegador, kPendiente); }
 
+// Button 6 stamps the selected row; its menu cancels a UUID at the PAC.
+AccionExtra BotonDeTimbrado(void (*timbrar)(Navegador&)) {
+  return {.boton = 6,
+          .texto = u"Timbrar"_s,
+          .icono = QStyle::SP_DialogApplyButton,
+          .accion = timbrar,
+          .menu = {{.texto = u"Cancelar Folio Fiscal / UUID"_s, .accion = CancelarUUID}}};
+}
+
 }  // namespace
 
 ExtrasNavegador NavegadorDeFacturas() {
-  return {.acciones = {{.boton = 11,
+  return {.acciones = {BotonDeTimbrado(TimbrarFactura),
+                       {.boton = 11,
                         .texto = u"Original / Copia"_s,
                         .icono = QStyle::SP_FileDialogListView,
                         .accion = Pendiente},
@@ -99,10 +110,6 @@ ExtrasNavegador NavegadorDeFacturas() {
                         .texto = u"PDF / XML"_s,
                         .icono = QStyle::SP_DialogSaveButton,
                         .accion = Exportar},
-                       {.boton = 13,
-                        .texto = u"Timbrar"_s,
-                        .icono = QStyle::SP_DialogApplyButton,
-                        .accion = Pendiente},
                        {.boton = 14,
                         .texto = u"Correo"_s,
                         .icono = QStyle::SP_ArrowForward,
@@ -113,5 +120,7 @@ ExtrasNavegador NavegadorDeFacturas() {
                         .accion = Pendiente}},
           .panel = [](Navegador& navegador) -> QWidget* { return new Movimientos(navegador); }};
 }
+
+ExtrasNavegador NavegadorDeNotasCliente() { return {.acciones = {BotonDeTimbrado(TimbrarNota)}}; }
 
 }  // namespace ventarix::ventas_ui

@@ -1,8 +1,11 @@
 // The invoice and credit-note screens as a clerk uses them from the keyboard, on the demo
 // company and both engines: two delivery notes invoiced through MDIInicioFacturar, a free
 // invoice with a retention asked by F1, and credit notes by a return of goods and by the
-// prompt-payment discount, seen afterwards in the invoice browser's movements.
+// prompt-payment discount, seen afterwards in the invoice browser's movements; an invoice
+// stamped and its UUID cancelled from the browser's button 6.
+#include <QAction>
 #include <QLabel>
+#include <QMenu>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QSqlQuery>
@@ -24,6 +27,7 @@
 #include "support/empresa_demo.h"
 #include "support/escribir.h"
 #include "support/modal_catcher.h"
+#include "support/pac_local.h"
 
 using namespace ventarix;
 using namespace Qt::StringLiterals;
@@ -292,6 +296,68 @@ class TestCapturaFacturas : public QObject {
     QTRY_COMPARE(fg2->rowCount(), 1);
     QCOMPARE(fg2->item(0, 0)->text(), u"NC CLIENTE"_s);
     testing::SaveShot(navegador, u"navegador_facturas"_s);
+    navegador->close();
+  }
+
+  // A new user's first stamp: an invoice saved, then toolbar button 6 of the browser against
+  // the stand-in PAC. The PAC's reply is shown, the row gets its UUID; the button's menu then
+  // cancels that UUID with the range's certificate and key after three confirmations.
+  void TimbrarYCancelarDesdeElNavegador() {
+    const auto company = testing::EmpresaDemo();
+    if (!company) return;
+    testing::PacLocal pac;
+    QVERIFY2(pac.ok(), qPrintable(pac.error()));
+    Session session = company->MakeSession();
+    {
+      Connection c(session.Cadena);
+      QVERIFY(testing::Escribir(c, u"update empresa set pacurlpruebas = ? where numero = 1"_s,
+                                {pac.url()}));
+    }
+    CargarSesion(session);
+    const QString factura = Factura(session, u"1-00001"_s);
+    QVERIFY(!factura.isEmpty());
+
+    FormRegistry registry;
+    RegistrarFormularios(registry);
+    auto* navegador = new Navegador(session, *mBrowse::FamiliaDeForma(u"FrmFacturas"_s), registry);
+    QVERIFY(Mostrar(*navegador));
+    QVERIFY(navegador->BuscarEnFila(u"factura"_s, factura));
+    auto* boton = navegador->findChild<QAction*>(u"Toolbar_6"_s);
+    QCOMPARE(boton->text(), u"Timbrar"_s);
+    const auto uuid = [&] {
+      Connection c(session.Cadena);
+      QSqlQuery q = c.Exec(u"select uuid from facturas where factura = ?"_s, {factura});
+      return q.next() ? q.value(0).toString() : QString();
+    };
+    {
+      ModalCatcher catcher;
+      boton->trigger();
+      QTRY_COMPARE(catcher.texts.size(), 1);
+      QVERIFY2(catcher.texts[0].contains(u"<status>200</status>"_s), qPrintable(catcher.texts[0]));
+      QCOMPARE(catcher.icons[0], QMessageBox::Warning);
+    }
+    const QString timbre = uuid();
+    QCOMPARE(timbre.size(), 36);
+    QCOMPARE(pac.Timbres(), 1);
+    testing::SaveShot(navegador, u"navegador_facturas_timbrada"_s);
+
+    const QString carpeta = QStringLiteral(VENTARIX_SOURCE_DIR) + u"/data/sat/demo/"_s;
+    ModalCatcher catcher({{timbre},
+                          {carpeta + u"EKU9003173C9_30001000000500003416.cer"_s},
+                          {carpeta + u"EKU9003173C9_30001000000500003416.key"_s},
+                          {.button = QMessageBox::Yes},
+                          {.button = QMessageBox::Yes},
+                          {.button = QMessageBox::Yes},
+                          {u"12345678a"_s}},
+                         u"cancelar_uuid"_s);
+    boton->menu()->actions().first()->trigger();
+    QTRY_COMPARE(catcher.texts.size(), 8);
+    QVERIFY(catcher.texts[3].endsWith(u"\n\n"_s + timbre));
+    QCOMPARE(catcher.icons[3], QMessageBox::Critical);
+    QVERIFY2(catcher.texts[7].contains(u"<statusUUID>201</statusUUID>"_s),
+             qPrintable(catcher.texts[7]));
+    QCOMPARE(pac.Cancelados(), 1);
+    QCOMPARE(uuid(), timbre);  // the record keeps its stamp: cancelling is the PAC's
     navegador->close();
   }
 };
