@@ -226,6 +226,10 @@ class TestTimbrado : public QObject {
                                                  << incompleto << u"<status>303</status>"_s;
     QTest::newRow("cuenta del PAC") << -1 << QByteArray() << u"pacpassword"_s << incompleto
                                     << u"<status>601</status>"_s;
+    // Nothing is sent for a user who may not change invoices.
+    QTest::newRow("usuario sin cambios")
+        << int(Modo::kTexto) << ReplySinQr() << u"facturas"_s
+        << u"Este usuario no tiene permisos para cambios de registros"_s << QString();
   }
   void FallaDejaLaFila() {
     QFETCH(int, modo);
@@ -251,6 +255,8 @@ class TestTimbrado : public QObject {
                                {u"AAA010101AAA"_s, llave}));
     } else if (cambio == u"pacpassword") {
       s.empresa.Set(cambio, u"otra"_s);
+    } else if (cambio == u"facturas") {
+      s.usuario.Set(cambio, u"SSN"_s);
     }
     const QVariantMap antes = Fila(s, false, llave);
     QVERIFY2(!antes.isEmpty(), qPrintable(llave));
@@ -265,7 +271,31 @@ class TestTimbrado : public QObject {
     QVERIFY(r.uuid.isEmpty());
     QCOMPARE(Fila(s, false, llave), antes);
     QCOMPARE(pac.Timbres(), 0);
-    if (falso && modo != int(Modo::kNoEscucha)) QCOMPARE(falso->Pedidos(), 1);
+    if (falso && modo != int(Modo::kNoEscucha)) QCOMPARE(falso->Pedidos(), cambio.isEmpty());
+  }
+
+  void FechaDelTimbre_data() {
+    QTest::addColumn<QString>("fecha");
+    QTest::addColumn<QString>("cadena");
+    QTest::addColumn<QString>("esperada");
+    const QString cadena = u"||1.0|6F1C0E33|2026-11-25T10:00:00|c2Vsbw==|20001000000300022323||"_s;
+    QTest::newRow("local") << u"2026-11-25T10:00:00"_s << cadena << u"2026-11-25T10:00:00"_s;
+    QTest::newRow("GMT con fracción, de la cadena")
+        << u"2026-11-25T16:00:00.123Z"_s << cadena << u"2026-11-25T10:00:00"_s;
+    QTest::newRow("GMT sin cadena") << u"2026-11-25T16:00:00Z"_s << QString()
+                                    << u"2026-11-25T16:00:00"_s;
+    QTest::newRow("con zona, cadena ajena")
+        << u"2026-11-25T10:00:00-06:00"_s << u"||1.0|x|ayer|y|z||"_s << u"2026-11-25T10:00:00"_s;
+  }
+  // The TFD takes the PAC's local time, never a zone or a fraction.
+  void FechaDelTimbre() {
+    QFETCH(QString, fecha);
+    QFETCH(QString, cadena);
+    QFETCH(QString, esperada);
+    const QString respuesta = u"<return><resultados><cadenaOriginal>"_s + cadena +
+                              u"</cadenaOriginal><fechaTimbrado>"_s + fecha +
+                              u"</fechaTimbrado></resultados></return>"_s;
+    QCOMPARE(timbrado::LeerTimbre(respuesta).timbre.fecha_timbrado, esperada);
   }
 
   // The PAC stamped but its reply was lost: the row is untouched, and the next attempt, with
