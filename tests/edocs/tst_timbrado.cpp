@@ -129,19 +129,22 @@ QString CadenaTfd(const vt::Elemento& tfd, const QString& carpeta) {
       vt::Ejecutar(u"xsltproc"_s, {kSat + u"cadenaoriginal_TFD_1_0.xslt"_s, ruta}).out);
 }
 
-// A SOAP reply with a stamp but no QR code.
-QByteArray ReplySinQr() {
+// The service's reply around the content of its result.
+QByteArray Sobre(const QByteArray& resultado) {
   return "<soapenv:Envelope xmlns:soapenv=\"http://schemas.xmlsoap.org/soap/envelope/\">"
          "<soapenv:Body><ns:timbrarResponse xmlns:ns=\"http://timbrado.ws.cfdi.solucionfactible.com\">"
-         "<ns:return xmlns:ax=\"http://timbrado.ws.cfdi.solucionfactible.com/xsd\">"
-         "<ax:mensaje>ok</ax:mensaje><ax:resultados>"
-         "<ax:cadenaOriginal>||1.0|AB|2026-11-25T10:00:00|x|1||</ax:cadenaOriginal>"
-         "<ax:certificadoSAT>20001000000300022323</ax:certificadoSAT>"
-         "<ax:fechaTimbrado>2026-11-25T16:00:00.123Z</ax:fechaTimbrado>"
-         "<ax:selloSAT>c2VsbG8=</ax:selloSAT><ax:status>200</ax:status>"
-         "<ax:uuid>6F1C0E33-3B0E-4C43-9E3B-0A2B7A2E1F10</ax:uuid></ax:resultados>"
-         "<ax:status>200</ax:status></ns:return></ns:timbrarResponse></soapenv:Body>"
-         "</soapenv:Envelope>";
+         "<ns:return xmlns:ax=\"http://timbrado.ws.cfdi.solucionfactible.com/xsd\">" +
+         resultado + "</ns:return></ns:timbrarResponse></soapenv:Body></soapenv:Envelope>";
+}
+
+// A stamp without its QR code.
+QByteArray ReplySinQr() {
+  return Sobre(
+      "<ax:resultados><ax:cadenaOriginal>||1.0|AB|2026-11-25T10:00:00|x|1||</ax:cadenaOriginal>"
+      "<ax:certificadoSAT>20001000000300022323</ax:certificadoSAT>"
+      "<ax:fechaTimbrado>2026-11-25T10:00:00</ax:fechaTimbrado><ax:selloSAT>c2VsbG8=</ax:selloSAT>"
+      "<ax:status>200</ax:status><ax:uuid>6F1C0E33-3B0E-4C43-9E3B-0A2B7A2E1F10</ax:uuid>"
+      "</ax:resultados><ax:status>200</ax:status>");
 }
 
 }  // namespace
@@ -218,6 +221,9 @@ class TestTimbrado : public QObject {
     QTest::newRow("respuesta que no es XML")
         << int(Modo::kTexto) << QByteArray("Servicio en mantenimiento") << QString() << incompleto
         << u"Servicio en mantenimiento"_s;
+    QTest::newRow("resultado vacío")
+        << int(Modo::kTexto) << Sobre({}) << QString()
+        << u"No hay respuesta de timbrado por parte del PAC <Solución Factible>"_s << QString();
     QTest::newRow("uuid sin qrCode") << int(Modo::kTexto) << ReplySinQr() << QString()
                                      << incompleto << u"6F1C0E33"_s;
     QTest::newRow("fuera de las 72 horas") << -1 << QByteArray() << u"hora"_s << incompleto
@@ -267,6 +273,9 @@ class TestTimbrado : public QObject {
     const ResultadoTimbrado r = timbrado::Timbrar(s, timbrado::Facturas(), llave, cuenta);
     QVERIFY(!r.outcome);
     QVERIFY2(r.outcome.message.contains(mensaje), qPrintable(r.outcome.message));
+    // What the PAC said is a stop; what kept it from saying anything, a warning.
+    QCOMPARE(r.outcome.icon, mensaje == QString::fromUtf8(kCompleto) ? MessageIcon::kStop
+                                                                      : MessageIcon::kWarning);
     QVERIFY2(r.respuesta.contains(en_respuesta), qPrintable(r.respuesta));
     QVERIFY(r.uuid.isEmpty());
     QCOMPARE(Fila(s, false, llave), antes);
