@@ -60,8 +60,8 @@ int RunTimbrar(const QStringList& args) {
   }
   Session session;
   if (!Abrir(args, session)) return kExitFailed;
-  const edocs::ResultadoTimbrado r =
-      nota ? edocs::TimbrarNota(session, llaves.first()) : edocs::TimbrarFactura(session, llaves.first());
+  const edocs::ResultadoTimbrado r = nota ? edocs::TimbrarNota(session, llaves.first())
+                                          : edocs::TimbrarFactura(session, llaves.first());
   if (r.outcome) {
     Print(r.uuid);
     return kExitOk;

@@ -29,10 +29,10 @@ Outcome Leer(const Session& session, const FamiliaTimbrado& familia, const QStri
              Leido* leido) {
   Connection connection(session.Cadena, Connection::Acceso::kLectura);
   if (!connection.ok()) return Outcome::Stop(connection.error());
-  QSqlQuery fila = connection.Exec(u"select esquema, status, "_s + familia.columna_rango +
-                                       u", hora from "_s + dialect::Name(familia.tabla) +
-                                       u" where "_s + familia.llave + u" = ?"_s,
-                                   {documento});
+  QSqlQuery fila =
+      connection.Exec(u"select esquema, status, "_s + familia.columna_rango + u", hora from "_s +
+                          dialect::Name(familia.tabla) + u" where "_s + familia.llave + u" = ?"_s,
+                      {documento});
   if (!fila.next()) return Outcome::Refuse(familia.no_localizado);
   if (fila.value(0).toString().trimmed().toUpper() != u"CFDI"_s) {
     return Outcome::Refuse(familia.sin_esquema);
@@ -43,7 +43,8 @@ Outcome Leer(const Session& session, const FamiliaTimbrado& familia, const QStri
   const int rango = fila.value(2).toInt();
   const QDateTime hora = dialect::ReadDate(fila.value(3));
   fila.finish();
-  if (Outcome material = CargarMaterial(session, connection, familia, rango, hora, &leido->material);
+  if (Outcome material =
+          CargarMaterial(session, connection, familia, rango, hora, &leido->material);
       !material) {
     return material;
   }
@@ -73,8 +74,8 @@ bool Sellar(const Session& session, const FamiliaTimbrado& familia, Leido& leido
 // Written beside and moved into place: the file is either the old one or the new one, whole.
 bool GuardarArchivo(const QString& ruta, const QByteArray& xml) {
   QSaveFile archivo(ruta);
-  return !xml.isEmpty() && archivo.open(QIODevice::WriteOnly) &&
-         archivo.write(xml) == xml.size() && archivo.commit();
+  return !xml.isEmpty() && archivo.open(QIODevice::WriteOnly) && archivo.write(xml) == xml.size() &&
+         archivo.commit();
 }
 
 QByteArray LeerArchivo(const QString& ruta) {
@@ -98,10 +99,10 @@ Outcome Escribir(const Session& session, const FamiliaTimbrado& familia, const Q
   Connection connection(session.Cadena);
   Transaction transaccion(connection);
   if (!transaccion.ok()) return Outcome::Stop(transaccion.error());
-  QSqlQuery cambio = connection.Exec(u"update "_s + dialect::Name(familia.tabla) + u" set "_s +
-                                         columnas.join(u" = ?, "_s) + u" = ? where "_s +
-                                         familia.llave + u" = ?"_s,
-                                     valores);
+  QSqlQuery cambio =
+      connection.Exec(u"update "_s + dialect::Name(familia.tabla) + u" set "_s +
+                          columnas.join(u" = ?, "_s) + u" = ? where "_s + familia.llave + u" = ?"_s,
+                      valores);
   if (!cambio.isActive()) return Outcome::Stop(QueryError(cambio));
   if (cambio.numRowsAffected() < 1) return Outcome::Refuse(familia.no_localizado);
   if (!transaccion.Commit()) return Outcome::Stop(transaccion.error());
@@ -123,10 +124,9 @@ ResultadoTimbrado Timbrar(const Session& session, const FamiliaTimbrado& familia
   // First build: sealed, without Complemento, in the file the PAC receives.
   const QString ruta = QDir(session.CarpetaXml).filePath(documento + u".xml"_s);
   if (!Sellar(session, familia, leido) ||
-      !GuardarArchivo(ruta, ConstruirXml(leido.comprobante, FormatoXml::kCfdi32,
-                                         familia.impuestos))) {
-    r.outcome =
-        Outcome::Stop(u"No se pudo crear el archivo XML para su respectivo timbrado"_s);
+      !GuardarArchivo(ruta,
+                      ConstruirXml(leido.comprobante, FormatoXml::kCfdi32, familia.impuestos))) {
+    r.outcome = Outcome::Stop(u"No se pudo crear el archivo XML para su respectivo timbrado"_s);
     return r;
   }
   const QByteArray enviado = LeerArchivo(ruta);
@@ -156,8 +156,8 @@ ResultadoTimbrado Timbrar(const Session& session, const FamiliaTimbrado& familia
 
   // Second build: the same seal, now with the Complemento, over the same file.
   leido.comprobante.timbre = recibido.timbre;
-  if (!GuardarArchivo(ruta, ConstruirXml(leido.comprobante, FormatoXml::kCfdi32,
-                                         familia.impuestos))) {
+  if (!GuardarArchivo(ruta,
+                      ConstruirXml(leido.comprobante, FormatoXml::kCfdi32, familia.impuestos))) {
     r.outcome = Outcome::Stop(u"No se generó correctamente el nodo complemento SAT del XML"_s);
     return r;
   }

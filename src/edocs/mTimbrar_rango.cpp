@@ -45,8 +45,9 @@ Outcome Materializar(const Session& session, const MaterialSellado& sellado,
     mFunciones::RegistrarError(session, escrito.message);
     return Aviso(mensaje);
   };
-  if (Outcome cer = escribir(rango.archivo_cer, {}, u"No se generó correctamente el archivo "
-                                                    u"certificado"_s);
+  if (Outcome cer = escribir(rango.archivo_cer, {},
+                             u"No se generó correctamente el archivo "
+                             u"certificado"_s);
       !cer) {
     return cer;
   }
@@ -54,8 +55,9 @@ Outcome Materializar(const Session& session, const MaterialSellado& sellado,
 }
 
 QString RutaEnCarpetaCer(const Session& session, const QString& archivo) {
-  return archivo.isEmpty() || !EsNombreDeArchivo(archivo) ? QString()
-                                                          : QDir(session.CarpetaCer).filePath(archivo);
+  return archivo.isEmpty() || !EsNombreDeArchivo(archivo)
+             ? QString()
+             : QDir(session.CarpetaCer).filePath(archivo);
 }
 
 }  // namespace

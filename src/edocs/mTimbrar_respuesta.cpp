@@ -13,8 +13,7 @@ QString Etiqueta(const QString& respuesta, const QString& nombre) {
 }
 
 bool EsFechaLocal(const QString& texto) {
-  return texto.size() == 19 &&
-         QDateTime::fromString(texto, u"yyyy-MM-ddTHH:mm:ss"_s).isValid();
+  return texto.size() == 19 && QDateTime::fromString(texto, u"yyyy-MM-ddTHH:mm:ss"_s).isValid();
 }
 
 // The TFD carries FechaTimbrado as the PAC's local time, "yyyy-MM-ddTHH:mm:ss". The provider's
@@ -34,8 +33,7 @@ QString FechaDelTimbre(const QString& fecha, const QString& cadena) {
 bool TimbreRecibido::completo() const {
   // The cadena original is not part of the test.
   return !timbre.uuid.isEmpty() && !timbre.fecha_timbrado.isEmpty() &&
-         !timbre.no_certificado_sat.isEmpty() && !timbre.sello_sat.isEmpty() &&
-         !qr_code.isEmpty();
+         !timbre.no_certificado_sat.isEmpty() && !timbre.sello_sat.isEmpty() && !qr_code.isEmpty();
 }
 
 TimbreRecibido LeerTimbre(const QString& respuesta) {

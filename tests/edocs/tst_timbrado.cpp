@@ -44,8 +44,11 @@ Session SesionDe(const vt::TestCompany& company, const QString& url) {
 QString Guardar(Session& s, bool nota) {
   captura::Documento factura;
   factura.encabezado = {{u"cliente"_s, 2}};
-  factura.partidas = {{{u"codigo"_s, u"SERV-01"_s}, {u"descripcion"_s, u"SERVICIO DE CORTE"_s},
-                       {u"cantidad"_s, 1}, {u"precio"_s, 100}, {u"impuesto"_s, 16}}};
+  factura.partidas = {{{u"codigo"_s, u"SERV-01"_s},
+                       {u"descripcion"_s, u"SERVICIO DE CORTE"_s},
+                       {u"cantidad"_s, 1},
+                       {u"precio"_s, 100},
+                       {u"impuesto"_s, 16}}};
   captura::Guardado g = captura::GuardarDocumento(s, ventas::Facturas(), factura);
   if (!nota || !g.outcome) return g.outcome ? g.llave : g.outcome.message;
   captura::Documento credito;
@@ -62,11 +65,11 @@ const timbrado::FamiliaTimbrado& Familia(bool nota) {
 // The seal and stamp columns of the row, to compare before and after.
 QVariantMap Fila(const Session& s, bool nota, const QString& llave) {
   Connection c(s.Cadena);
-  QSqlQuery q = c.Exec(u"select sello, nocertificado, certificado, uuid, fechatimbrado, "
-                       "sellosat, nocertificadosat, cadenaoriginalsat, hora, emisorrfc from "_s +
-                           dialect::Name(Familia(nota).tabla) + u" where "_s +
-                           Familia(nota).llave + u" = ?"_s,
-                       {llave});
+  QSqlQuery q = c.Exec(
+      u"select sello, nocertificado, certificado, uuid, fechatimbrado, "
+      "sellosat, nocertificadosat, cadenaoriginalsat, hora, emisorrfc from "_s +
+          dialect::Name(Familia(nota).tabla) + u" where "_s + Familia(nota).llave + u" = ?"_s,
+      {llave});
   QVariantMap fila;
   if (q.next()) {
     for (int i = 0; i < q.record().count(); ++i) fila.insert(q.record().fieldName(i), q.value(i));
@@ -89,13 +92,13 @@ bool FirmaVerifica(const QByteArray& der, const QString& firma, const QString& c
 // The schema the stamped file must meet: the CFDi's and the TimbreFiscalDigital's at once.
 QString EsquemaTimbrado(const QString& carpeta) {
   const QString ruta = carpeta + u"/cfdi_tfd.xsd"_s;
-  vt::Escribir(
-      ruta, (u"<xs:schema xmlns:xs=\"http://www.w3.org/2001/XMLSchema\">"
-             "<xs:import namespace=\"http://www.sat.gob.mx/cfd/3\" schemaLocation=\""_s +
-             kSat + u"cfdv32.xsd\"/><xs:import namespace=\"http://www.sat.gob.mx/"
-                    "TimbreFiscalDigital\" schemaLocation=\""_s +
-             kSat + u"TimbreFiscalDigital.xsd\"/></xs:schema>"_s)
-                .toUtf8());
+  vt::Escribir(ruta, (u"<xs:schema xmlns:xs=\"http://www.w3.org/2001/XMLSchema\">"
+                      "<xs:import namespace=\"http://www.sat.gob.mx/cfd/3\" schemaLocation=\""_s +
+                      kSat +
+                      u"cfdv32.xsd\"/><xs:import namespace=\"http://www.sat.gob.mx/"
+                      "TimbreFiscalDigital\" schemaLocation=\""_s +
+                      kSat + u"TimbreFiscalDigital.xsd\"/></xs:schema>"_s)
+                         .toUtf8());
   return ruta;
 }
 
@@ -113,15 +116,17 @@ Timbrado LeerTimbrado(const QByteArray& xml) {
   const auto tfd = vt::Todos(elementos, u"tfd:TimbreFiscalDigital"_s);
   if (!tfd.isEmpty()) t.tfd = tfd.first();
   const auto impuestos = vt::Todos(elementos, u"cfdi:Impuestos"_s);
-  t.impuestos_con_total =
-      !impuestos.isEmpty() && impuestos.first().atributos.hasAttribute(u"totalImpuestosTrasladados"_s);
+  t.impuestos_con_total = !impuestos.isEmpty() &&
+                          impuestos.first().atributos.hasAttribute(u"totalImpuestosTrasladados"_s);
   return t;
 }
 
 // The TFD alone, as the SAT's sheet of its cadena reads it.
 QString CadenaTfd(const vt::Elemento& tfd, const QString& carpeta) {
-  QString xml = u"<tfd:TimbreFiscalDigital xmlns:tfd=\"http://www.sat.gob.mx/TimbreFiscalDigital\""_s;
-  for (const char* a : {"version", "UUID", "FechaTimbrado", "selloCFD", "noCertificadoSAT", "selloSAT"})
+  QString xml =
+      u"<tfd:TimbreFiscalDigital xmlns:tfd=\"http://www.sat.gob.mx/TimbreFiscalDigital\""_s;
+  for (const char* a :
+       {"version", "UUID", "FechaTimbrado", "selloCFD", "noCertificadoSAT", "selloSAT"})
     xml += u" %1=\"%2\""_s.arg(QLatin1String(a), tfd.Valor(QLatin1String(a)).toHtmlEscaped());
   const QString ruta = carpeta + u"/tfd.xml"_s;
   vt::Escribir(ruta, (xml + u"/>"_s).toUtf8());
@@ -132,7 +137,8 @@ QString CadenaTfd(const vt::Elemento& tfd, const QString& carpeta) {
 // The service's reply around the content of its result.
 QByteArray Sobre(const QByteArray& resultado) {
   return "<soapenv:Envelope xmlns:soapenv=\"http://schemas.xmlsoap.org/soap/envelope/\">"
-         "<soapenv:Body><ns:timbrarResponse xmlns:ns=\"http://timbrado.ws.cfdi.solucionfactible.com\">"
+         "<soapenv:Body><ns:timbrarResponse "
+         "xmlns:ns=\"http://timbrado.ws.cfdi.solucionfactible.com\">"
          "<ns:return xmlns:ax=\"http://timbrado.ws.cfdi.solucionfactible.com/xsd\">" +
          resultado + "</ns:return></ns:timbrarResponse></soapenv:Body></soapenv:Envelope>";
 }
@@ -188,8 +194,8 @@ class TestTimbrado : public QObject {
     QCOMPARE(t.tfd.Valor(u"UUID"_s), r.uuid);
     QCOMPARE(t.tfd.Valor(u"selloCFD"_s), t.raiz.Valor(u"sello"_s));
     QVERIFY(t.impuestos_con_total);
-    const QString cadena = QString::fromUtf8(vt::Ejecutar(
-        u"xsltproc"_s, {kSat + u"cadenaoriginal_3_2.xslt"_s, archivo}).out);
+    const QString cadena = QString::fromUtf8(
+        vt::Ejecutar(u"xsltproc"_s, {kSat + u"cadenaoriginal_3_2.xslt"_s, archivo}).out);
     QVERIFY(FirmaVerifica(QByteArray::fromBase64(t.raiz.Valor(u"certificado"_s).toLatin1()),
                           t.raiz.Valor(u"sello"_s), cadena));
     const QString cadena_tfd = CadenaTfd(t.tfd, company->folder());
@@ -224,14 +230,14 @@ class TestTimbrado : public QObject {
     QTest::newRow("resultado vacío")
         << int(Modo::kTexto) << Sobre({}) << QString()
         << u"No hay respuesta de timbrado por parte del PAC <Solución Factible>"_s << QString();
-    QTest::newRow("uuid sin qrCode") << int(Modo::kTexto) << ReplySinQr() << QString()
-                                     << incompleto << u"6F1C0E33"_s;
-    QTest::newRow("fuera de las 72 horas") << -1 << QByteArray() << u"hora"_s << incompleto
-                                           << u"<status>401</status>"_s;
-    QTest::newRow("emisor ajeno al certificado") << -1 << QByteArray() << u"emisorrfc"_s
-                                                 << incompleto << u"<status>303</status>"_s;
-    QTest::newRow("cuenta del PAC") << -1 << QByteArray() << u"pacpassword"_s << incompleto
-                                    << u"<status>601</status>"_s;
+    QTest::newRow("uuid sin qrCode")
+        << int(Modo::kTexto) << ReplySinQr() << QString() << incompleto << u"6F1C0E33"_s;
+    QTest::newRow("fuera de las 72 horas")
+        << -1 << QByteArray() << u"hora"_s << incompleto << u"<status>401</status>"_s;
+    QTest::newRow("emisor ajeno al certificado")
+        << -1 << QByteArray() << u"emisorrfc"_s << incompleto << u"<status>303</status>"_s;
+    QTest::newRow("cuenta del PAC")
+        << -1 << QByteArray() << u"pacpassword"_s << incompleto << u"<status>601</status>"_s;
     // Nothing is sent for a user who may not change invoices.
     QTest::newRow("usuario sin cambios")
         << int(Modo::kTexto) << ReplySinQr() << u"facturas"_s
@@ -274,8 +280,8 @@ class TestTimbrado : public QObject {
     QVERIFY(!r.outcome);
     QVERIFY2(r.outcome.message.contains(mensaje), qPrintable(r.outcome.message));
     // What the PAC said is a stop; what kept it from saying anything, a warning.
-    QCOMPARE(r.outcome.icon, mensaje == QString::fromUtf8(kCompleto) ? MessageIcon::kStop
-                                                                      : MessageIcon::kWarning);
+    QCOMPARE(r.outcome.icon,
+             mensaje == QString::fromUtf8(kCompleto) ? MessageIcon::kStop : MessageIcon::kWarning);
     QVERIFY2(r.respuesta.contains(en_respuesta), qPrintable(r.respuesta));
     QVERIFY(r.uuid.isEmpty());
     QCOMPARE(Fila(s, false, llave), antes);
@@ -291,8 +297,8 @@ class TestTimbrado : public QObject {
     QTest::newRow("local") << u"2026-11-25T10:00:00"_s << cadena << u"2026-11-25T10:00:00"_s;
     QTest::newRow("GMT con fracción, de la cadena")
         << u"2026-11-25T16:00:00.123Z"_s << cadena << u"2026-11-25T10:00:00"_s;
-    QTest::newRow("GMT sin cadena") << u"2026-11-25T16:00:00Z"_s << QString()
-                                    << u"2026-11-25T16:00:00"_s;
+    QTest::newRow("GMT sin cadena")
+        << u"2026-11-25T16:00:00Z"_s << QString() << u"2026-11-25T16:00:00"_s;
     QTest::newRow("con zona, cadena ajena")
         << u"2026-11-25T10:00:00-06:00"_s << u"||1.0|x|ayer|y|z||"_s << u"2026-11-25T10:00:00"_s;
   }
@@ -349,17 +355,19 @@ class TestTimbrado : public QObject {
     const QVariantMap timbrada = Fila(s, false, llave);
 
     Connection c(s.Cadena);
-    QSqlQuery q = c.Exec(u"select f.archivocertificado, f.archivollave, c.password from "
-                         "\"folios facturas\" f, certificados c where c.documento = 0 and "
-                         "c.numero = f.numero and f.numero = ?"_s,
-                         {s.FolioFacturas});
+    QSqlQuery q = c.Exec(
+        u"select f.archivocertificado, f.archivollave, c.password from "
+        "\"folios facturas\" f, certificados c where c.documento = 0 and "
+        "c.numero = f.numero and f.numero = ?"_s,
+        {s.FolioFacturas});
     QVERIFY(q.next());
     const QString cer = s.CarpetaCer + u'/' + q.value(0).toString();
     const QString key = s.CarpetaCer + u'/' + q.value(1).toString();
     const QString password = q.value(2).toString();
     q.finish();
     for (const char* codigo : {"201", "202"}) {
-      const ResultadoCancelacion cancelada = CancelarUUID(s, u' ' + r.uuid + u' ', cer, key, password);
+      const ResultadoCancelacion cancelada =
+          CancelarUUID(s, u' ' + r.uuid + u' ', cer, key, password);
       QVERIFY2(cancelada.outcome, qPrintable(cancelada.outcome.message));
       QCOMPARE(ExtraerEtiqueta(cancelada.respuesta, u"<statusUUID"_s, u"</statusUUID>"_s),
                QString::fromLatin1(codigo));

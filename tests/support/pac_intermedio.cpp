@@ -128,10 +128,10 @@ void PacIntermedio::Atender(int cliente) {
       abiertas_.push_back(cliente);
       return;
     case Modo::kTexto:
-      EnviarTodo(cliente, "HTTP/1.1 200 OK\r\nContent-Type: text/xml; charset=UTF-8\r\n"
-                          "Content-Length: " +
-                              QByteArray::number(dato_.size()) +
-                              "\r\nConnection: close\r\n\r\n" + dato_);
+      EnviarTodo(cliente,
+                 "HTTP/1.1 200 OK\r\nContent-Type: text/xml; charset=UTF-8\r\n"
+                 "Content-Length: " +
+                     QByteArray::number(dato_.size()) + "\r\nConnection: close\r\n\r\n" + dato_);
       break;
     case Modo::kPerderRespuesta:
       if (!pedido.isEmpty()) Reenviar(QUrl(QString::fromUtf8(dato_)), pedido);
