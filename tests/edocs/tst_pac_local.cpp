@@ -91,7 +91,8 @@ class TestPacLocal : public QObject {
   // A good invoice is stamped; its timbre verifies with the PAC's certificate, the stamped
   // file is a valid CFDi, the QR carries the SAT's text; sent again it gets the same stamp.
   void TimbraYDevuelveElPrimerTimbre() {
-    const RespuestaPac r = PacTimbrar(Cuenta(pac_), Sellado(kVigente, Ahora()));
+    const QByteArray documento = Sellado(kVigente, Ahora());
+    const RespuestaPac r = PacTimbrar(Cuenta(pac_), documento);
     QVERIFY2(r.entregada(), qPrintable(r.falla));
     QCOMPARE(Tag(r, u"status"_s), u"200"_s);
     const QString uuid = Tag(r, u"uuid"_s);
@@ -119,7 +120,7 @@ class TestPacLocal : public QObject {
     QCOMPARE(LeerQr(QByteArray::fromBase64(Tag(r, u"qrCode"_s).toLatin1())),
              u"?re=EKU9003173C9&rr=XAXX010101000&tt=0000002320.000000&id="_s + uuid);
 
-    const RespuestaPac otra = PacTimbrar(Cuenta(pac_), timbrado);
+    const RespuestaPac otra = PacTimbrar(Cuenta(pac_), documento);
     QCOMPARE(Tag(otra, u"status"_s), u"307"_s);
     QCOMPARE(Tag(otra, u"uuid"_s), uuid);
     QCOMPARE(Tag(otra, u"selloSAT"_s), Tag(r, u"selloSAT"_s));
