@@ -68,13 +68,15 @@ RespuestaPac Enviar(const CuentaPac& cuenta, const QString& url, const char* ope
   const QByteArray accion = QByteArray("SOAPAction: \"urn:") + operacion + '"';
   curl_slist* lista = curl_slist_append(nullptr, "Content-Type: text/xml; charset=UTF-8");
   if (lista != nullptr) lista = curl_slist_append(lista, accion.constData());
+  // No "Expect: 100-continue" pause before large documents: the body goes at once.
+  if (lista != nullptr) lista = curl_slist_append(lista, "Expect:");
   const CurlSlistPtr cabeceras(lista);
   if (!curl || !cabeceras) {
     respuesta.falla = QStringLiteral("No se pudo preparar la comunicación con el %1").arg(Pac());
     return respuesta;
   }
   const QByteArray direccion = url.toUtf8();
-  const QByteArray cuerpo = Sobre(operacion, parametros);
+  QByteArray cuerpo = Sobre(operacion, parametros);
   QByteArray recibido;
   char detalle[CURL_ERROR_SIZE] = {};
   CURL* c = curl.get();
@@ -89,6 +91,7 @@ RespuestaPac Enviar(const CuentaPac& cuenta, const QString& url, const char* ope
   curl_easy_setopt(c, CURLOPT_CONNECTTIMEOUT, static_cast<long>(cuenta.segundos_conexion));
   curl_easy_setopt(c, CURLOPT_TIMEOUT, static_cast<long>(cuenta.segundos_respuesta));
   const CURLcode codigo = curl_easy_perform(c);
+  cuerpo.fill('\0');  // it carried the account's password, and the CSD's when cancelling
   if (codigo != CURLE_OK) {
     respuesta.falla = Falla(codigo, detalle);
     return respuesta;
