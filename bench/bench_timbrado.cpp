@@ -60,7 +60,8 @@ double Timbrar(const CuentaPac& cuenta, const std::vector<QByteArray>& documento
       for (size_t n = siguiente++; n < documentos.size(); n = siguiente++) {
         const RespuestaPac r = PacTimbrar(cuenta, documentos[n]);
         if (ExtraerEtiqueta(r.texto, u"<status"_s, u"</status>"_s) != u"200"_s) {
-          if (fallas++ == 0) std::fprintf(stderr, "%s%s\n", qPrintable(r.falla), qPrintable(r.texto));
+          if (fallas++ == 0)
+            std::fprintf(stderr, "%s%s\n", qPrintable(r.falla), qPrintable(r.texto));
         }
       }
     });
@@ -83,7 +84,8 @@ int main(int argc, char** argv) {
   CuentaPac cuenta{u"testing@solucionfactible.com"_s, u"timbrado.SF.16672"_s};
   cuenta.url_pruebas = QString::fromUtf8(pac.readLine()).trimmed();
   if (cuenta.url_pruebas.isEmpty()) {
-    std::fprintf(stderr, "ventarix-pac did not start: %s\n", pac.readAllStandardError().constData());
+    std::fprintf(stderr, "ventarix-pac did not start: %s\n",
+                 pac.readAllStandardError().constData());
     return 1;
   }
   std::printf("%-22s %8s %9s %10s\n", "clients", "stamps", "seconds", "stamps/s");

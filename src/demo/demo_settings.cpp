@@ -14,7 +14,8 @@ namespace {
 
 // The stand-in PAC tools/demo.sh starts beside the program: the demo never reaches the provider.
 // Both addresses point at it, since cancelling always goes to the production one.
-constexpr char kPacLocal[] = "http://127.0.0.1:8642/ws/services/Timbrado.TimbradoHttpsSoap11Endpoint/";
+constexpr char kPacLocal[] =
+    "http://127.0.0.1:8642/ws/services/Timbrado.TimbradoHttpsSoap11Endpoint/";
 
 // The shop's fiscal address, shared by the issuing branch. The RFC is that of the SAT's test
 // certificate valid today, so that documents can be sealed with it.

@@ -124,10 +124,10 @@ CuentaPac CuentaPacDeEmpresa(const Session& session) {
 }
 
 RespuestaPac PacTimbrar(const CuentaPac& cuenta, const QByteArray& xml) {
-  const QByteArray parametros =
-      Parametro("usuario", cuenta.usuario) + Parametro("password", cuenta.password) +
-      Parametro("cfdi", QString::fromLatin1(xml.toBase64())) +
-      Parametro("zip", QStringLiteral("false"));
+  const QByteArray parametros = Parametro("usuario", cuenta.usuario) +
+                                Parametro("password", cuenta.password) +
+                                Parametro("cfdi", QString::fromLatin1(xml.toBase64())) +
+                                Parametro("zip", QStringLiteral("false"));
   return Enviar(cuenta, cuenta.produccion ? cuenta.url_produccion : cuenta.url_pruebas, "timbrar",
                 parametros);
 }
@@ -137,7 +137,8 @@ RespuestaPac PacCancelar(const CuentaPac& cuenta, const QString& uuid,
                          const QString& password) {
   const QByteArray parametros =
       Parametro("usuario", cuenta.usuario) + Parametro("password", cuenta.password) +
-      Parametro("uuids", uuid) + Parametro("derCertCSD", QString::fromLatin1(certificado.toBase64())) +
+      Parametro("uuids", uuid) +
+      Parametro("derCertCSD", QString::fromLatin1(certificado.toBase64())) +
       Parametro("derKeyCSD", QString::fromLatin1(llave.toBase64())) +
       Parametro("contrasenaCSD", password);
   // Cancelling always goes to the production address, whatever the account's flag.
