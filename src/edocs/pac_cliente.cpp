@@ -68,13 +68,15 @@ RespuestaPac Enviar(const CuentaPac& cuenta, const QString& url, const char* ope
   const QByteArray accion = QByteArray("SOAPAction: \"urn:") + operacion + '"';
   curl_slist* lista = curl_slist_append(nullptr, "Content-Type: text/xml; charset=UTF-8");
   if (lista != nullptr) lista = curl_slist_append(lista, accion.constData());
+  // No "Expect: 100-continue" pause before large documents: the body goes at once.
+  if (lista != nullptr) lista = curl_slist_append(lista, "Expect:");
   const CurlSlistPtr cabeceras(lista);
   if (!curl || !cabeceras) {
     respuesta.falla = QStringLiteral("No se pudo preparar la comunicación con el %1").arg(Pac());
     return respuesta;
   }
   const QByteArray direccion = url.toUtf8();
-  const QByteArray cuerpo = Sobre(operacion, parametros);
+  QByteArray cuerpo = Sobre(operacion, parametros);
   QByteArray recibido;
   char detalle[CURL_ERROR_SIZE] = {};
   CURL* c = curl.get();
@@ -89,6 +91,7 @@ RespuestaPac Enviar(const CuentaPac& cuenta, const QString& url, const char* ope
   curl_easy_setopt(c, CURLOPT_CONNECTTIMEOUT, static_cast<long>(cuenta.segundos_conexion));
   curl_easy_setopt(c, CURLOPT_TIMEOUT, static_cast<long>(cuenta.segundos_respuesta));
   const CURLcode codigo = curl_easy_perform(c);
+  cuerpo.fill('\0');  // it carried the account's password, and the CSD's when cancelling
   if (codigo != CURLE_OK) {
     respuesta.falla = Falla(codigo, detalle);
     return respuesta;
@@ -121,10 +124,10 @@ CuentaPac CuentaPacDeEmpresa(const Session& session) {
 }
 
 RespuestaPac PacTimbrar(const CuentaPac& cuenta, const QByteArray& xml) {
-  const QByteArray parametros =
-      Parametro("usuario", cuenta.usuario) + Parametro("password", cuenta.password) +
-      Parametro("cfdi", QString::fromLatin1(xml.toBase64())) +
-      Parametro("zip", QStringLiteral("false"));
+  const QByteArray parametros = Parametro("usuario", cuenta.usuario) +
+                                Parametro("password", cuenta.password) +
+                                Parametro("cfdi", QString::fromLatin1(xml.toBase64())) +
+                                Parametro("zip", QStringLiteral("false"));
   return Enviar(cuenta, cuenta.produccion ? cuenta.url_produccion : cuenta.url_pruebas, "timbrar",
                 parametros);
 }
@@ -134,7 +137,8 @@ RespuestaPac PacCancelar(const CuentaPac& cuenta, const QString& uuid,
                          const QString& password) {
   const QByteArray parametros =
       Parametro("usuario", cuenta.usuario) + Parametro("password", cuenta.password) +
-      Parametro("uuids", uuid) + Parametro("derCertCSD", QString::fromLatin1(certificado.toBase64())) +
+      Parametro("uuids", uuid) +
+      Parametro("derCertCSD", QString::fromLatin1(certificado.toBase64())) +
       Parametro("derKeyCSD", QString::fromLatin1(llave.toBase64())) +
       Parametro("contrasenaCSD", password);
   // Cancelling always goes to the production address, whatever the account's flag.

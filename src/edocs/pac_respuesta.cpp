@@ -60,9 +60,9 @@ void Escribir(const xmlNode* padre, QString& texto) {
 QString TextoRespuestaSoap(const QByteArray& cuerpo, const QString& operacion) {
   InicializarXml();
   const QString tal_cual = QString::fromUtf8(cuerpo);
-  const XmlDocPtr doc(xmlReadMemory(cuerpo.constData(), static_cast<int>(cuerpo.size()), nullptr,
-                                    nullptr, XML_PARSE_NONET | XML_PARSE_NOERROR |
-                                                 XML_PARSE_NOWARNING | XML_PARSE_NOBLANKS));
+  const XmlDocPtr doc(xmlReadMemory(
+      cuerpo.constData(), static_cast<int>(cuerpo.size()), nullptr, nullptr,
+      XML_PARSE_NONET | XML_PARSE_NOERROR | XML_PARSE_NOWARNING | XML_PARSE_NOBLANKS));
   const xmlNode* sobre = doc ? xmlDocGetRootElement(doc.get()) : nullptr;
   if (!EnSobre(sobre, "Envelope")) return tal_cual;
   const xmlNode* body = Hijo(sobre, "Body");
@@ -75,8 +75,8 @@ QString TextoRespuestaSoap(const QByteArray& cuerpo, const QString& operacion) {
     return texto;
   }
   const QByteArray respuesta = (operacion + QStringLiteral("Response")).toUtf8();
-  const xmlNode* resultado = Es(contenido, respuesta.constData()) ? Hijo(contenido, "return")
-                                                                  : nullptr;
+  const xmlNode* resultado =
+      Es(contenido, respuesta.constData()) ? Hijo(contenido, "return") : nullptr;
   if (resultado == nullptr) return tal_cual;
   Escribir(resultado, texto);
   return texto;

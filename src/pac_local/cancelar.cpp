@@ -35,7 +35,8 @@ Resultado Servicio::Cancelar(const Solicitud& solicitud) {
   const QString rfc = RfcDelCertificado(cer);
   // Recent clients send "UUID|motivo|"; the UUID is what comes before the first bar.
   for (const QString& uuid : uuids)
-    resultado.resultados.push_back(CancelarUuid(uuid.section(QLatin1Char('|'), 0, 0).trimmed().toUpper(), rfc));
+    resultado.resultados.push_back(
+        CancelarUuid(uuid.section(QLatin1Char('|'), 0, 0).trimmed().toUpper(), rfc));
   resultado.mensaje = QStringLiteral("Proceso de cancelación terminado");
   return resultado;
 }

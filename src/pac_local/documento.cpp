@@ -38,17 +38,19 @@ QString Atributo(const xmlNode* nodo, const char* nombre) {
 }
 
 QString Esquema(const QString& carpeta, const char* archivo) {
-  return QString::fromLatin1(QUrl::fromLocalFile(QDir(carpeta).filePath(QLatin1String(archivo)))
-                                 .toEncoded());
+  return QString::fromLatin1(
+      QUrl::fromLocalFile(QDir(carpeta).filePath(QLatin1String(archivo))).toEncoded());
 }
 
 // The timbre's attributes in the order the system's own documents write them.
 void PonerAtributos(xmlNode* tfd, xmlNs* xsi, const Tfd& t) {
   xmlSetNsProp(tfd, xsi, X("schemaLocation"), X(kUbicacionTfd));
-  const std::pair<const char*, QString> valores[] = {
-      {"selloCFD", t.sello_cfd},   {"FechaTimbrado", t.fecha_timbrado},
-      {"UUID", t.uuid},            {"noCertificadoSAT", t.no_certificado_sat},
-      {"version", QStringLiteral("1.0")},     {"selloSAT", t.sello_sat}};
+  const std::pair<const char*, QString> valores[] = {{"selloCFD", t.sello_cfd},
+                                                     {"FechaTimbrado", t.fecha_timbrado},
+                                                     {"UUID", t.uuid},
+                                                     {"noCertificadoSAT", t.no_certificado_sat},
+                                                     {"version", QStringLiteral("1.0")},
+                                                     {"selloSAT", t.sello_sat}};
   for (const auto& [nombre, valor] : valores) {
     if (valor.isEmpty()) continue;  // the cadena is taken before selloSAT exists
     xmlSetProp(tfd, X(nombre), X(valor.toUtf8().constData()));
@@ -61,20 +63,20 @@ Esquemas::Esquemas(const QString& carpeta) {
   edocs::InicializarXml();
   edocs::ErroresXml errores;
   // One schema importing both namespaces: the timbre is then checked inside Complemento.
-  const QByteArray xsd = QStringLiteral(
-                             "<xs:schema xmlns:xs=\"http://www.w3.org/2001/XMLSchema\">"
-                             "<xs:import namespace=\"%1\" schemaLocation=\"%2\"/>"
-                             "<xs:import namespace=\"%3\" schemaLocation=\"%4\"/></xs:schema>")
-                             .arg(QLatin1String(kNsCfdi), Esquema(carpeta, "cfdv32.xsd"),
-                                  QLatin1String(kNsTimbre),
-                                  Esquema(carpeta, "TimbreFiscalDigital.xsd"))
-                             .toUtf8();
+  const QByteArray xsd =
+      QStringLiteral(
+          "<xs:schema xmlns:xs=\"http://www.w3.org/2001/XMLSchema\">"
+          "<xs:import namespace=\"%1\" schemaLocation=\"%2\"/>"
+          "<xs:import namespace=\"%3\" schemaLocation=\"%4\"/></xs:schema>")
+          .arg(QLatin1String(kNsCfdi), Esquema(carpeta, "cfdv32.xsd"), QLatin1String(kNsTimbre),
+               Esquema(carpeta, "TimbreFiscalDigital.xsd"))
+          .toUtf8();
   const edocs::XmlSchemaParserCtxtPtr contexto(
       xmlSchemaNewMemParserCtxt(xsd.constData(), static_cast<int>(xsd.size())));
   if (contexto) esquema_.reset(xmlSchemaParse(contexto.get()));
   if (!esquema_) {
-    error_ = QStringLiteral("No se pudieron leer los esquemas de %1: %2").arg(carpeta,
-                                                                               errores.Texto());
+    error_ =
+        QStringLiteral("No se pudieron leer los esquemas de %1: %2").arg(carpeta, errores.Texto());
   }
 }
 

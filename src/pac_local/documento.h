@@ -27,7 +27,7 @@ class Esquemas {
 // What the checks read from a document's root and its Emisor and Receptor.
 struct DatosCfdi {
   QString sello, certificado, total, rfc_emisor, rfc_receptor;
-  QDateTime fecha;  // local time, as written
+  QDateTime fecha;        // local time, as written
   bool timbrado = false;  // already carries a tfd:TimbreFiscalDigital
 };
 DatosCfdi LeerDatos(xmlDoc* doc);

@@ -42,8 +42,8 @@ QString RfcDelCertificado(const QByteArray& certificado_der) {
   const int indice = X509_NAME_get_index_by_NID(sujeto, NID_x500UniqueIdentifier, -1);
   if (indice < 0) return {};
   const ASN1_STRING* dato = X509_NAME_ENTRY_get_data(X509_NAME_get_entry(sujeto, indice));
-  const QString texto = QString::fromUtf8(reinterpret_cast<const char*>(ASN1_STRING_get0_data(dato)),
-                                          ASN1_STRING_length(dato));
+  const QString texto = QString::fromUtf8(
+      reinterpret_cast<const char*>(ASN1_STRING_get0_data(dato)), ASN1_STRING_length(dato));
   return texto.trimmed().section(QLatin1Char(' '), 0, 0).section(QLatin1Char('/'), 0, 0).left(13);
 }
 

@@ -35,10 +35,11 @@ Configuracion LeerConfiguracion(const QCommandLineParser& p) {
   c.datos = Opcion(p, "datos");
   c.certificado = Opcion(p, "certificado", propios + QStringLiteral("pac-local.cer"));
   c.llave = Opcion(p, "llave", propios + QStringLiteral("pac-local.key"));
-  c.contrasena = Opcion(p, "contrasena", p.isSet(QStringLiteral("llave"))
-                                             ? QString()
-                                             : QString::fromLatin1(kContrasenaPropia));
-  c.esquemas = Opcion(p, "esquemas", ventarix::instalacion::CarpetaSat(QStringLiteral("EsquemasCFDi")));
+  c.contrasena =
+      Opcion(p, "contrasena",
+             p.isSet(QStringLiteral("llave")) ? QString() : QString::fromLatin1(kContrasenaPropia));
+  c.esquemas =
+      Opcion(p, "esquemas", ventarix::instalacion::CarpetaSat(QStringLiteral("EsquemasCFDi")));
   if (p.isSet(QStringLiteral("usuario")))
     c.cuentas.emplace_back(Opcion(p, "usuario"), Opcion(p, "password"));
   return c;

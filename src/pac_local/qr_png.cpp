@@ -23,7 +23,8 @@ QByteArray Trozo(const char* tipo, const QByteArray& datos) {
   const QByteArray cuerpo = QByteArray(tipo, 4) + datos;
   const uLong crc = crc32(0L, reinterpret_cast<const Bytef*>(cuerpo.constData()),
                           static_cast<uInt>(cuerpo.size()));
-  return Numero32(static_cast<quint32>(datos.size())) + cuerpo + Numero32(static_cast<quint32>(crc));
+  return Numero32(static_cast<quint32>(datos.size())) + cuerpo +
+         Numero32(static_cast<quint32>(crc));
 }
 
 // The picture's rows, each behind its filter byte 0 (none).
@@ -51,16 +52,18 @@ QByteArray PngCodigoQR(const QString& texto, int escala) {
   if (!code) return {};
   const int lado = (code->width + 2 * kZonaSilenciosa) * escala;
   const QByteArray filas = Filas(*code, lado, escala);
-  QByteArray comprimido(static_cast<qsizetype>(compressBound(static_cast<uLong>(filas.size()))), '\0');
+  QByteArray comprimido(static_cast<qsizetype>(compressBound(static_cast<uLong>(filas.size()))),
+                        '\0');
   uLongf tamano = static_cast<uLongf>(comprimido.size());
   if (compress2(reinterpret_cast<Bytef*>(comprimido.data()), &tamano,
-                reinterpret_cast<const Bytef*>(filas.constData()),
-                static_cast<uLong>(filas.size()), Z_BEST_COMPRESSION) != Z_OK) {
+                reinterpret_cast<const Bytef*>(filas.constData()), static_cast<uLong>(filas.size()),
+                Z_BEST_COMPRESSION) != Z_OK) {
     return {};
   }
   comprimido.truncate(static_cast<qsizetype>(tamano));
   // Width, height, bit depth 8, colour type 0 (grey), deflate, no filter variants, no interlace.
-  const QByteArray cabecera = Numero32(lado) + Numero32(lado) + QByteArray("\x08\x00\x00\x00\x00", 5);
+  const QByteArray cabecera =
+      Numero32(lado) + Numero32(lado) + QByteArray("\x08\x00\x00\x00\x00", 5);
   return QByteArray("\x89PNG\r\n\x1a\n", 8) + Trozo("IHDR", cabecera) + Trozo("IDAT", comprimido) +
          Trozo("IEND", {});
 }

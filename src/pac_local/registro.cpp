@@ -71,16 +71,15 @@ Registro::Registro(const QString& archivo) {
 Registro::~Registro() = default;
 
 std::optional<Timbre> Registro::Buscar(const char* columna, const QString& valor) {
-  const Sentencia s = Preparar(db_.get(), QByteArray("select ") + kColumnas +
-                                              " from timbres where " + columna + " = ?");
+  const Sentencia s = Preparar(
+      db_.get(), QByteArray("select ") + kColumnas + " from timbres where " + columna + " = ?");
   if (!s) return std::nullopt;
   Ligar(s.get(), 1, valor);
   if (sqlite3_step(s.get()) != SQLITE_ROW) return std::nullopt;
   Timbre t;
-  QString* campos[] = {&t.uuid,      &t.sello_cfd,          &t.rfc_emisor,
-                       &t.fecha,     &t.fecha_timbrado,     &t.sello_sat,
-                       &t.no_certificado_sat, &t.cadena_original, &t.qr_code,
-                       &t.cfdi_timbrado};
+  QString* campos[] = {
+      &t.uuid,      &t.sello_cfd,          &t.rfc_emisor,      &t.fecha,   &t.fecha_timbrado,
+      &t.sello_sat, &t.no_certificado_sat, &t.cadena_original, &t.qr_code, &t.cfdi_timbrado};
   for (int i = 0; i < 10; ++i) *campos[i] = Columna(s.get(), i);
   t.cancelado = sqlite3_column_int(s.get(), 10) != 0;
   return t;
@@ -103,10 +102,9 @@ std::optional<Timbre> Registro::Guardar(const Timbre& t) {
     const Sentencia s = Preparar(db_.get(), QByteArray("insert into timbres (") + kColumnas +
                                                 ") values (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, 0)");
     if (!s) return false;
-    const QString* campos[] = {&t.uuid,      &t.sello_cfd,          &t.rfc_emisor,
-                               &t.fecha,     &t.fecha_timbrado,     &t.sello_sat,
-                               &t.no_certificado_sat, &t.cadena_original, &t.qr_code,
-                               &t.cfdi_timbrado};
+    const QString* campos[] = {
+        &t.uuid,      &t.sello_cfd,          &t.rfc_emisor,      &t.fecha,   &t.fecha_timbrado,
+        &t.sello_sat, &t.no_certificado_sat, &t.cadena_original, &t.qr_code, &t.cfdi_timbrado};
     for (int i = 0; i < 10; ++i) Ligar(s.get(), i + 1, *campos[i]);
     return sqlite3_step(s.get()) == SQLITE_DONE;
   });
@@ -117,10 +115,12 @@ std::optional<Timbre> Registro::Guardar(const Timbre& t) {
 bool Registro::MarcarCancelado(const QString& uuid) {
   const std::lock_guard<std::mutex> candado(mutex_);
   return EnTransaccion(db_.get(), [&] {
-    const Sentencia s = Preparar(db_.get(), "update timbres set cancelado = 1 where uuid = ? and cancelado = 0");
+    const Sentencia s =
+        Preparar(db_.get(), "update timbres set cancelado = 1 where uuid = ? and cancelado = 0");
     if (!s) return false;
     Ligar(s.get(), 1, uuid);
-    return sqlite3_step(s.get()) == SQLITE_DONE && sqlite3_changes(db_.get()) == 1;  // 0: cancelled already
+    return sqlite3_step(s.get()) == SQLITE_DONE &&
+           sqlite3_changes(db_.get()) == 1;  // 0: cancelled already
   });
 }
 

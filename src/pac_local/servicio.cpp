@@ -26,7 +26,8 @@ Servicio::Servicio(const Configuracion& configuracion) : configuracion_(configur
     error_ = QStringLiteral("No se pudo leer el certificado %1: %2")
                  .arg(configuracion.certificado, certificado_.error);
   } else if (!llave_->ok()) {
-    error_ = QStringLiteral("No se pudo abrir la llave %1 con su contraseña").arg(configuracion.llave);
+    error_ =
+        QStringLiteral("No se pudo abrir la llave %1 con su contraseña").arg(configuracion.llave);
   } else if (!llave_->CorrespondeA(certificado_.der)) {
     error_ = QStringLiteral("La llave %1 no corresponde al certificado").arg(configuracion.llave);
   } else if (!esquemas_->error().isEmpty()) {
@@ -51,11 +52,12 @@ std::pair<int, QByteArray> Servicio::Atender(const QByteArray& cuerpo) {
   if (!solicitud.error.isEmpty())
     return {500, FallaSoap(QStringLiteral("Client"), solicitud.error)};
   const QString& operacion = solicitud.operacion;
-  const bool timbrar = operacion == QLatin1String("timbrar") ||
-                       operacion == QLatin1String("timbrarBase64");
+  const bool timbrar =
+      operacion == QLatin1String("timbrar") || operacion == QLatin1String("timbrarBase64");
   if (!timbrar && operacion != QLatin1String("cancelar")) {
-    return {500, FallaSoap(QStringLiteral("Client"),
-                           QStringLiteral("La operación %1 no existe en el servicio").arg(operacion))};
+    return {500,
+            FallaSoap(QStringLiteral("Client"),
+                      QStringLiteral("La operación %1 no existe en el servicio").arg(operacion))};
   }
   Resultado resultado = timbrar ? Certificacion() : Cancelacion();
   if (!Autorizado(solicitud)) {

@@ -20,7 +20,7 @@ inline constexpr char kUsuarioPruebas[] = "testing@solucionfactible.com";
 inline constexpr char kPasswordPruebas[] = "timbrado.SF.16672";
 
 struct Configuracion {
-  QString datos;  // the SQLite file of the records
+  QString datos;                           // the SQLite file of the records
   QString certificado, llave, contrasena;  // what the stand-in signs its stamps with
   QString esquemas;  // cfdv32.xsd, TimbreFiscalDigital.xsd and the two cadena sheets
   std::vector<std::pair<QString, QString>> cuentas;  // accepted besides the test account

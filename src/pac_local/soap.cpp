@@ -77,8 +77,8 @@ Solicitud LeerSolicitud(const QByteArray& cuerpo) {
     return solicitud;
   }
   const xmlNode* sobre = xmlDocGetRootElement(doc.get());
-  const xmlNode* body = Es(sobre, kSobre, "Envelope") ? PrimerElemento(sobre, kSobre, "Body")
-                                                      : nullptr;
+  const xmlNode* body =
+      Es(sobre, kSobre, "Envelope") ? PrimerElemento(sobre, kSobre, "Body") : nullptr;
   const xmlNode* operacion = body != nullptr ? PrimerElemento(body) : nullptr;
   if (operacion == nullptr || operacion->ns == nullptr ||
       std::strcmp(reinterpret_cast<const char*>(operacion->ns->href), kNsServicio) != 0) {
@@ -89,8 +89,8 @@ Solicitud LeerSolicitud(const QByteArray& cuerpo) {
   for (const xmlNode* n = operacion->children; n != nullptr; n = n->next) {
     if (n->type != XML_ELEMENT_NODE) continue;
     const edocs::XmlCharPtr valor(xmlNodeGetContent(n));
-    solicitud.parametros.emplace_back(Texto(n->name), valor ? Texto(valor.get()).trimmed()
-                                                            : QString());
+    solicitud.parametros.emplace_back(Texto(n->name),
+                                      valor ? Texto(valor.get()).trimmed() : QString());
   }
   return solicitud;
 }
@@ -108,7 +108,8 @@ QByteArray RespuestaSoap(const QString& operacion, const Resultado& resultado) {
   Campo(w, QStringLiteral("mensaje"), resultado.mensaje);
   for (const Campos& campos : resultado.resultados) {
     w.writeStartElement(QStringLiteral("ax21:resultados"));
-    w.writeAttribute(QStringLiteral("xsi:type"), QStringLiteral("ax21:") + resultado.tipo_resultado);
+    w.writeAttribute(QStringLiteral("xsi:type"),
+                     QStringLiteral("ax21:") + resultado.tipo_resultado);
     for (const auto& [nombre, valor] : campos) Campo(w, nombre, valor);
     w.writeEndElement();
   }

@@ -49,7 +49,8 @@ Campos Servicio::TimbrarDocumento(const QByteArray& xml) {
   if (!doc) return Certificacion(301, QStringLiteral("XML mal formado: ") + errores.Texto());
   if (const QString invalido = esquemas_->Validar(doc.get()); !invalido.isEmpty()) {
     return Certificacion(301, QStringLiteral("XML mal formado: no es válido contra el esquema "
-                                             "del CFDI 3.2: ") + invalido);
+                                             "del CFDI 3.2: ") +
+                                  invalido);
   }
   const DatosCfdi datos = LeerDatos(doc.get());
   const QByteArray certificado = QByteArray::fromBase64(datos.certificado.toLatin1());
@@ -103,9 +104,9 @@ Campos Servicio::Nuevo(xmlDoc* doc, const DatosCfdi& datos) {
   if (!cadena.ok)
     return Certificacion(500, QStringLiteral("Error, proceso no completado: ") + cadena.error);
   tfd.sello_sat = llave_->FirmarSha1(cadena.cadena.toUtf8());
-  const QByteArray qr = PngCodigoQR(QStringLiteral("?re=%1&rr=%2&tt=%3&id=%4")
-                                        .arg(datos.rfc_emisor, datos.rfc_receptor,
-                                             TotalQr(datos.total), tfd.uuid));
+  const QByteArray qr =
+      PngCodigoQR(QStringLiteral("?re=%1&rr=%2&tt=%3&id=%4")
+                      .arg(datos.rfc_emisor, datos.rfc_receptor, TotalQr(datos.total), tfd.uuid));
   // The real service returns fechaTimbrado in GMT; the stand-in gives the TFD's own local form
   // so that a client may build the timbre from the reply either way.
   const Timbre nuevo{.uuid = tfd.uuid,

@@ -17,6 +17,7 @@
 #include "edocs/herramientas.h"
 #include "edocs/llave_privada.h"
 #include "edocs/pac_cliente.h"
+#include "edocs/pac_respuesta.h"
 #include "support/pac_local.h"
 
 using namespace Qt::StringLiterals;
@@ -66,7 +67,8 @@ QByteArray ValidarTimbrado(const QByteArray& xml) {
            (u"<xs:schema xmlns:xs=\"http://www.w3.org/2001/XMLSchema\">"_s +
             importa.arg(u"cfd/3"_s, kSat + u"cfdv32.xsd"_s) +
             importa.arg(u"TimbreFiscalDigital"_s, kSat + u"TimbreFiscalDigital.xsd"_s) +
-            u"</xs:schema>"_s).toUtf8());
+            u"</xs:schema>"_s)
+               .toUtf8());
   Escribir(dir.filePath(u"doc.xml"_s), xml);
   const Salida s = Ejecutar(u"xmllint"_s, {u"--noout"_s, u"--nonet"_s, u"--schema"_s,
                                            dir.filePath(u"sat.xsd"_s), dir.filePath(u"doc.xml"_s)});
@@ -77,7 +79,8 @@ QString LeerQr(const QByteArray& png) {
   QTemporaryDir dir;
   Escribir(dir.filePath(u"qr.png"_s), png);
   return QString::fromUtf8(
-      Ejecutar(u"zbarimg"_s, {u"--raw"_s, u"-q"_s, dir.filePath(u"qr.png"_s)}).out).trimmed();
+             Ejecutar(u"zbarimg"_s, {u"--raw"_s, u"-q"_s, dir.filePath(u"qr.png"_s)}).out)
+      .trimmed();
 }
 
 }  // namespace
@@ -91,7 +94,8 @@ class TestPacLocal : public QObject {
   // A good invoice is stamped; its timbre verifies with the PAC's certificate, the stamped
   // file is a valid CFDi, the QR carries the SAT's text; sent again it gets the same stamp.
   void TimbraYDevuelveElPrimerTimbre() {
-    const RespuestaPac r = PacTimbrar(Cuenta(pac_), Sellado(kVigente, Ahora()));
+    const QByteArray documento = Sellado(kVigente, Ahora());
+    const RespuestaPac r = PacTimbrar(Cuenta(pac_), documento);
     QVERIFY2(r.entregada(), qPrintable(r.falla));
     QCOMPARE(Tag(r, u"status"_s), u"200"_s);
     const QString uuid = Tag(r, u"uuid"_s);
@@ -109,8 +113,8 @@ class TestPacLocal : public QObject {
     QCOMPARE(tfd[0].Valor(u"noCertificadoSAT"_s), Tag(r, u"certificadoSAT"_s));
     Comprobante sat;  // the timbre's cadena as the SAT defines it, signed by the PAC's key
     sat.CadenaOriginal = u"||1.0|%1|%2|%3|%4||"_s.arg(uuid, tfd[0].Valor(u"FechaTimbrado"_s),
-                                                       tfd[0].Valor(u"selloCFD"_s),
-                                                       tfd[0].Valor(u"noCertificadoSAT"_s));
+                                                      tfd[0].Valor(u"selloCFD"_s),
+                                                      tfd[0].Valor(u"noCertificadoSAT"_s));
     QCOMPARE(Tag(r, u"cadenaOriginal"_s), sat.CadenaOriginal);
     sat.Sello = tfd[0].Valor(u"selloSAT"_s);
     sat.Certificado = QString::fromLatin1(Leer(pac_.certificado()).toBase64());
@@ -119,7 +123,7 @@ class TestPacLocal : public QObject {
     QCOMPARE(LeerQr(QByteArray::fromBase64(Tag(r, u"qrCode"_s).toLatin1())),
              u"?re=EKU9003173C9&rr=XAXX010101000&tt=0000002320.000000&id="_s + uuid);
 
-    const RespuestaPac otra = PacTimbrar(Cuenta(pac_), timbrado);
+    const RespuestaPac otra = PacTimbrar(Cuenta(pac_), documento);
     QCOMPARE(Tag(otra, u"status"_s), u"307"_s);
     QCOMPARE(Tag(otra, u"uuid"_s), uuid);
     QCOMPARE(Tag(otra, u"selloSAT"_s), Tag(r, u"selloSAT"_s));
@@ -135,16 +139,28 @@ class TestPacLocal : public QObject {
     QByteArray otro_sello = Sellado(kVigente, Ahora());
     otro_sello.replace("sello=\"", "sello=\"A");
     QTest::newRow("no es XML") << QByteArray("factura") << ok << u"301"_s << u"XML mal formado"_s;
-    QTest::newRow("sello alterado") << otro_sello << ok << u"302"_s
-                                    << u"Sello mal formado o inválido"_s;
+    QTest::newRow("sello alterado")
+        << otro_sello << ok << u"302"_s << u"Sello mal formado o inválido"_s;
     QTest::newRow("RFC ajeno") << Sellado(kVigente, Ahora(), u"AAA010101AAA"_s) << ok << u"303"_s
                                << u"Sello no corresponde a emisor"_s;
     QTest::newRow("CSD vencido") << Sellado(u"AAA010101AAA_20001000000100005867"_s, Ahora()) << ok
                                  << u"304"_s << u"Certificado revocado o caduco"_s;
+    QTest::newRow("antes del CSD")
+        << Sellado(kVigente, QDateTime(QDate(2023, 1, 2), QTime(9, 0))) << ok << u"305"_s
+        << u"Fecha de emisión fuera de vigencia del CSD"_s;
+    QByteArray con_timbre = Sellado(kVigente, Ahora().addSecs(-3));
+    con_timbre.replace("</cfdi:Comprobante>",
+                       "<cfdi:Complemento><tfd:TimbreFiscalDigital xmlns:tfd=\"http://www.sat.gob."
+                       "mx/TimbreFiscalDigital\" version=\"1.0\" UUID=\"AD662D33-6934-459C-A128-"
+                       "BDF0393E0F44\" FechaTimbrado=\"2026-01-02T10:31:12\" selloCFD=\"c2VsbG8=\" "
+                       "noCertificadoSAT=\"20001000000100003992\" selloSAT=\"c2VsbG8=\"/>"
+                       "</cfdi:Complemento></cfdi:Comprobante>");
+    QTest::newRow("timbre de otro PAC")
+        << con_timbre << ok << u"307"_s << u"El CFDI contiene un timbre previo"_s;
     QTest::newRow("de hace 4 días") << Sellado(kVigente, Ahora().addDays(-4)) << ok << u"401"_s
                                     << u"Fecha y hora de generación fuera de rango"_s;
-    QTest::newRow("contraseña errónea") << Sellado(kVigente, Ahora()) << u"otra"_s << u"601"_s
-                                        << u"Error de autenticación"_s;
+    QTest::newRow("contraseña errónea")
+        << Sellado(kVigente, Ahora()) << u"otra"_s << u"601"_s << u"Error de autenticación"_s;
   }
   void Rechaza() {
     QFETCH(QByteArray, xml);
@@ -198,7 +214,8 @@ class TestPacLocal : public QObject {
             getsockname(oyente, reinterpret_cast<sockaddr*>(&direccion), &largo) == 0);
     CuentaPac cuenta;
     cuenta.segundos_respuesta = 1;
-    cuenta.url_pruebas = u"http://127.0.0.1:%1/ws/services/Timbrado"_s.arg(ntohs(direccion.sin_port));
+    cuenta.url_pruebas =
+        u"http://127.0.0.1:%1/ws/services/Timbrado"_s.arg(ntohs(direccion.sin_port));
     QElapsedTimer reloj;
     reloj.start();
     const RespuestaPac muda = PacTimbrar(cuenta, "<x/>");
@@ -211,6 +228,38 @@ class TestPacLocal : public QObject {
     QVERIFY2(nadie.falla.startsWith(u"No se pudo establecer comunicación con el PAC"_s),
              qPrintable(nadie.falla));
     QVERIFY(reloj.elapsed() < 900);
+  }
+
+  // Prefixes are the server's choice: elements are read by namespace and written by local name.
+  void TextoDeLaRespuesta_data() {
+    QTest::addColumn<QByteArray>("cuerpo");
+    QTest::addColumn<QString>("texto");
+    const QByteArray sobre =
+        "<e:Envelope xmlns:e=\"http://schemas.xmlsoap.org/soap/envelope/\"><e:Body>%1</e:Body>"
+        "</e:Envelope>";
+    QTest::newRow("prefijos propios y nil")
+        << QByteArray(sobre).replace(
+               "%1",
+               "<p:timbrarResponse xmlns:p=\"http://timbrado.ws.cfdi.solucionfactible.com\">"
+               "<p:return xmlns:q=\"http://timbrado.ws.cfdi.solucionfactible.com/xsd\" "
+               "xmlns:i=\"http://www.w3.org/2001/XMLSchema-instance\">\n <q:mensaje>Ok"
+               "</q:mensaje>\n <q:resultados><q:uuid i:nil=\"true\"/><q:status>301"
+               "</q:status></q:resultados><q:status>200</q:status></p:return>"
+               "</p:timbrarResponse>")
+        << u"<mensaje>Ok</mensaje><resultados><uuid></uuid><status>301</status></resultados>"
+           "<status>200</status>"_s;
+    QTest::newRow("falla SOAP")
+        << QByteArray(sobre).replace("%1",
+                                     "<e:Fault><faultcode>e:Server</faultcode><faultstring>"
+                                     "Usuario bloqueado</faultstring></e:Fault>")
+        << u"<faultcode>e:Server</faultcode><faultstring>Usuario bloqueado</faultstring>"_s;
+    QTest::newRow("no es XML") << QByteArray("Servicio no disponible")
+                               << u"Servicio no disponible"_s;
+  }
+  void TextoDeLaRespuesta() {
+    QFETCH(QByteArray, cuerpo);
+    QFETCH(QString, texto);
+    QCOMPARE(TextoRespuestaSoap(cuerpo, u"timbrar"_s), texto);
   }
 
   void ExtraerEtiqueta_data() {

@@ -47,8 +47,8 @@ PacLocal::PacLocal()
     return;
   }
   // The program prints its address once it listens.
-  while (!proceso_->canReadLine() && proceso_->state() == QProcess::Running)
-    proceso_->waitForReadyRead(kEsperaMs);
+  while (!proceso_->canReadLine() && proceso_->waitForReadyRead(kEsperaMs)) {
+  }
   url_ = QString::fromUtf8(proceso_->readLine()).trimmed();
   if (url_.isEmpty()) {
     proceso_->waitForFinished(1000);
