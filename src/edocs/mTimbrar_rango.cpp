@@ -54,10 +54,14 @@ Outcome Materializar(const Session& session, const MaterialSellado& sellado,
   return escribir({}, rango.archivo_key, u"No se generó correctamente el archivo llave"_s);
 }
 
+// The files are looked for in CarpetaCer only: without that folder there are none.
 QString RutaEnCarpetaCer(const Session& session, const QString& archivo) {
-  return archivo.isEmpty() || !EsNombreDeArchivo(archivo)
-             ? QString()
-             : QDir(session.CarpetaCer).filePath(archivo);
+  const QString& carpeta = session.CarpetaCer;
+  if (archivo.isEmpty() || !EsNombreDeArchivo(archivo) || carpeta.isEmpty() ||
+      !QDir(carpeta).exists()) {
+    return {};
+  }
+  return QDir(carpeta).filePath(archivo);
 }
 
 }  // namespace
