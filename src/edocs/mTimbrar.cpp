@@ -9,6 +9,7 @@
 
 #include "core/database.h"
 #include "core/dialect.h"
+#include "core/mFunciones.h"
 #include "core/mFunciones_valores.h"
 #include "core/session.h"
 #include "edocs/cadena_original.h"
@@ -65,7 +66,11 @@ bool Sellar(const Session& session, const FamiliaTimbrado& familia, Leido& leido
   const CadenaOriginal cadena = GenerarCadenaOriginal(
       QDir(session.CarpetaEsquemasCFDi).filePath(u"cadenaoriginal_3_2.xslt"_s),
       ConstruirXml(c, FormatoXml::kCfdi32, familia.impuestos));
-  if (!cadena.ok) return false;
+  if (!cadena.ok) {
+    // The step's message is the user's; why the cadena could not be made goes to the log.
+    mFunciones::RegistrarError(session, cadena.error);
+    return false;
+  }
   c.CadenaOriginal = cadena.cadena;
   c.Sello = leido.material.llave->FirmarSha1(cadena.cadena.toUtf8());
   return !c.Sello.isEmpty();
