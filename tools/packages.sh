@@ -4,7 +4,8 @@ VENTARIX_BUILD_PACKAGES=(
   cmake ninja-build ccache g++ pkg-config
   qt6-base-dev qt6-base-dev-tools libqt6sql6-sqlite libqt6sql6-psql libgl-dev fonts-dejavu-core
   qt6-translations-l10n
-  libxml2-dev libxslt1-dev libssl-dev libqrencode-dev libcurl4-openssl-dev
+  libxml2-dev libxslt1-dev libssl-dev libqrencode-dev libcurl4-openssl-dev libcpp-httplib-dev
+  zlib1g-dev
   libsqlite3-dev libpq-dev
 )
 VENTARIX_TEST_PACKAGES=(

@@ -18,6 +18,9 @@ int RunDocumento(const QStringList& args);
 // Cancelling and deleting a record: "documento cancelar|borrar KEY ...".
 bool EsAccionDeBaja(const QString& accion);
 int RunDocumentoBaja(const QStringList& args);
+// Stamping a saved CFDi document and cancelling a UUID at the PAC.
+int RunTimbrar(const QStringList& args);
+int RunCancelar(const QStringList& args);
 void PrintHelp();
 
 // Console output, UTF-8 whatever the locale says.

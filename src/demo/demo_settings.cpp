@@ -3,6 +3,7 @@
 #include <QString>
 #include <QStringList>
 
+#include "catalogs/empresa_cuentas.h"
 #include "demo/demo_tables.h"
 
 // The company row and the small lists every screen reads: payment methods, client types,
@@ -10,6 +11,11 @@
 namespace ventarix::demo {
 
 namespace {
+
+// The stand-in PAC tools/demo.sh starts beside the program: the demo never reaches the provider.
+// Both addresses point at it, since cancelling always goes to the production one.
+constexpr char kPacLocal[] =
+    "http://127.0.0.1:8642/ws/services/Timbrado.TimbradoHttpsSoap11Endpoint/";
 
 // The shop's fiscal address, shared by the issuing branch. The RFC is that of the SAT's test
 // certificate valid today, so that documents can be sealed with it.
@@ -71,9 +77,11 @@ Fila Reglas() {
           {"de", Texto("ventas@ferreteriakemper.example")},
           {"password", Vacio()},
           {"autenticacion", si},
-          {"pacusuario", Vacio()},
-          {"pacpassword", Vacio()},
+          {"pacusuario", Texto(empresa::kPacUsuarioDePrueba)},
+          {"pacpassword", Texto(empresa::kPacPasswordDePrueba)},
           {"pacproduccion", no},
+          {"pacurlpruebas", Texto(kPacLocal)},
+          {"pacurlproduccion", Texto(kPacLocal)},
           {"codigo actual", Vacio()},
           {"codigo nuevo", Vacio()}};
 }

@@ -13,12 +13,14 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// Each folder's tier: core < documents < the business subsystems < demo < app.
+// Each folder's tier: core < documents < the business subsystems < demo and the stand-in PAC
+// < app.
 int Nivel(const QString& subsistema) {
   static const QHash<QString, int> niveles{
       {u"core"_s, 0},    {u"documents"_s, 1},   {u"catalogs"_s, 2},  {u"edocs"_s, 2},
       {u"sales"_s, 2},   {u"purchasing"_s, 2},  {u"inventory"_s, 2}, {u"pos"_s, 2},
-      {u"reports"_s, 2}, {u"maintenance"_s, 2}, {u"demo"_s, 3},      {u"app"_s, 4}};
+      {u"reports"_s, 2}, {u"maintenance"_s, 2}, {u"demo"_s, 3},      {u"pac_local"_s, 3},
+      {u"app"_s, 4}};
   return niveles.value(subsistema, -1);
 }
 
