@@ -48,7 +48,7 @@ QByteArray Sellado(const QString& csd, const QDateTime& fecha, QString rfc = {})
 
 QDateTime Ahora() { return QDateTime::currentDateTime().addSecs(-60); }
 
-CuentaPac Cuenta(const ::testing::PacLocal& pac) {
+CuentaPac Cuenta(const PacLocal& pac) {
   CuentaPac cuenta{u"testing@solucionfactible.com"_s, u"timbrado.SF.16672"_s};
   cuenta.url_pruebas = cuenta.url_produccion = pac.url();
   return cuenta;
@@ -280,7 +280,7 @@ class TestPacLocal : public QObject {
   }
 
  private:
-  ::testing::PacLocal pac_;
+  PacLocal pac_;
 };
 
 QTEST_GUILESS_MAIN(TestPacLocal)

@@ -21,7 +21,7 @@
 using namespace ventarix;
 using namespace ventarix::edocs;
 using namespace Qt::StringLiterals;
-using Modo = ::testing::PacIntermedio::Modo;
+using Modo = testing::PacIntermedio::Modo;
 namespace vt = ventarix::testing;
 
 namespace {
@@ -171,7 +171,7 @@ class TestTimbrado : public QObject {
   // capture, while the file, rebuilt with totalImpuestosTrasladados, carries a new one.
   void DocumentoTimbrado() {
     QFETCH(bool, nota);
-    ::testing::PacLocal pac;
+    testing::PacLocal pac;
     QVERIFY2(pac.ok(), qPrintable(pac.error()));
     const auto company = vt::EmpresaDemo();
     if (!company) return;
@@ -249,9 +249,9 @@ class TestTimbrado : public QObject {
     QFETCH(QString, cambio);
     QFETCH(QString, mensaje);
     QFETCH(QString, en_respuesta);
-    ::testing::PacLocal pac;
+    testing::PacLocal pac;
     QVERIFY2(pac.ok(), qPrintable(pac.error()));
-    std::optional<::testing::PacIntermedio> falso;
+    std::optional<testing::PacIntermedio> falso;
     if (modo >= 0) falso.emplace(Modo(modo), texto);
     const auto company = vt::EmpresaDemo();
     if (!company) return;
@@ -316,9 +316,9 @@ class TestTimbrado : public QObject {
   // The PAC stamped but its reply was lost: the row is untouched, and the next attempt, with
   // the same seal, gets the PAC's earlier stamp (307) and stores its UUID.
   void RespuestaPerdida() {
-    ::testing::PacLocal pac;
+    testing::PacLocal pac;
     QVERIFY2(pac.ok(), qPrintable(pac.error()));
-    ::testing::PacIntermedio perdida(Modo::kPerderRespuesta, pac.url().toUtf8());
+    testing::PacIntermedio perdida(Modo::kPerderRespuesta, pac.url().toUtf8());
     const auto company = vt::EmpresaDemo();
     if (!company) return;
     Session s = SesionDe(*company, perdida.url());
@@ -344,7 +344,7 @@ class TestTimbrado : public QObject {
 
   // The issuer's CSD cancels the stamp (201), then again (202); the row does not change.
   void Cancelacion() {
-    ::testing::PacLocal pac;
+    testing::PacLocal pac;
     QVERIFY2(pac.ok(), qPrintable(pac.error()));
     const auto company = vt::EmpresaDemo();
     if (!company) return;

@@ -8,7 +8,7 @@
 
 #include <QUrl>
 
-namespace testing {
+namespace ventarix::testing {
 namespace {
 
 constexpr char kRuta[] = "/ws/services/Timbrado.TimbradoHttpsSoap11Endpoint/";
@@ -143,4 +143,4 @@ void PacIntermedio::Atender(int cliente) {
   ::close(cliente);
 }
 
-}  // namespace testing
+}  // namespace ventarix::testing

@@ -7,7 +7,7 @@
 #include <QByteArray>
 #include <QString>
 
-namespace testing {
+namespace ventarix::testing {
 
 // A faulty PAC on 127.0.0.1, served from a thread of its own, for the failures a real provider's
 // network gives: nobody listening, a peer that accepts and never answers, an answer that is
@@ -42,4 +42,4 @@ class PacIntermedio {
   std::thread hilo_;
 };
 
-}  // namespace testing
+}  // namespace ventarix::testing

@@ -6,7 +6,7 @@
 #include <QTemporaryDir>
 #include <QUuid>
 
-namespace testing {
+namespace ventarix::testing {
 
 namespace {
 
@@ -78,4 +78,4 @@ int PacLocal::Cancelados() const {
   return Contar(Registro(*carpeta_), QStringLiteral("cancelado = 1"));
 }
 
-}  // namespace testing
+}  // namespace ventarix::testing

@@ -7,7 +7,7 @@
 class QProcess;
 class QTemporaryDir;
 
-namespace testing {
+namespace ventarix::testing {
 
 // The stand-in PAC (the ventarix-pac program) started for a test on a free port of 127.0.0.1,
 // with its records in a folder of its own; stopped when this object goes.
@@ -36,4 +36,4 @@ class PacLocal {
   QString error_;
 };
 
-}  // namespace testing
+}  // namespace ventarix::testing

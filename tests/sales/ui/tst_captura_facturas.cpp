@@ -310,8 +310,9 @@ class TestCapturaFacturas : public QObject {
     Session session = company->MakeSession();
     {
       Connection c(session.Cadena);
-      QVERIFY(testing::Escribir(c, u"update empresa set pacurlpruebas = ? where numero = 1"_s,
-                                {pac.url()}));
+      QVERIFY(testing::Escribir(
+          c, u"update empresa set pacurlpruebas = ?, pacurlproduccion = ? where numero = 1"_s,
+          {pac.url(), pac.url()}));
     }
     CargarSesion(session);
     const QString factura = Factura(session, u"1-00001"_s);
