@@ -10,6 +10,7 @@
 #include <QElapsedTimer>
 #include <QTest>
 
+#include "core/session.h"
 #include "edocs/cadena_original.h"
 #include "edocs/certificado.h"
 #include "edocs/cfdi_xml.h"
@@ -228,6 +229,20 @@ class TestPacLocal : public QObject {
     QVERIFY2(nadie.falla.startsWith(u"No se pudo establecer comunicación con el PAC"_s),
              qPrintable(nadie.falla));
     QVERIFY(reloj.elapsed() < 900);
+  }
+
+  // The company's account; an empty address is the provider's published one.
+  void CuentaDeLaEmpresa() {
+    ventarix::Session session;
+    session.empresa.Set(u"pacusuario"_s, u"u@x.mx"_s);
+    session.empresa.Set(u"pacproduccion"_s, u"S"_s);
+    session.empresa.Set(u"pacurlpruebas"_s, u" http://127.0.0.1:1/ws "_s);
+    session.empresa.Set(u"pacurlproduccion"_s, QString());
+    const CuentaPac cuenta = CuentaPacDeEmpresa(session);
+    QCOMPARE(cuenta.usuario, u"u@x.mx"_s);
+    QVERIFY(cuenta.produccion);
+    QCOMPARE(cuenta.url_pruebas, u"http://127.0.0.1:1/ws"_s);
+    QCOMPARE(cuenta.url_produccion, QString::fromLatin1(kPacUrlProduccion));
   }
 
   // Prefixes are the server's choice: elements are read by namespace and written by local name.
