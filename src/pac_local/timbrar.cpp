@@ -78,6 +78,10 @@ Campos Servicio::TimbrarDocumento(const QByteArray& xml) {
                                              "certificado %1 es válido desde el %2")
                                   .arg(csd.NoCertificado, Fecha(csd.valido_desde)));
   }
+  // A document stamped before gets its first stamp back even past the 72 hours: a client whose
+  // reply was lost retries with the same document, maybe days later.
+  if (const auto previo = registro_->PorSello(datos.sello))
+    return Certificacion(307, QStringLiteral("CFDI previamente timbrado"), &*previo);
   const QDateTime ahora = QDateTime::currentDateTime();
   if (datos.fecha < ahora.addSecs(-kHorasAtras * 3600) ||
       datos.fecha > ahora.addSecs(kSegundosAdelante)) {
@@ -86,8 +90,6 @@ Campos Servicio::TimbrarDocumento(const QByteArray& xml) {
                                              "últimas 72 horas")
                                   .arg(Fecha(datos.fecha)));
   }
-  if (const auto previo = registro_->PorSello(datos.sello))
-    return Certificacion(307, QStringLiteral("CFDI previamente timbrado"), &*previo);
   if (datos.timbrado)
     return Certificacion(307, QStringLiteral("El CFDI contiene un timbre previo"));
   return Nuevo(doc.get(), datos);
