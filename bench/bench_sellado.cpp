@@ -106,7 +106,9 @@ int main(int argc, char** argv) {
   if (!testing::PrepararEmpresaSellado(session.Cadena, &error)) qFatal("%s", qPrintable(error));
   {
     Connection c(session.Cadena);
-    c.Run(QStringLiteral("update \"folios facturas\" set foliofinal = 100000"));
+    if (!RunInTransaction(c, QStringLiteral("update \"folios facturas\" set foliofinal = 100000"))) {
+      qFatal("range");
+    }
   }
   std::printf("Sealing CFDi 3.2 invoices on SQLite (SAT test CSD, RSA 1024, SHA-1)\n\n");
   std::printf("%5s %6s %9s %8s | %7s %7s %7s %7s %7s %7s %7s\n", "rows", "docs", "docs/s", "ms/doc",

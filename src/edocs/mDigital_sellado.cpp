@@ -67,6 +67,20 @@ bool FolioGuardado(Connection& connection, const QString& serie, const QString& 
              .toInt() > 0;
 }
 
+// The sealed document: the one the cadena was made from with the seal written in the root's
+// empty sello attribute, which is what building it again with the seal gives. Empty when that
+// attribute is not found once in the root's tag.
+QByteArray ConSello(const QByteArray& sin_sello, const QString& sello) {
+  static const QByteArray kVacio = QByteArrayLiteral(" sello=\"\"");
+  const qsizetype declaracion = sin_sello.startsWith("<?") ? sin_sello.indexOf("?>") : 0;
+  const qsizetype raiz = sin_sello.indexOf('<', declaracion);
+  const qsizetype fin_raiz = sin_sello.indexOf('>', raiz);
+  const qsizetype lugar = sin_sello.indexOf(kVacio, raiz);
+  if (declaracion < 0 || raiz < 0 || lugar < 0 || lugar > fin_raiz) return {};
+  QByteArray xml = sin_sello;
+  return xml.insert(lugar + kVacio.size() - 1, sello.toLatin1());
+}
+
 // A fault inside the sealing itself is logged and leaves Msg1 as it stands; the screen learns
 // of it through error_interno.
 void Trampa(Contexto& ctx, const QString& descripcion) {
@@ -100,7 +114,8 @@ void Sellar(Contexto& ctx) {
   comprobante.Sello = ctx.llave->FirmarSha1(cadena.cadena.toUtf8());
   if (comprobante.Sello.isEmpty()) return Trampa(ctx, QStringLiteral("Sellar: firma vacía"));
   // noCertificado and certificado were set before the cadena; the seal takes its empty place.
-  const QByteArray xml = ConstruirXml(comprobante, formato, ctx.familia.impuestos);
+  QByteArray xml = ConSello(sin_sello, comprobante.Sello);
+  if (xml.isEmpty()) xml = ConstruirXml(comprobante, formato, ctx.familia.impuestos);
   const QString ruta =
       QDir(ctx.session.CarpetaXml).filePath(NombreArchivoXml(comprobante.Serie, comprobante.Folio));
   // The file of a document already saved under this serie and folio stays as it is: another
