@@ -2,9 +2,14 @@
 // then, for CFD and CFDi, the document built, its cadena original from the SAT's sheet, the
 // seal and the file in CarpetaXml. Nothing is written to the database here: the screen saves
 // the row with the block this leaves when no message came back.
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+
 #include <QDir>
 #include <QFile>
-#include <QSaveFile>
+#include <QFileInfo>
+#include <QRandomGenerator>
 
 #include "core/database.h"
 #include "core/mFunciones.h"
@@ -81,6 +86,32 @@ QByteArray ConSello(const QByteArray& sin_sello, const QString& sello) {
   return xml.insert(lugar + kVacio.size() - 1, sello.toLatin1());
 }
 
+// Written beside under a scratch name and moved into place: a failed write leaves no half file
+// and a reader finds the old file or the new one, never a mix. The file is not forced to the
+// disk: waiting for it cost more than all the rest of a seal, and the row saved with the
+// document keeps everything the file holds (CrearXmlDesdeFactura writes it again). The
+// engine's words when it could not be written.
+QString EscribirEnSuLugar(const QString& ruta, const QByteArray& xml) {
+  QFile temporal(QFileInfo(ruta).dir().filePath(
+      QStringLiteral("TVIK") + QString::number(QRandomGenerator::global()->generate64(), 36) +
+      QStringLiteral(".TMP")));
+  if (!temporal.open(QIODevice::WriteOnly | QIODevice::NewOnly) ||
+      temporal.write(xml) != xml.size() || !temporal.flush()) {
+    const QString error = temporal.errorString();
+    temporal.remove();
+    return error;
+  }
+  temporal.close();
+  // POSIX rename replaces an existing file in one step.
+  if (std::rename(QFile::encodeName(temporal.fileName()).constData(),
+                  QFile::encodeName(ruta).constData()) != 0) {
+    const QString error = QString::fromLocal8Bit(std::strerror(errno));
+    temporal.remove();
+    return error;
+  }
+  return {};
+}
+
 // A fault inside the sealing itself is logged and leaves Msg1 as it stands; the screen learns
 // of it through error_interno.
 void Trampa(Contexto& ctx, const QString& descripcion) {
@@ -124,12 +155,8 @@ void Sellar(Contexto& ctx) {
     Falla(ctx, QStringLiteral("El archivo XML pertenece a otro documento ya guardado: ") + ruta);
     return;
   }
-  // Written beside and moved into place: a failed write leaves no half file.
-  QSaveFile archivo(ruta);
-  if (!archivo.open(QIODevice::WriteOnly) || archivo.write(xml) != xml.size() ||
-      !archivo.commit()) {
-    return Trampa(ctx,
-                  QStringLiteral("Sellar: ") + ruta + QLatin1Char(' ') + archivo.errorString());
+  if (const QString error = EscribirEnSuLugar(ruta, xml); !error.isEmpty()) {
+    return Trampa(ctx, QStringLiteral("Sellar: ") + ruta + QLatin1Char(' ') + error);
   }
   ctx.resultado.archivo = ruta;
 }
