@@ -153,8 +153,9 @@ int main(int argc, char** argv) {
               documentos, guardado, 1000.0 / guardado);
   if (sin_tuberia) return 0;
   if (!HayHerramientas()) {
-    std::printf("\nxsltproc, openssl or base64 missing (tools/packages.sh test packages): "
-                "no pipeline figure\n");
+    std::printf(
+        "\nxsltproc, openssl or base64 missing (tools/packages.sh test packages): "
+        "no pipeline figure\n");
     return 0;
   }
   const QString pem = LlavePem(dir.path());
@@ -165,8 +166,8 @@ int main(int argc, char** argv) {
   const double tuberia = PorSegundoTuberia(hoja, pem, muestra, &sello);
   if (tuberia <= 0) qFatal("the pipeline failed");
   std::printf("%-44s %6lld docs %9.1f docs/s %7.3f ms each\n",
-              "xsltproc | openssl dgst -sha1 -sign | base64", static_cast<long long>(muestra.size()),
-              tuberia, 1000.0 / tuberia);
+              "xsltproc | openssl dgst -sha1 -sign | base64",
+              static_cast<long long>(muestra.size()), tuberia, 1000.0 / tuberia);
   std::printf("\nratio SellarIngresoCFDi / pipeline: %.1f x; SellarEnGuardado / pipeline: %.1f x\n",
               pantalla / tuberia, guardado / tuberia);
   std::printf("the pipeline's seal of the last file %s the system's\n",

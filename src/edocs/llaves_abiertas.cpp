@@ -22,8 +22,8 @@ QByteArray Huella(const QByteArray& primero, const QByteArray& segundo = {}) {
       EVP_DigestUpdate(contexto.get(), primero.constData(), primero.size()) != 1 ||
       EVP_DigestUpdate(contexto.get(), &separador, 1) != 1 ||
       EVP_DigestUpdate(contexto.get(), segundo.constData(), segundo.size()) != 1 ||
-      EVP_DigestFinal_ex(contexto.get(), reinterpret_cast<unsigned char*>(huella.data()),
-                         &largo) != 1) {
+      EVP_DigestFinal_ex(contexto.get(), reinterpret_cast<unsigned char*>(huella.data()), &largo) !=
+          1) {
     return {};  // matches nothing: the material is read and opened again
   }
   huella.truncate(static_cast<qsizetype>(largo));
@@ -106,17 +106,17 @@ std::shared_ptr<const Certificado> CertificadoDeRango(const RangoDeSellado& rang
                           });
 }
 
-std::shared_ptr<const LlavePrivada> LlaveDeRango(const RangoDeSellado& rango,
-                                                 const QByteArray& der, const QString& password) {
+std::shared_ptr<const LlavePrivada> LlaveDeRango(const RangoDeSellado& rango, const QByteArray& der,
+                                                 const QString& password) {
   QByteArray contrasena = password.toUtf8();
   QByteArray huella = Huella(der, contrasena);
   Limpiar(contrasena);
-  return Llaves().Obtener(rango, std::move(huella), &Entrada::huella_llave, &Entrada::llave,
-                          [&]() -> std::shared_ptr<const LlavePrivada> {
-                            auto llave = std::make_shared<const LlavePrivada>(
-                                LlavePrivada::Abrir(der, password));
-                            return llave->ok() ? llave : nullptr;
-                          });
+  return Llaves().Obtener(
+      rango, std::move(huella), &Entrada::huella_llave, &Entrada::llave,
+      [&]() -> std::shared_ptr<const LlavePrivada> {
+        auto llave = std::make_shared<const LlavePrivada>(LlavePrivada::Abrir(der, password));
+        return llave->ok() ? llave : nullptr;
+      });
 }
 
 void OlvidarLlaves() { Llaves().Olvidar(); }

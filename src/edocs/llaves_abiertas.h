@@ -30,8 +30,8 @@ std::shared_ptr<const Certificado> CertificadoDeRango(const RangoDeSellado& rang
 // The private key of the range opened from the .key file's bytes with the password; the one
 // opened before when both are the same. Only a key that opened is kept: a password that does not
 // open the file fails every time. The caller's bytes are left as they are.
-std::shared_ptr<const LlavePrivada> LlaveDeRango(const RangoDeSellado& rango,
-                                                 const QByteArray& der, const QString& password);
+std::shared_ptr<const LlavePrivada> LlaveDeRango(const RangoDeSellado& rango, const QByteArray& der,
+                                                 const QString& password);
 
 // Forgets every range's material, its secrets wiped: at the end of a session or when the company
 // changes.

@@ -92,7 +92,7 @@ struct Contexto {
   QString ruta_cer, ruta_key;  // the materialised files in CarpetaCer
   QString password;
   std::shared_ptr<const LlavePrivada> llave;  // opened once per session (llaves_abiertas.h)
-  QString marca_addenda;  // the client's addenda mark
+  QString marca_addenda;                      // the client's addenda mark
 };
 
 // A step that fails leaves its message and stops the chain.

@@ -251,9 +251,9 @@ class TestSellado : public QObject {
       return SellarIngresoCFDi(session, forma, {});
     };
     const auto password = [&session](const QString& texto) {
-      return EjecutarSql(session,
-                         u"update certificados set password = ? where documento = 0 and numero = ?"_s,
-                         {texto, int(kFacturaCFDi)});
+      return EjecutarSql(
+          session, u"update certificados set password = ? where documento = 0 and numero = ?"_s,
+          {texto, int(kFacturaCFDi)});
     };
     QVERIFY2(sellar(u"15"_s).ok(), "first document");
     QVERIFY(password(u"12345678b"_s));
