@@ -74,7 +74,7 @@ bool FolioGuardado(Connection& connection, const QString& serie, const QString& 
 
 // The sealed document: the one the cadena was made from with the seal written in the root's
 // empty sello attribute, which is what building it again with the seal gives. Empty when that
-// attribute is not found once in the root's tag.
+// attribute is not in the root's tag: the document is then built again.
 QByteArray ConSello(const QByteArray& sin_sello, const QString& sello) {
   static const QByteArray kVacio = QByteArrayLiteral(" sello=\"\"");
   const qsizetype declaracion = sin_sello.startsWith("<?") ? sin_sello.indexOf("?>") : 0;
