@@ -20,6 +20,7 @@
 #include "core/ui/message_box.h"
 #include "core/ui/traducciones.h"
 #include "demo/demo_company.h"
+#include "edocs/llaves_abiertas.h"
 
 namespace ventarix {
 
@@ -163,7 +164,10 @@ int RunDesktop(int& argc, char** argv, const QString& empresa) {
   MDIInicio ventana(session, registry);
   ventana.Cargar();
   ventana.show();
-  return QApplication::exec();
+  const int salida = QApplication::exec();
+  // The session ends: the folio ranges' opened keys go with it.
+  edocs::OlvidarLlaves();
+  return salida;
 }
 
 }  // namespace ventarix

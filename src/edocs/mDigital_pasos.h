@@ -3,6 +3,7 @@
 // The engine behind every sealing and preparation driver: one chain of steps, fed by a table
 // of what differs between the families (income or egreso, CFDi, CFD, CBB, NOTA, the point of
 // sale's delivery note). Internal to the electronic documents.
+#include <memory>
 #include <optional>
 #include <vector>
 
@@ -90,8 +91,8 @@ struct Contexto {
   RangoLeido rango;
   QString ruta_cer, ruta_key;  // the materialised files in CarpetaCer
   QString password;
-  std::optional<LlavePrivada> llave;
-  QString marca_addenda;  // the client's addenda mark
+  std::shared_ptr<const LlavePrivada> llave;  // opened once per session (llaves_abiertas.h)
+  QString marca_addenda;                      // the client's addenda mark
 };
 
 // A step that fails leaves its message and stops the chain.

@@ -1,6 +1,8 @@
 // The folio range of a document: its row (with the key material or the CBB image it needs),
 // the company's identity, the folio inside the range and, for the sealed schemes, the
 // certificate in force on the document's date and the key that opens with its password.
+#include <openssl/crypto.h>
+
 #include <QDir>
 #include <QFile>
 #include <QSqlQuery>
@@ -10,6 +12,7 @@
 #include "core/mFunciones.h"
 #include "core/mFunciones_valores.h"
 #include "edocs/certificado.h"
+#include "edocs/llaves_abiertas.h"
 #include "edocs/mDigital_pasos.h"
 
 namespace ventarix::edocs::digital {
@@ -126,13 +129,26 @@ bool FolioEnRango(Contexto& ctx) {
   return Falla(ctx, QString::fromUtf8(ctx.familia.fuera_de_rango));
 }
 
+// The certificate and key are read from CarpetaCer for every document, and opened once per
+// session for as long as the range's bytes and password stay the same.
+RangoDeSellado RangoDelDocumento(const Contexto& ctx) {
+  return {.base = ctx.session.Cadena, .folios = ctx.familia.folios, .numero = ctx.forma.Ingreso};
+}
+
+// The file whole; empty when it cannot be read, which no certificate or key opens.
+QByteArray LeerArchivo(const QString& path) {
+  QFile file(path);
+  return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
 bool CertificadoVigente(Contexto& ctx) {
   if (ctx.ruta_cer.isEmpty() || !QFile::exists(ctx.ruta_cer)) {
     return Falla(ctx, QString::fromUtf8(kSinCertificado));
   }
-  const Certificado certificado = LeerCertificadoDeArchivo(ctx.ruta_cer);
-  if (!certificado.ok)
-    return Falla(ctx, QStringLiteral("Se requiere un archivo certificado válido"));
+  const std::shared_ptr<const Certificado> leido =
+      CertificadoDeRango(RangoDelDocumento(ctx), LeerArchivo(ctx.ruta_cer));
+  if (!leido) return Falla(ctx, QStringLiteral("Se requiere un archivo certificado válido"));
+  const Certificado& certificado = *leido;
   Comprobante& comprobante = ctx.resultado.comprobante;
   comprobante.NoCertificado = certificado.NoCertificado;
   // The document carries the DER's Base64 on one line, without the trailing line break the
@@ -151,8 +167,11 @@ bool LlaveAbierta(Contexto& ctx) {
   if (ctx.ruta_key.isEmpty() || !QFile::exists(ctx.ruta_key)) {
     return Falla(ctx, QString::fromUtf8(kSinLlave));
   }
-  ctx.llave.emplace(LlavePrivada::AbrirArchivo(ctx.ruta_key, ctx.rango.password));
-  if (!ctx.llave->ok()) {
+  // The key's bytes are read each time: a file changed in CarpetaCer opens again.
+  QByteArray der = LeerArchivo(ctx.ruta_key);
+  ctx.llave = LlaveDeRango(RangoDelDocumento(ctx), der, ctx.rango.password);
+  OPENSSL_cleanse(der.data(), static_cast<size_t>(der.size()));
+  if (!ctx.llave) {
     return Falla(ctx, QStringLiteral("La contraseña de la llave privada no es válida"));
   }
   return true;

@@ -2,9 +2,14 @@
 // then, for CFD and CFDi, the document built, its cadena original from the SAT's sheet, the
 // seal and the file in CarpetaXml. Nothing is written to the database here: the screen saves
 // the row with the block this leaves when no message came back.
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+
 #include <QDir>
 #include <QFile>
-#include <QSaveFile>
+#include <QFileInfo>
+#include <QRandomGenerator>
 
 #include "core/database.h"
 #include "core/mFunciones.h"
@@ -67,6 +72,46 @@ bool FolioGuardado(Connection& connection, const QString& serie, const QString& 
              .toInt() > 0;
 }
 
+// The sealed document: the one the cadena was made from with the seal written in the root's
+// empty sello attribute, which is what building it again with the seal gives. Empty when that
+// attribute is not in the root's tag: the document is then built again.
+QByteArray ConSello(const QByteArray& sin_sello, const QString& sello) {
+  static const QByteArray kVacio = QByteArrayLiteral(" sello=\"\"");
+  const qsizetype declaracion = sin_sello.startsWith("<?") ? sin_sello.indexOf("?>") : 0;
+  const qsizetype raiz = sin_sello.indexOf('<', declaracion);
+  const qsizetype fin_raiz = sin_sello.indexOf('>', raiz);
+  const qsizetype lugar = sin_sello.indexOf(kVacio, raiz);
+  if (declaracion < 0 || raiz < 0 || lugar < 0 || lugar > fin_raiz) return {};
+  QByteArray xml = sin_sello;
+  return xml.insert(lugar + kVacio.size() - 1, sello.toLatin1());
+}
+
+// Written beside under a scratch name and moved into place: a failed write leaves no half file
+// and a reader finds the old file or the new one, never a mix. The file is not forced to the
+// disk: waiting for it cost more than all the rest of a seal, and the row saved with the
+// document keeps everything the file holds (CrearXmlDesdeFactura writes it again). The
+// engine's words when it could not be written.
+QString EscribirEnSuLugar(const QString& ruta, const QByteArray& xml) {
+  QFile temporal(QFileInfo(ruta).dir().filePath(
+      QStringLiteral("TVIK") + QString::number(QRandomGenerator::global()->generate64(), 36) +
+      QStringLiteral(".TMP")));
+  if (!temporal.open(QIODevice::WriteOnly | QIODevice::NewOnly) ||
+      temporal.write(xml) != xml.size() || !temporal.flush()) {
+    const QString error = temporal.errorString();
+    temporal.remove();
+    return error;
+  }
+  temporal.close();
+  // POSIX rename replaces an existing file in one step.
+  if (std::rename(QFile::encodeName(temporal.fileName()).constData(),
+                  QFile::encodeName(ruta).constData()) != 0) {
+    const QString error = QString::fromLocal8Bit(std::strerror(errno));
+    temporal.remove();
+    return error;
+  }
+  return {};
+}
+
 // A fault inside the sealing itself is logged and leaves Msg1 as it stands; the screen learns
 // of it through error_interno.
 void Trampa(Contexto& ctx, const QString& descripcion) {
@@ -100,7 +145,8 @@ void Sellar(Contexto& ctx) {
   comprobante.Sello = ctx.llave->FirmarSha1(cadena.cadena.toUtf8());
   if (comprobante.Sello.isEmpty()) return Trampa(ctx, QStringLiteral("Sellar: firma vacía"));
   // noCertificado and certificado were set before the cadena; the seal takes its empty place.
-  const QByteArray xml = ConstruirXml(comprobante, formato, ctx.familia.impuestos);
+  QByteArray xml = ConSello(sin_sello, comprobante.Sello);
+  if (xml.isEmpty()) xml = ConstruirXml(comprobante, formato, ctx.familia.impuestos);
   const QString ruta =
       QDir(ctx.session.CarpetaXml).filePath(NombreArchivoXml(comprobante.Serie, comprobante.Folio));
   // The file of a document already saved under this serie and folio stays as it is: another
@@ -109,12 +155,8 @@ void Sellar(Contexto& ctx) {
     Falla(ctx, QStringLiteral("El archivo XML pertenece a otro documento ya guardado: ") + ruta);
     return;
   }
-  // Written beside and moved into place: a failed write leaves no half file.
-  QSaveFile archivo(ruta);
-  if (!archivo.open(QIODevice::WriteOnly) || archivo.write(xml) != xml.size() ||
-      !archivo.commit()) {
-    return Trampa(ctx,
-                  QStringLiteral("Sellar: ") + ruta + QLatin1Char(' ') + archivo.errorString());
+  if (const QString error = EscribirEnSuLugar(ruta, xml); !error.isEmpty()) {
+    return Trampa(ctx, QStringLiteral("Sellar: ") + ruta + QLatin1Char(' ') + error);
   }
   ctx.resultado.archivo = ruta;
 }

@@ -3,6 +3,7 @@
 // The stamping engine behind mTimbrarFactura and mTimbrarNota: one chain of steps fed by a
 // table of what differs between invoices and client credit notes. Internal to the electronic
 // documents; the screens and the command line call mTimbrar.h.
+#include <memory>
 #include <optional>
 
 #include <QString>
@@ -45,7 +46,7 @@ const FamiliaTimbrado& Notas();
 // the key open. Its messages go to a plain message box.
 struct Material {
   QString no_certificado, certificado;  // for the document's root
-  std::optional<LlavePrivada> llave;
+  std::shared_ptr<const LlavePrivada> llave;
 };
 Outcome CargarMaterial(const Session& session, Connection& connection,
                        const FamiliaTimbrado& familia, int rango, const QDateTime& hora,

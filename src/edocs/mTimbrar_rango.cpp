@@ -1,6 +1,8 @@
 // Step 5 of the stamping: the range the document was sealed under and its key material, in
 // force on the document's Hora. The folio and RFC checks of the sealing are not repeated: the
 // document passed them when it was saved.
+#include <openssl/crypto.h>
+
 #include <QDir>
 #include <QFile>
 #include <QSqlQuery>
@@ -10,6 +12,7 @@
 #include "core/mFunciones.h"
 #include "core/session.h"
 #include "edocs/certificado.h"
+#include "edocs/llaves_abiertas.h"
 #include "edocs/mTimbrar_familias.h"
 
 namespace ventarix::edocs::timbrado {
@@ -92,11 +95,17 @@ Outcome CargarMaterial(const Session& session, Connection& connection,
   if (ruta_key.isEmpty() || !QFile::exists(ruta_key)) {
     return Aviso(u"Se requiere un archivo llave"_s + en_folios);
   }
-  LlavePrivada llave = LlavePrivada::AbrirArchivo(ruta_key, sellado.password);
-  if (!llave.ok()) return Aviso(u"La contraseña de la llave privada no es válida"_s);
+  // The range's key opened for the session serves here too while the file and password are
+  // the same.
+  QFile archivo_key(ruta_key);
+  QByteArray der = archivo_key.open(QIODevice::ReadOnly) ? archivo_key.readAll() : QByteArray();
+  std::shared_ptr<const LlavePrivada> llave = LlaveDeRango(
+      {.base = session.Cadena, .folios = familia.folios, .numero = rango}, der, sellado.password);
+  OPENSSL_cleanse(der.data(), static_cast<size_t>(der.size()));
+  if (!llave || !llave->ok()) return Aviso(u"La contraseña de la llave privada no es válida"_s);
   material->no_certificado = certificado.NoCertificado;
   material->certificado = certificado.base64;
-  material->llave.emplace(std::move(llave));
+  material->llave = std::move(llave);
   return Outcome::Ok();
 }
 

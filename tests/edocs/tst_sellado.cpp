@@ -238,6 +238,43 @@ class TestSellado : public QObject {
     otra.Datos.insert(0, u"16"_s);
     QCOMPARE(SellarIngresoCFDi(session, otra, u"   "_s).comprobante.conceptos.size(), 1);
   }
+
+  // ---- The range's key, opened once per session ----
+
+  // The key is kept opened between documents, but what seals is always the range as it stands:
+  // a password changed in the range refuses, and a new key file in CarpetaCer signs.
+  void LlaveDelRango() {
+    VENTARIX_SELLADO(company, session);
+    const auto sellar = [&session](const QString& folio) {
+      DocumentoCaptura forma = Documento(kFacturaCFDi, u"A"_s, false);
+      forma.Datos.insert(0, folio);
+      return SellarIngresoCFDi(session, forma, {});
+    };
+    const auto password = [&session](const QString& texto) {
+      return EjecutarSql(
+          session, u"update certificados set password = ? where documento = 0 and numero = ?"_s,
+          {texto, int(kFacturaCFDi)});
+    };
+    QVERIFY2(sellar(u"15"_s).ok(), "first document");
+    QVERIFY(password(u"12345678b"_s));
+    QCOMPARE(sellar(u"16"_s).Msg1, u"La contraseña de la llave privada no es válida"_s);
+    QVERIFY(password(u"12345678a"_s));
+    QVERIFY2(sellar(u"16"_s).ok(), "the right password again");
+
+    // Another pair of the same company copied over the range's files, names kept.
+    const QString otra = CarpetaSat() + u"/csd/AAA010101AAA_20001000000100005868"_s;
+    const QDir cer(session.CarpetaCer);
+    for (const QString& extension : {u".cer"_s, u".key"_s}) {
+      QFile::remove(cer.filePath(BaseCsd() + extension));
+      QVERIFY(QFile::copy(otra + extension, cer.filePath(BaseCsd() + extension)));
+    }
+    const ResultadoSellado r = sellar(u"17"_s);
+    QVERIFY2(r.ok(), qPrintable(r.Msg1));
+    QCOMPARE(r.comprobante.NoCertificado, u"20001000000100005868"_s);
+    QCOMPARE(r.comprobante.Certificado, QString::fromLatin1(Leer(otra + u".cer"_s).toBase64()));
+    QByteArray detalle;
+    QVERIFY2(SelloVerifica(r.comprobante, &detalle), detalle.constData());
+  }
 };
 
 QTEST_GUILESS_MAIN(TestSellado)
