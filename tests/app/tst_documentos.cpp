@@ -1,5 +1,6 @@
 // `ventarix documento guardar` as a web store or a script feeds it: several processes at once
-// on one serie, a save killed halfway, and files that are not what they should be.
+// on one serie, a save killed halfway, and files that are not what they should be; an invoice
+// saved, stamped and its UUID cancelled from the command line.
 #include <csignal>
 
 #include <QDirIterator>
@@ -14,6 +15,8 @@
 #include <QTest>
 
 #include "support/empresa_demo.h"
+#include "support/escribir.h"
+#include "support/pac_local.h"
 #include "ventarix_run.h"
 
 using namespace ventarix;
@@ -243,6 +246,31 @@ class TestDocumentos : public QObject {
     QVERIFY(xml.open(QIODevice::ReadOnly));
     const QByteArray sellado = xml.readAll();
     QVERIFY(sellado.contains(" sello=\"") && !sellado.contains(" sello=\"\""));
+
+    // Stamped and its UUID cancelled at the stand-in PAC, the password typed on stdin.
+    testing::PacLocal pac;
+    QVERIFY2(pac.ok(), qPrintable(pac.error()));
+    QVERIFY(testing::Escribir(
+        c, u"update empresa set pacurlpruebas = ?, pacurlproduccion = ? where numero = 1"_s,
+        {pac.url(), pac.url()}));
+    const QStringList empresa = {u"--empresa"_s, company->path()};
+    const testing::Run timbrado = testing::Ventarix(QStringList{u"timbrar"_s, llave} + empresa);
+    QVERIFY2(timbrado.code == 0, qPrintable(testing::Describe(timbrado)));
+    const QString uuid = timbrado.out.trimmed();
+    QCOMPARE(c.Scalar(u"select uuid from facturas where factura = ?"_s, {llave}).toString(), uuid);
+    QFile timbrada(xml.fileName());  // a new file took the old one's place
+    QVERIFY(timbrada.open(QIODevice::ReadOnly));
+    QVERIFY(timbrada.readAll().contains(u"UUID=\"%1\""_s.arg(uuid).toUtf8()));
+    const QString csd = QStringLiteral(VENTARIX_SOURCE_DIR "/data/sat/demo/") +
+                        u"EKU9003173C9_30001000000500003416"_s;
+    const QStringList cancelar =
+        QStringList{u"cancelar"_s, uuid, u"--cer"_s, csd + u".cer"_s, u"--key"_s, csd + u".key"_s} +
+        empresa;
+    testing::Run r2 = testing::Ventarix(cancelar, "12345678a\n");
+    QVERIFY2(r2.code == 0 && r2.out.contains(u"201"_s), qPrintable(testing::Describe(r2)));
+    r2 = testing::Ventarix(cancelar, "contraseña equivocada\n");
+    QVERIFY2(r2.code != 0, qPrintable(testing::Describe(r2)));
+    QCOMPARE(pac.Cancelados(), 1);
   }
 };
 

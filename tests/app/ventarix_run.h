@@ -13,7 +13,8 @@ struct Run {
   QString err;
 };
 
-inline Run Ventarix(const QStringList& args) {
+// `entrada` is what the administrator types on standard input (a password).
+inline Run Ventarix(const QStringList& args, const QByteArray& entrada = {}) {
   QProcess process;
   QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
   for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"}) {
@@ -21,6 +22,8 @@ inline Run Ventarix(const QStringList& args) {
   }
   process.setProcessEnvironment(env);
   process.start(QStringLiteral(VENTARIX_BUILD_DIR "/src/ventarix"), args);
+  process.write(entrada);
+  process.closeWriteChannel();
   Run run;
   if (!process.waitForFinished(300000) || process.exitStatus() != QProcess::NormalExit) {
     run.err = QStringLiteral("ventarix did not finish: ") + process.errorString();
