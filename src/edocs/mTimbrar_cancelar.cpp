@@ -38,6 +38,11 @@ ResultadoCancelacion CancelarUUID(const Session& session, const QString& uuid,
     return r;
   }
   r.respuesta = respuesta.texto;
+  if (r.respuesta.trimmed().isEmpty()) {
+    r.outcome = Outcome::Warning(
+        u"No hay respuesta de cancelación por parte del PAC <Solución "_s
+        u"Factible>"_s);
+  }
   return r;
 }
 

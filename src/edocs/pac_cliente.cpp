@@ -96,13 +96,8 @@ RespuestaPac Enviar(const CuentaPac& cuenta, const QString& url, const char* ope
     respuesta.falla = Falla(codigo, detalle);
     return respuesta;
   }
-  if (recibido.trimmed().isEmpty()) {
-    long http = 0;
-    curl_easy_getinfo(c, CURLINFO_RESPONSE_CODE, &http);
-    respuesta.falla =
-        QStringLiteral("El %1 respondió sin contenido (HTTP %2)").arg(Pac()).arg(http);
-    return respuesta;
-  }
+  // An empty body is an empty reply: the stamping tells it with its own message.
+  if (recibido.trimmed().isEmpty()) return respuesta;
   // Axis2 sends its faults with HTTP 500: the body is read whatever the status.
   respuesta.texto = TextoRespuestaSoap(recibido, QString::fromLatin1(operacion));
   return respuesta;

@@ -34,7 +34,7 @@ CuentaPac CuentaPacDeEmpresa(const Session& session);
 // arrived (the PAC could not be reached, the time ran out, the connection dropped); texto is
 // the service's reply as the user sees it and as the stamp's tags are read from it: the SOAP
 // body's result element, its elements written without their namespace prefixes. An answer that
-// is not SOAP comes back in texto as it arrived.
+// is not SOAP comes back in texto as it arrived; an empty body leaves both empty.
 struct RespuestaPac {
   QString falla;
   QString texto;

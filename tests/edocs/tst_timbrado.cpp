@@ -227,6 +227,9 @@ class TestTimbrado : public QObject {
     QTest::newRow("respuesta que no es XML")
         << int(Modo::kTexto) << QByteArray("Servicio en mantenimiento") << QString() << incompleto
         << u"Servicio en mantenimiento"_s;
+    QTest::newRow("cuerpo vacío")
+        << int(Modo::kTexto) << QByteArray() << QString()
+        << u"No hay respuesta de timbrado por parte del PAC <Solución Factible>"_s << QString();
     QTest::newRow("resultado vacío")
         << int(Modo::kTexto) << Sobre({}) << QString()
         << u"No hay respuesta de timbrado por parte del PAC <Solución Factible>"_s << QString();
