@@ -5,10 +5,12 @@
 #include <QTest>
 
 #include "core/session_load.h"
+#include "app/ventarix_run.h"
 #include "documents/bajas.h"
 #include "documents/captura.h"
 #include "maintenance/sweeps.h"
 #include "purchasing/familia_compras.h"
+#include "purchasing/importar_cfdi.h"
 #include "sales/familias_ventas.h"
 #include "support/document_rows.h"
 #include "support/empresa_demo.h"
@@ -41,6 +43,10 @@ double Numero(Connection& c, const QString& sql, const QVariantList& valores = {
 }
 double Almacen(Connection& c, int n, const QString& codigo) {
   return Numero(c, u"select almacen%1 from productos where codigo = ?"_s.arg(n), {codigo});
+}
+
+QString Muestra(const QString& nombre) {
+  return QStringLiteral(VENTARIX_SOURCE_DIR "/tests/purchasing/xml/") + nombre;
 }
 
 Session SesionDe(const testing::TestCompany& company) {
@@ -218,6 +224,56 @@ class TestCompras : public QObject {
     QCOMPARE(g.outcome.message, mensaje);
     QCOMPARE(c.Scalar(u"select count(*) from compras"_s).toInt(), compras);
     QCOMPARE(Almacen(c, 1, kCodigo), antes);
+  }
+
+  // A supplier's invoice of each version gives its number and its three concepts: codes,
+  // quantities and unit prices; a file that is not one says so and gives no rows.
+  void FacturaDeProveedor_data() {
+    QTest::addColumn<QString>("archivo");
+    QTest::addColumn<QString>("factura");
+    QTest::newRow("CFDi 3.2") << u"proveedor_cfdi32.xml"_s << u"PA321"_s;
+    QTest::newRow("CFDI 3.3") << u"proveedor_cfdi33.xml"_s << u"PC333"_s;
+    QTest::newRow("CFDI 4.0") << u"proveedor_cfdi40.xml"_s << u"PB404"_s;
+    QTest::newRow("not a CFDI") << u"no_es_cfdi.xml"_s << QString();
+    QTest::newRow("not XML") << u"hacer_muestras.py"_s << QString();
+  }
+  void FacturaDeProveedor() {
+    QFETCH_GLOBAL(QString, engine);
+    if (engine != u"sqlite"_s) QSKIP("reads a file only");
+    QFETCH(QString, archivo);
+    QFETCH(QString, factura);
+    const compras::FacturaDeProveedor leida = compras::LeerFacturaDeProveedor(Muestra(archivo));
+    if (factura.isEmpty()) {
+      QVERIFY(leida.outcome.message.startsWith(u"El archivo no es un CFD o CFDi válido"_s));
+      QVERIFY(leida.partidas.empty());
+      return;
+    }
+    QVERIFY2(leida.outcome.ok, qPrintable(leida.outcome.message));
+    QCOMPARE(leida.Factura(), factura);
+    QStringList filas;
+    for (const QVariantMap& p : leida.partidas) {
+      filas << p.value(u"codigo"_s).toString() + u' ' + p.value(u"cantidad"_s).toString() + u' ' +
+                   p.value(u"precio"_s).toString();
+    }
+    QCOMPARE(filas, (QStringList{u"1-00001 10 12.5"_s, u"1-00002 4 30"_s, u"1-00003 2.5 8.2"_s}));
+  }
+
+  // The command line saves a CFDI 4.0 as a purchase into warehouse 1 and prints its key.
+  void ImportadaDesdeLaLineaDeOrdenes() {
+    const auto company = testing::EmpresaDemo();
+    if (!company) return;
+    Connection c(company->cadena());
+    const double antes = Almacen(c, 1, kCodigo);
+    const testing::Run run = testing::Ventarix(
+        {u"compra"_s, u"importar"_s, Muestra(u"proveedor_cfdi40.xml"_s), u"--empresa"_s,
+         company->path(), u"--proveedor"_s, u"1"_s, u"--movimiento"_s, u"ALMACEN1"_s});
+    QVERIFY2(run.code == 0, qPrintable(testing::Describe(run)));
+    const QString llave = run.out.trimmed();
+    QCOMPARE(c.Scalar(u"select factura from compras where compra = ?"_s, {llave}).toString(),
+             u"PB404"_s);
+    QCOMPARE(Almacen(c, 1, kCodigo), antes + 10);
+    QCOMPARE(Numero(c, u"select count(*) from \"compras detalles\" where compra = ?"_s, {llave}),
+             3.0);
   }
 };
 
