@@ -70,8 +70,8 @@ bool EscribirCompras(Connection& c, QString* error) {
   const QDate inicio = PrimerDiaDeHistoria();
   for (const Importada& i : kImportadas) {
     const QString archivo = carpeta.filePath(QString::fromUtf8(i.archivo));
-    captura::Documento d = Encabezado(i.proveedor, i.movimiento, inicio.addDays(i.dia),
-                                      u"CREDITO"_s, {});
+    captura::Documento d =
+        Encabezado(i.proveedor, i.movimiento, inicio.addDays(i.dia), u"CREDITO"_s, {});
     if (!Guardado(compras::ImportarCompra(s, c, archivo, d), error)) return false;
   }
   captura::Documento recibida =

@@ -213,7 +213,7 @@ struct Guardado0 {
   QString llave;
   int almacen = 0;
   int almacen_anterior = 0;  // where the stored rows moved stock, for a change
-  QStringList fuentes;  // source documents of the rows, before and after
+  QStringList fuentes;       // source documents of the rows, before and after
   qint32 socio_anterior = 0;
 };
 

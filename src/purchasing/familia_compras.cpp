@@ -1,6 +1,9 @@
 // Purchases: what they add to the capture engine.
 #include "purchasing/familia_compras.h"
 
+#include <optional>
+
+#include <QSqlError>
 #include <QSqlQuery>
 
 #include "catalogs/mFunciones_precios.h"
@@ -42,10 +45,19 @@ Outcome Campos(const Session&, Connection&, const Documento& d, bool) {
 // A row of a known code takes the catalogue's description, unit and tax, and its cost as the
 // price when none is typed; an unknown code keeps what was typed (an expense's free row).
 Outcome Completar(const Session& session, Connection& c, const Documento&, QVariantMap* p) {
-  const mFunciones::SqlText sql = mFunciones::SqlProducto(Texto(*p, "codigo").toUpper());
-  QSqlQuery q = c.Exec(sql.text, sql.values);
-  if (q.next()) {
-    const RowValues producto = RegistroLeido(q);
+  const QString codigo = Texto(*p, "codigo").toUpper();
+  // The exact code first, by its index and a statement prepared once; the alternate codes
+  // only when it is not one.
+  std::optional<RowValues> hallado;
+  if (QSqlQuery& exacto = c.ExecRepetida(u"select * from productos where codigo = ?"_s, {codigo});
+      exacto.next()) {
+    hallado = RegistroLeido(exacto);
+  } else {
+    const mFunciones::SqlText sql = mFunciones::SqlProducto(codigo);
+    if (QSqlQuery otro = c.Exec(sql.text, sql.values); otro.next()) hallado = RegistroLeido(otro);
+  }
+  if (hallado) {
+    const RowValues& producto = *hallado;
     auto poner = [p](const char* columna, const QVariant& valor) {
       const QString nombre = QString::fromUtf8(columna);
       if (p->value(nombre).toString().trimmed().isEmpty()) p->insert(nombre, valor);
@@ -74,14 +86,14 @@ Outcome UltimaCompra(const Session& session, Connection& c, const Documento& d) 
   for (const QVariantMap& p : d.partidas) {
     const QString codigo = Texto(p, "codigo").toUpper();
     if (codigo.isEmpty()) continue;
-    QString error;
-    if (!c.Run(u"update productos set proveedor2 = proveedor1, proveedor1 = ?, "
-               u"\"ultimo costo\" = ?, \"fecha ultima compra\" = ? where codigo = ?"_s,
-               {Proveedor(d), Numero(p, "precio"), fecha, codigo}, &error)) {
-      return Outcome::Stop(error);
-    }
-    if (Outcome o = mFunciones::ActualizarCostoDesdeCompra(c, session.empresa, codigo,
-                                                           Numero(p, "precio"));
+    // The same statement for every row: prepared once per save.
+    QSqlQuery& q = c.ExecRepetida(
+        u"update productos set proveedor2 = proveedor1, proveedor1 = ?, "
+        u"\"ultimo costo\" = ?, \"fecha ultima compra\" = ? where codigo = ?"_s,
+        {Proveedor(d), Numero(p, "precio"), fecha, codigo});
+    if (q.lastError().isValid()) return Outcome::Stop(QueryError(q));
+    if (Outcome o =
+            mFunciones::ActualizarCostoDesdeCompra(c, session.empresa, codigo, Numero(p, "precio"));
         !o) {
       return o;
     }
@@ -141,8 +153,7 @@ const captura::FamiliaCaptura& Compras() {
       .serie = &Session::SerieCompras,
       .status_inicial = "POR PAGAR",
       .socio = "proveedor",
-      .columnas = {u"remision"_s, u"factura"_s, u"plazo"_s, u"obs"_s, u"tipo"_s,
-                   u"movimiento"_s},
+      .columnas = {u"remision"_s, u"factura"_s, u"plazo"_s, u"obs"_s, u"tipo"_s, u"movimiento"_s},
       .columnas_partida = {u"precio"_s, u"dcto"_s, u"impuesto"_s, u"posicion"_s, u"tienda"_s},
       .almacen_partida = "almacen",
       .fuente_partida = "orden",

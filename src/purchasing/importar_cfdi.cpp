@@ -16,8 +16,8 @@ namespace {
 using namespace Qt::StringLiterals;
 
 bool EsEspacioDelSat(QStringView espacio) {
-  return espacio == u"http://www.sat.gob.mx/cfd/2"_s || espacio == u"http://www.sat.gob.mx/cfd/3"_s ||
-         espacio == u"http://www.sat.gob.mx/cfd/4"_s;
+  return espacio == u"http://www.sat.gob.mx/cfd/2"_s ||
+         espacio == u"http://www.sat.gob.mx/cfd/3"_s || espacio == u"http://www.sat.gob.mx/cfd/4"_s;
 }
 
 // 3.3 and 4.0 spell their attributes with a capital; the earlier versions in lower case.
@@ -64,10 +64,9 @@ FacturaDeProveedor LeerFacturaDeProveedor(const QString& archivo) {
       f.serie = Atributo(a, mayuscula, u"serie"_s);
       f.folio = Atributo(a, mayuscula, u"folio"_s);
     } else if (xml.name() == u"Concepto"_s && ruta.last() == u"Conceptos"_s && ruta.size() == 2) {
-      f.partidas.push_back(
-          {{u"codigo"_s, Atributo(a, mayuscula, u"noIdentificacion"_s).toUpper()},
-           {u"cantidad"_s, Atributo(a, mayuscula, u"cantidad"_s).toDouble()},
-           {u"precio"_s, Atributo(a, mayuscula, u"valorUnitario"_s).toDouble()}});
+      f.partidas.push_back({{u"codigo"_s, Atributo(a, mayuscula, u"noIdentificacion"_s).toUpper()},
+                            {u"cantidad"_s, Atributo(a, mayuscula, u"cantidad"_s).toDouble()},
+                            {u"precio"_s, Atributo(a, mayuscula, u"valorUnitario"_s).toDouble()}});
     }
     ruta.append(xml.name().toString());
   }

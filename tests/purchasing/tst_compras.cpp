@@ -4,8 +4,8 @@
 #include <QSqlQuery>
 #include <QTest>
 
-#include "core/session_load.h"
 #include "app/ventarix_run.h"
+#include "core/session_load.h"
 #include "documents/bajas.h"
 #include "documents/captura.h"
 #include "maintenance/sweeps.h"
@@ -31,8 +31,8 @@ QVariantMap Partida(const QString& codigo, double cantidad, double precio) {
 
 Documento Compra(const QString& movimiento, std::vector<QVariantMap> partidas) {
   Documento d;
-  d.encabezado = {{u"proveedor"_s, 1},         {u"factura"_s, u"F-881"_s},
-                  {u"obs"_s, u"MERCANCIA"_s},  {u"tipo"_s, u"CONTADO"_s},
+  d.encabezado = {{u"proveedor"_s, 1},           {u"factura"_s, u"F-881"_s},
+                  {u"obs"_s, u"MERCANCIA"_s},    {u"tipo"_s, u"CONTADO"_s},
                   {u"movimiento"_s, movimiento}, {u"plazo"_s, 30}};
   d.partidas = std::move(partidas);
   return d;
@@ -67,11 +67,12 @@ QStringList Derivados(Connection& c) {
     for (int i = 0; i < 6; ++i) v << p.value(i).toString();
   }
   QSqlQuery q = c.Exec(u"select compra, total, saldo, status from compras order by compra"_s);
-  while (q.next()) v << q.value(0).toString() + u' ' + QString::number(q.value(1).toDouble(), 'f', 2) +
-                            u' ' + QString::number(q.value(2).toDouble(), 'f', 2) + u' ' +
-                            q.value(3).toString();
+  while (q.next())
+    v << q.value(0).toString() + u' ' + QString::number(q.value(1).toDouble(), 'f', 2) + u' ' +
+             QString::number(q.value(2).toDouble(), 'f', 2) + u' ' + q.value(3).toString();
   QSqlQuery r = c.Exec(u"select numero, saldo from proveedores order by numero"_s);
-  while (r.next()) v << r.value(0).toString() + u' ' + QString::number(r.value(1).toDouble(), 'f', 2);
+  while (r.next())
+    v << r.value(0).toString() + u' ' + QString::number(r.value(1).toDouble(), 'f', 2);
   return v;
 }
 
@@ -100,11 +101,18 @@ class TestCompras : public QObject {
     const qint32 anterior =
         c.Scalar(u"select proveedor1 from productos where codigo = ?"_s, {kCodigo}).toInt();
     QVERIFY(testing::InsertarFila(c, u"ordenes de compra"_s,
-                                  {{u"orden"_s, u"OC-1"_s}, {u"serie"_s, u"OC"_s}, {u"folio"_s, 1},
-                                   {u"proveedor"_s, 1}, {u"status"_s, u"POR SURTIR"_s}}));
+                                  {{u"orden"_s, u"OC-1"_s},
+                                   {u"serie"_s, u"OC"_s},
+                                   {u"folio"_s, 1},
+                                   {u"proveedor"_s, 1},
+                                   {u"status"_s, u"POR SURTIR"_s}}));
     QVERIFY(testing::InsertarFila(c, u"ordenes de compra detalles"_s,
-                                  {{u"orden"_s, u"OC-1"_s}, {u"item"_s, 1}, {u"codigo"_s, kCodigo},
-                                   {u"cantidad"_s, 10}, {u"surtir"_s, 10}, {u"precio"_s, costo}}));
+                                  {{u"orden"_s, u"OC-1"_s},
+                                   {u"item"_s, 1},
+                                   {u"codigo"_s, kCodigo},
+                                   {u"cantidad"_s, 10},
+                                   {u"surtir"_s, 10},
+                                   {u"precio"_s, costo}}));
     QVariantMap cara = Partida(kCodigo, 4, costo * 2);
     QVariantMap barata = Partida(kCodigo, 6, costo / 2);
     cara.insert(u"orden"_s, u"OC-1"_s);
@@ -130,8 +138,9 @@ class TestCompras : public QObject {
     QCOMPARE(p.value(4).toDateTime().date(), fecha);
     p.finish();
     Q_UNUSED(anterior);
-    QCOMPARE(c.Scalar(u"select status from \"ordenes de compra\" where orden = 'OC-1'"_s).toString(),
-             u"SURTIDO"_s);
+    QCOMPARE(
+        c.Scalar(u"select status from \"ordenes de compra\" where orden = 'OC-1'"_s).toString(),
+        u"SURTIDO"_s);
     QVERIFY(c.Scalar(u"select caducidad from \"compras detalles\" where compra = ? and item = 1"_s,
                      {g.llave})
                 .isNull());
@@ -148,8 +157,8 @@ class TestCompras : public QObject {
              std::round(total * 100) / 100);  // the balance is kept to cents
 
     // An expense: nothing moves in stock nor in the costs.
-    const double ultimo = Numero(c, u"select \"ultimo costo\" from productos where codigo = ?"_s,
-                                 {kCodigo});
+    const double ultimo =
+        Numero(c, u"select \"ultimo costo\" from productos where codigo = ?"_s, {kCodigo});
     const captura::Guardado gasto = captura::GuardarDocumento(
         s, compras::Compras(), Compra(u"GASTOS"_s, {Partida(kCodigo, 3, costo * 5)}));
     QVERIFY2(gasto.outcome.ok, qPrintable(gasto.outcome.message));
@@ -172,10 +181,11 @@ class TestCompras : public QObject {
     Session tienda3 = s;
     tienda3.Tienda = 3;
     Documento nota;
-    nota.encabezado = {{u"cliente"_s, 2}, {u"obs"_s, u"MOSTRADOR"_s}, {u"tipo"_s, u"DIRECTA"_s},
-                       {u"metodo"_s, 1}};
+    nota.encabezado = {
+        {u"cliente"_s, 2}, {u"obs"_s, u"MOSTRADOR"_s}, {u"tipo"_s, u"DIRECTA"_s}, {u"metodo"_s, 1}};
     nota.partidas = {QVariantMap{{u"codigo"_s, kOtro}, {u"cantidad"_s, almacen3 + 5}}};
-    const captura::Guardado vendida = captura::GuardarDocumento(tienda3, ventas::Remisiones(), nota);
+    const captura::Guardado vendida =
+        captura::GuardarDocumento(tienda3, ventas::Remisiones(), nota);
     QVERIFY2(vendida.outcome.ok, qPrintable(vendida.outcome.message));
     const Outcome negada = bajas::DarDeBaja(s, u"COMPRAS"_s, tercera.llave, u"DEVOLUCION"_s);
     QVERIFY(!negada.ok);
@@ -195,14 +205,13 @@ class TestCompras : public QObject {
     QTest::newRow("no right to add")
         << u"derechos"_s << u"Este usuario no tiene permisos para el registro de altas"_s;
     QTest::newRow("no type") << u"tipo"_s << u"Se requiere la entrada de un tipo de compra"_s;
-    QTest::newRow("no reference")
-        << u"referencia"_s << u"Se requiere la entrada de una remisión o una factura"_s;
-    QTest::newRow("no observation")
-        << u"obs"_s << u"Se requiere la entrada de una observación"_s;
+    QTest::newRow("no reference") << u"referencia"_s
+                                  << u"Se requiere la entrada de una remisión o una factura"_s;
+    QTest::newRow("no observation") << u"obs"_s << u"Se requiere la entrada de una observación"_s;
     QTest::newRow("no rows") << u"partidas"_s
                              << u"Se requiere al menos el registro de una partida"_s;
-    QTest::newRow("unknown code")
-        << u"codigo"_s << u"Se requiere una descripción ó unidad para la fila: 1"_s;
+    QTest::newRow("unknown code") << u"codigo"_s
+                                  << u"Se requiere una descripción ó unidad para la fila: 1"_s;
   }
   void CompraRechazada() {
     QFETCH(QString, caso);

@@ -84,9 +84,8 @@ void FormaCaptura::CodigoEscrito(int fila) {
 }
 
 QString FormaCaptura::OfrecerProducto(const QString& codigo) {
-  const auto respuesta =
-      ui::Ask(this, u"Este código no existe en productos\n\nAgregar código ? "_s,
-              QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
+  const auto respuesta = ui::Ask(this, u"Este código no existe en productos\n\nAgregar código ? "_s,
+                                 QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
   if (respuesta != QMessageBox::Yes) return {};
   // The product screen opens on the code, which the clerk sees there.
   auto* mdi =

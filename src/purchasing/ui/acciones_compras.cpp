@@ -42,8 +42,8 @@ void AplicarOrden(FormaCaptura& forma) {
 }
 
 void ImportarFactura(FormaCaptura& forma) {
-  const QString archivo = QFileDialog::getOpenFileName(&forma, u"Importar Productos"_s, {},
-                                                       u"Archivos XML (*.xml)"_s);
+  const QString archivo =
+      QFileDialog::getOpenFileName(&forma, u"Importar Productos"_s, {}, u"Archivos XML (*.xml)"_s);
   if (archivo.isEmpty()) return;
   const compras::FacturaDeProveedor leida = compras::LeerFacturaDeProveedor(archivo);
   if (!leida.outcome) return forma.Avisar(leida.outcome);
@@ -60,8 +60,8 @@ void ImportarFactura(FormaCaptura& forma) {
     if (!hallada.existe) {
       codigo = forma.OfrecerProducto(codigo);
       if (codigo.isEmpty()) return;
-      hallada = captura::BuscarPartida(forma.session(), forma.pantalla().familia,
-                                       forma.Capturado(), codigo, cantidad);
+      hallada = captura::BuscarPartida(forma.session(), forma.pantalla().familia, forma.Capturado(),
+                                       codigo, cantidad);
       if (!hallada.existe) return;
     }
     if (!hallada.outcome) return forma.Avisar(hallada.outcome);

@@ -6,7 +6,6 @@
 #include <QVBoxLayout>
 
 #include "core/catalogo_nombre.h"
-#include "core/ui/navegador.h"
 #include "purchasing/cuenta_proveedor.h"
 
 namespace ventarix::compras_ui {
@@ -53,25 +52,6 @@ CuentaProveedor::CuentaProveedor(const Session& session, qint32 proveedor, QWidg
   auto* layout = new QVBoxLayout(this);
   layout->addWidget(fg1_);
   resize(760, 420);
-}
-
-ExtrasNavegador NavegadorDeCompras() {
-  return {.acciones = {{.boton = 11,
-                        .texto = u"Estado de cuenta"_s,
-                        .icono = QStyle::SP_FileDialogDetailedView,
-                        .accion = [](Navegador& navegador) {
-                          const QString compra = navegador.LlaveActual();
-                          if (compra.isEmpty()) return;
-                          qint32 proveedor = 0;
-                          {
-                            Connection c(navegador.session().Cadena, Connection::Acceso::kLectura);
-                            proveedor = c.Scalar(u"select proveedor from compras where compra = ?"_s,
-                                                 {compra})
-                                            .toInt();
-                          }
-                          CuentaProveedor vista(navegador.session(), proveedor, &navegador);
-                          vista.exec();
-                        }}}};
 }
 
 }  // namespace ventarix::compras_ui

@@ -3,7 +3,6 @@
 #include <QDialog>
 
 #include "core/session.h"
-#include "core/ui/accion_extra.h"
 
 class QTableWidget;
 
@@ -18,8 +17,5 @@ class CuentaProveedor : public QDialog {
  private:
   QTableWidget* fg1_;
 };
-
-// The purchase browser's extras: the account of the current row's supplier.
-ExtrasNavegador NavegadorDeCompras();
 
 }  // namespace ventarix::compras_ui

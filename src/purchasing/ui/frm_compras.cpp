@@ -1,7 +1,8 @@
 #include "purchasing/ui/frm_compras.h"
 
 #include "core/ui/form_registry.h"
-#include "purchasing/ui/cuenta_proveedor_vista.h"
+#include "purchasing/ui/frm_compras_e.h"
+#include "purchasing/ui/navegador_compras.h"
 #include "purchasing/ui/pantalla_compras.h"
 
 namespace ventarix {
@@ -25,6 +26,7 @@ FrmComprasC::FrmComprasC(Session& session, const QString& llave, QWidget* parent
 void RegistrarCompras(FormRegistry& registry) {
   AgregarCaptura<FrmComprasA>(registry, "FrmComprasA");
   AgregarCaptura<FrmComprasC>(registry, "FrmComprasC");
+  AgregarCaptura<FrmComprasE>(registry, "FrmComprasE");
   registry.AddNavegador(QStringLiteral("FrmCompras"), compras_ui::NavegadorDeCompras());
 }
 

@@ -3,7 +3,9 @@
 // brought in by the Facturas button, then the supplier's account from the browser.
 #include <QApplication>
 #include <QComboBox>
+#include <QImage>
 #include <QLabel>
+#include <QPainter>
 #include <QTableWidget>
 #include <QTest>
 
@@ -15,6 +17,8 @@
 #include "core/ui/navegador.h"
 #include "documents/ui/forma_captura.h"
 #include "documents/ui/rejilla_captura.h"
+#include "purchasing/codigo39.h"
+#include "purchasing/ui/etiqueta_compra.h"
 #include "sales/ui/captura_prueba.h"
 #include "support/empresa_demo.h"
 #include "support/modal_catcher.h"
@@ -70,8 +74,9 @@ class TestPantallasCompras : public QObject {
       EnCelda(grid, u"25"_s);
       {
         // The file dialog alone is answered: the screen itself stays the clerk's.
-        ModalCatcher archivo({{.input = QStringLiteral(
-                                   VENTARIX_SOURCE_DIR "/tests/purchasing/xml/proveedor_cfdi33.xml")}});
+        ModalCatcher archivo(
+            {{.input = QStringLiteral(VENTARIX_SOURCE_DIR
+                                      "/tests/purchasing/xml/proveedor_cfdi33.xml")}});
         QTest::mouseClick(alta->findChild<QPushButton*>(u"Facturas"_s), Qt::LeftButton);
       }
       QCOMPARE(grid->Codigo(1), codigo);
@@ -93,10 +98,9 @@ class TestPantallasCompras : public QObject {
                    {llave})
                  .toString(),
              u"PC333/R-15"_s);
-    QCOMPARE(
-        Valor(session, u"select \"ultimo costo\" from productos where codigo = ?"_s, {codigo})
-            .toDouble(),
-        12.5);
+    QCOMPARE(Valor(session, u"select \"ultimo costo\" from productos where codigo = ?"_s, {codigo})
+                 .toDouble(),
+             12.5);
 
     AlAbrirse([&](QWidget* modal) {
       QCOMPARE(modal->objectName(), u"CuentaProveedor"_s);
@@ -108,7 +112,59 @@ class TestPantallasCompras : public QObject {
       modal->close();
     });
     navegador->findChild<QAction*>(u"Toolbar_11"_s)->trigger();
+
+    // The labels screen lists the purchase's rows, one label per unit.
+    AlAbrirse([&](QWidget* modal) {
+      QCOMPARE(modal->objectName(), u"FrmComprasE"_s);
+      auto* fg1 = modal->findChild<QTableWidget*>(u"Fg1"_s);
+      QCOMPARE(fg1->rowCount(), 4);
+      QCOMPARE(fg1->item(3, 0)->text(), u"1-00003"_s);
+      QCOMPARE(fg1->item(3, 2)->text(), u"2.50"_s);
+      testing::SaveShot(modal, u"frm_compras_e"_s);
+      modal->close();
+    });
+    navegador->findChild<QAction*>(u"Toolbar_12"_s)->trigger();
     navegador->close();
+  }
+
+  // A label's bars, read back from the picture along a line through them, are the code's
+  // Code 39 elements: narrow and wide told apart by their width.
+  void EtiquetaLegible_data() {
+    QTest::addColumn<QString>("codigo");
+    QTest::newRow("product code") << u"1-00001"_s;
+    QTest::newRow("letters and space") << u"TORN 6X1/2"_s;
+    QTest::newRow("lower case") << u"abc.$%+"_s;
+  }
+  void EtiquetaLegible() {
+    QFETCH_GLOBAL(QString, engine);
+    if (engine != u"sqlite"_s) QSKIP("draws a picture only");
+    QFETCH(QString, codigo);
+    QImage imagen(900, 240, QImage::Format_RGB32);
+    imagen.fill(Qt::white);
+    {
+      QPainter painter(&imagen);
+      QVERIFY(compras_ui::PintarEtiqueta(painter, QRectF(20, 10, 860, 220), codigo,
+                                         u"TORNILLO PARA MADERA"_s, QDate(2026, 11, 2)));
+    }
+    imagen.save(testing::ScreenshotPath(
+        u"etiqueta_"_s + QString::fromUtf8(QTest::currentDataTag()).replace(u' ', u'_')));
+    // Runs of black and white along the middle of the bars.
+    QList<int> corridas;
+    bool negro = false;
+    for (int x = 20; x < 880; ++x) {
+      const bool aqui = qGray(imagen.pixel(x, 60)) < 128;
+      if (corridas.isEmpty() && !aqui) continue;
+      if (corridas.isEmpty() || aqui != negro) corridas << 0;
+      negro = aqui;
+      ++corridas.last();
+    }
+    while (!corridas.isEmpty() && corridas.size() % 2 == 0) corridas.removeLast();
+    const int angosto = *std::min_element(corridas.begin(), corridas.end());
+    QString leido;
+    for (int ancho : corridas) leido += ancho > angosto * 1.7 ? u'w' : u'n';
+    QCOMPARE(leido, *compras::Codigo39(codigo));
+    QVERIFY(!compras::Codigo39(u"A*B"_s));
+    QVERIFY(!compras::Codigo39(u"Ñ"_s));
   }
 };
 
