@@ -39,6 +39,20 @@ Outcome Campos(const Session&, Connection&, const Documento& d, bool) {
   if (Texto(d.encabezado, "obs").isEmpty()) {
     return Outcome::Warning(u"Se requiere la entrada de una observación"_s, u"Datos5"_s);
   }
+  // The screen offers only the list; a document from elsewhere may name anything.
+  const QString movimiento = Texto(d.encabezado, "movimiento");
+  const int almacen = AlmacenDeMovimiento(movimiento);
+  if (movimiento != QLatin1String(kGastos) && (almacen < 1 || almacen > 5)) {
+    return Outcome::Warning(
+        u"Movimiento no válido: \"%1\" (ALMACEN1 a ALMACEN5 o GASTOS)"_s.arg(movimiento),
+        u"Movimiento"_s);
+  }
+  return Outcome::Ok();
+}
+
+// Movimiento as the list writes it, in upper case: the stock rebuild tells an expense by it.
+Outcome MovimientoEnMayusculas(const Session&, Connection&, Documento* d) {
+  d->encabezado.insert(u"movimiento"_s, Texto(d->encabezado, "movimiento").toUpper());
   return Outcome::Ok();
 }
 
@@ -162,6 +176,7 @@ const captura::FamiliaCaptura& Compras() {
       .almacen = Almacen,
       .checar_entrada = true,
       .revisar_campos = Campos,
+      .completar_encabezado = MovimientoEnMayusculas,
       .completar = Completar,
       .totalizar = Totalizar,
       .recalcular = Recalcular,

@@ -208,6 +208,8 @@ class TestCompras : public QObject {
     QTest::newRow("no reference") << u"referencia"_s
                                   << u"Se requiere la entrada de una remisión o una factura"_s;
     QTest::newRow("no observation") << u"obs"_s << u"Se requiere la entrada de una observación"_s;
+    QTest::newRow("sixth warehouse")
+        << u"almacen6"_s << u"Movimiento no válido: \"ALMACEN6\" (ALMACEN1 a ALMACEN5 o GASTOS)"_s;
     QTest::newRow("no rows") << u"partidas"_s
                              << u"Se requiere al menos el registro de una partida"_s;
     QTest::newRow("unknown code") << u"codigo"_s
@@ -225,6 +227,7 @@ class TestCompras : public QObject {
     if (caso == u"tipo"_s) d.encabezado.remove(u"tipo"_s);
     if (caso == u"referencia"_s) d.encabezado.remove(u"factura"_s);
     if (caso == u"obs"_s) d.encabezado.remove(u"obs"_s);
+    if (caso == u"almacen6"_s) d.encabezado.insert(u"movimiento"_s, u"almacen6"_s);
     if (caso == u"partidas"_s) d.partidas.clear();
     if (caso == u"codigo"_s) d.partidas = {Partida(u"NOEXISTE"_s, 1, 1)};
     const double antes = Almacen(c, 1, kCodigo);
