@@ -9,6 +9,7 @@
 #include "documents/bajas.h"
 #include "documents/captura.h"
 #include "maintenance/sweeps.h"
+#include "purchasing/cuenta_proveedor.h"
 #include "purchasing/familia_compras.h"
 #include "purchasing/importar_cfdi.h"
 #include "sales/familias_ventas.h"
@@ -196,6 +197,61 @@ class TestCompras : public QObject {
     QVERIFY(mantenimiento::Manto1(s).ok);
     QVERIFY(mantenimiento::Manto2(s).ok);
     QCOMPARE(Derivados(c), antes);
+  }
+
+  // The supplier's account: a purchase of 10 units at 100, a payment of 300 and a credit note
+  // of 116 on it; the lines follow the purchase and the balance falls by each.
+  void CuentaDelProveedor() {
+    const auto company = testing::EmpresaDemo();
+    if (!company) return;
+    Session s = SesionDe(*company);
+    Connection c(company->cadena());
+    Documento d = Compra(u"ALMACEN1"_s, {Partida(kCodigo, 10, 100)});
+    d.encabezado.insert(u"proveedor"_s, 7);
+    const captura::Guardado g = captura::GuardarDocumento(s, compras::Compras(), d);
+    QVERIFY2(g.outcome.ok, qPrintable(g.outcome.message));
+    const QDateTime hoy =
+        c.Scalar(u"select fecha from compras where compra = ?"_s, {g.llave}).toDateTime();
+    QVERIFY(testing::InsertarFila(c, u"cxp"_s,
+                                  {{u"pago"_s, u"P-1"_s},
+                                   {u"serie"_s, u"P"_s},
+                                   {u"folio"_s, 1},
+                                   {u"proveedor"_s, 7},
+                                   {u"fecha"_s, hoy},
+                                   {u"abono"_s, 300},
+                                   {u"status"_s, u"ALTA"_s}}));
+    QVERIFY(testing::InsertarFila(c, u"cxp detalles"_s,
+                                  {{u"pago"_s, u"P-1"_s},
+                                   {u"item"_s, 1},
+                                   {u"fecha"_s, hoy},
+                                   {u"proveedor"_s, 7},
+                                   {u"compra"_s, g.llave},
+                                   {u"abono"_s, 300}}));
+    QVERIFY(testing::InsertarFila(c, u"notas proveedor"_s,
+                                  {{u"nota"_s, u"NP-1"_s},
+                                   {u"serie"_s, u"NP"_s},
+                                   {u"folio"_s, 1},
+                                   {u"proveedor"_s, 7},
+                                   {u"fecha"_s, hoy},
+                                   {u"total"_s, 116},
+                                   {u"status"_s, u"ALTA"_s}}));
+    QVERIFY(testing::InsertarFila(c, u"notas proveedor detalles"_s,
+                                  {{u"nota"_s, u"NP-1"_s},
+                                   {u"item"_s, 1},
+                                   {u"fecha"_s, hoy},
+                                   {u"proveedor"_s, 7},
+                                   {u"compra"_s, g.llave},
+                                   {u"codigo"_s, kCodigo},
+                                   {u"cantidad"_s, 1},
+                                   {u"total"_s, 116}}));
+    QStringList lineas;
+    for (const compras::MovimientoDeCuenta& m : compras::CuentaDeProveedor(c, 7)) {
+      if (m.compra != g.llave) continue;
+      lineas << m.movimiento + u' ' + m.documento + u' ' + QString::number(m.cargo, 'f', 2) + u' ' +
+                    QString::number(m.abono, 'f', 2);
+    }
+    QCOMPARE(lineas, (QStringList{u"COMPRA F-881 1160.00 0.00"_s, u"CxP P-1 0.00 300.00"_s,
+                                  u"NC PROVEEDOR NP-1 0.00 116.00"_s}));
   }
 
   // The checks stop a purchase in their order, each with its words; nothing is written.
