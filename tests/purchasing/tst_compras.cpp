@@ -99,8 +99,6 @@ class TestCompras : public QObject {
     Connection c(company->cadena());
     const double almacen2 = Almacen(c, 2, kCodigo), almacen1 = Almacen(c, 1, kCodigo);
     const double costo = Numero(c, u"select costo from productos where codigo = ?"_s, {kCodigo});
-    const qint32 anterior =
-        c.Scalar(u"select proveedor1 from productos where codigo = ?"_s, {kCodigo}).toInt();
     QVERIFY(testing::InsertarFila(c, u"ordenes de compra"_s,
                                   {{u"orden"_s, u"OC-1"_s},
                                    {u"serie"_s, u"OC"_s},
@@ -138,7 +136,6 @@ class TestCompras : public QObject {
         c.Scalar(u"select fecha from compras where compra = ?"_s, {g.llave}).toDateTime().date();
     QCOMPARE(p.value(4).toDateTime().date(), fecha);
     p.finish();
-    Q_UNUSED(anterior);
     QCOMPARE(
         c.Scalar(u"select status from \"ordenes de compra\" where orden = 'OC-1'"_s).toString(),
         u"SURTIDO"_s);
