@@ -112,7 +112,7 @@ void FormaPago::Cargar(const QString& llave) {
   const QString motivo = e.value(u"motivo de baja"_s).toString().trimmed();
   motivo_->setText(u"Motivo de baja: "_s + motivo);
   motivo_->setVisible(!motivo.isEmpty());
-  fg1_->PonerFacturas(ventas::FacturasDelPago(session_, llave), false);
+  fg1_->PonerFacturas(pagos::DelPago(session_, ventas::LadoCxC(), llave), false);
   guardar_->setEnabled(leido.modificable);
 }
 
@@ -122,7 +122,7 @@ void FormaPago::FacturasDelCliente() {
   if (cambio_ || cliente == cliente_cargado_) return;
   cliente_cargado_ = cliente;
   QString error;
-  fg1_->PonerFacturas(ventas::FacturasPorCobrar(session_, cliente, &error));
+  fg1_->PonerFacturas(pagos::Abiertos(session_, ventas::LadoCxC(), cliente, &error));
   if (!error.isEmpty()) ui::ShowOutcome(this, session_, Outcome::Stop(error));
 }
 

@@ -102,8 +102,8 @@ CampoCaptura* FrmCxCs::Filtro(int indice, int decimales) {
 
 void FrmCxCs::Consultar() {
   QString error;
-  facturas_ = ventas::FacturasPorSaldar(session_,
-                                        {.cliente = campos_->cliente()->Numero(),
+  facturas_ = pagos::Saldables(session_, ventas::LadoCxC(),
+                                        {.socio = campos_->cliente()->Numero(),
                                          .anio = anio_->text().toInt(),
                                          .mes = mes_->text().toInt(),
                                          .desde = desde_->Numero(),
@@ -118,11 +118,11 @@ void FrmCxCs::MostrarFacturas() {
   fg1_->setRowCount(static_cast<int>(facturas_.size()));
   const QLocale c = QLocale::c();
   for (int i = 0; i < fg1_->rowCount(); ++i) {
-    const ventas::FacturaPorSaldar& f = facturas_[i];
-    const QStringList textos = {QString::number(f.cliente),
+    const pagos::PorSaldar& f = facturas_[i];
+    const QStringList textos = {QString::number(f.socio),
                                 f.nombre,
-                                f.factura,
-                                f.depto,
+                                f.documento,
+                                f.referencia,
                                 c.toString(f.fecha.date(), u"dd MMM yyyy"_s),
                                 Importe(f.total),
                                 Importe(f.saldo)};
@@ -132,14 +132,14 @@ void FrmCxCs::MostrarFacturas() {
       fg1_->setItem(i, col, celda);
     }
   }
-  saldo_final_->setText(Importe(ventas::SaldoFinal(facturas_)));
+  saldo_final_->setText(Importe(pagos::SaldoFinal(facturas_)));
   if (fg1_->rowCount() > 0) fg1_->setCurrentCell(0, 2);
 }
 
 // Two questions, each naming the invoice, before a row leaves the settle receipt.
 void FrmCxCs::Quitar(int fila) {
   if (fila < 0 || fila >= static_cast<int>(facturas_.size())) return;
-  const QString factura = facturas_[fila].factura;
+  const QString factura = facturas_[fila].documento;
   for (const QString& pregunta :
        {u"Quitar factura de ajuste de pagos"_s, u"Seguro quitar factura de ajuste de pagos"_s}) {
     if (ui::Ask(this, pregunta + u"\n\n"_s + factura) != QMessageBox::Yes) return;
@@ -155,9 +155,9 @@ void FrmCxCs::Guardar() {
   d.encabezado.insert(u"fecha"_s, QDateTime(fecha_->date(), QTime(0, 0)));
   d.encabezado.insert(u"anio"_s, anio_->text().toInt());
   d.encabezado.insert(u"mes"_s, mes_->text().toInt());
-  for (const ventas::FacturaPorSaldar& f : facturas_) {
-    d.partidas.push_back({{u"factura"_s, f.factura},
-                          {u"cliente"_s, f.cliente},
+  for (const pagos::PorSaldar& f : facturas_) {
+    d.partidas.push_back({{u"factura"_s, f.documento},
+                          {u"cliente"_s, f.socio},
                           {u"abono"_s, f.saldo},
                           {u"saldo"_s, f.saldo}});
   }

@@ -43,7 +43,7 @@ class FrmCxCs : public QDialog, public LlaveGuardada {
 
   Session& session_;
   QString guardada_;
-  std::vector<ventas::FacturaPorSaldar> facturas_;
+  std::vector<pagos::PorSaldar> facturas_;
   CamposPago* campos_;
   QDateEdit* fecha_;
   CampoCaptura* anio_;

@@ -36,7 +36,7 @@ RejillaPagos::RejillaPagos(QWidget* parent) : QTableWidget(0, kColumnas, parent)
   });
 }
 
-void RejillaPagos::PonerFacturas(const std::vector<ventas::FacturaPorCobrar>& facturas,
+void RejillaPagos::PonerFacturas(const std::vector<pagos::DocumentoAbierto>& facturas,
                                  bool editable) {
   recalculando_ = true;
   setEditTriggers(editable ? QAbstractItemView::AnyKeyPressed | QAbstractItemView::DoubleClicked |
@@ -45,9 +45,9 @@ void RejillaPagos::PonerFacturas(const std::vector<ventas::FacturaPorCobrar>& fa
   setRowCount(0);
   setRowCount(static_cast<int>(facturas.size()));
   for (int i = 0; i < rowCount(); ++i) {
-    const ventas::FacturaPorCobrar& f = facturas[i];
+    const pagos::DocumentoAbierto& f = facturas[i];
     const QLocale c = QLocale::c();
-    setItem(i, kFactura, Celda(f.factura, false));
+    setItem(i, kFactura, Celda(f.documento, false));
     setItem(i, kFecha, Celda(c.toString(f.fecha.date(), u"dd MMM yyyy"_s), false));
     setItem(i, kPlazo, Celda(QString::number(f.plazo), true));
     setItem(i, kVence, Celda(c.toString(f.vence.date(), u"dd MMM yyyy"_s), false));
@@ -98,7 +98,7 @@ void RejillaPagos::Recalcular() {
   recalculando_ = true;
   for (int i = 0; i < rowCount(); ++i) {
     const double antes = Numero(i, kAntes);
-    const double abono = ventas::AbonoAdmitido(Numero(i, kAbono), antes);
+    const double abono = pagos::AbonoAdmitido(Numero(i, kAbono), antes);
     item(i, kAbono)->setText(abono > 0 ? Importe(abono) : u"0"_s);
     item(i, kSaldo)->setText(Importe(RoundHalfEven(antes - abono, 2)));
   }

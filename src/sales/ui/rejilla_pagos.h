@@ -35,7 +35,7 @@ class RejillaPagos : public QTableWidget {
 
   // Editable: a new payment against open invoices. Otherwise a stored receipt's rows, shown
   // as they are: its amounts and the invoices' balances of today.
-  void PonerFacturas(const std::vector<ventas::FacturaPorCobrar>& facturas, bool editable = true);
+  void PonerFacturas(const std::vector<pagos::DocumentoAbierto>& facturas, bool editable = true);
   double Numero(int fila, int columna) const;
   // factura, abono, cliente and saldo of the rows with an amount.
   std::vector<QVariantMap> Partidas(qint32 cliente) const;
