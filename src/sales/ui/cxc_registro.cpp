@@ -3,7 +3,6 @@
 #include "core/ui/form_registry.h"
 #include "core/ui/navegador.h"
 #include "sales/ui/frm_cxc.h"
-#include "sales/ui/frm_cxcs.h"
 
 namespace ventarix {
 

@@ -19,8 +19,7 @@
 #include "core/ui/navegador.h"
 #include "sales/facturas_por_cobrar.h"
 #include "sales/ui/frm_cxc.h"
-#include "sales/ui/frm_cxcs.h"
-#include "sales/ui/rejilla_pagos.h"
+#include "documents/ui/rejilla_pagos.h"
 #include "support/empresa_demo.h"
 #include "support/modal_catcher.h"
 
@@ -108,7 +107,7 @@ class TestPantallasCxC : public QObject {
       R* grid = alta->rejilla();
       QCOMPARE(Foco(), grid);
       QCOMPARE(grid->rowCount(), 2);
-      QCOMPARE(grid->item(0, R::kFactura)->text(), u"T-1"_s);
+      QCOMPARE(grid->item(0, R::kDocumento)->text(), u"T-1"_s);
       QTest::keyClick(grid, Qt::Key_F8);
       QCOMPARE(grid->item(0, R::kSaldo)->text(), u"0.00"_s);
       QTest::keyClick(grid, Qt::Key_Return);
