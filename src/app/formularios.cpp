@@ -11,6 +11,7 @@
 #include "edocs/ui/folios_registro.h"
 #include "edocs/ui/rpt_informe.h"
 #include "maintenance/ui/mdi_inicio_manto.h"
+#include "purchasing/ui/cxp_registro.h"
 #include "sales/ui/cxc_registro.h"
 #include "sales/ui/frm_facturas.h"
 #include "sales/ui/frm_ventas.h"
@@ -31,6 +32,7 @@ void RegistrarFormularios(FormRegistry& registry) {
   RegistrarVentas(registry);
   RegistrarFacturas(registry);
   RegistrarCuentasPorCobrar(registry);
+  RegistrarCuentasPorPagar(registry);
 }
 
 }  // namespace ventarix

@@ -1,5 +1,5 @@
 // What the receivables screens show of the client's side.
-#include "sales/ui/frm_cxc.h"
+#include "sales/ui/pantalla_cxc.h"
 
 #include "sales/cuentas_por_cobrar.h"
 
