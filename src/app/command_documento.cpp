@@ -10,6 +10,7 @@
 #include "app/empresa_abierta.h"
 #include "core/schema.h"
 #include "documents/captura.h"
+#include "purchasing/familia_compras.h"
 #include "purchasing/familias_proveedor.h"
 #include "sales/facturar_remisiones.h"
 #include "sales/familias_ventas.h"
@@ -52,10 +53,12 @@ bool Leer(const QJsonObject& objeto, const captura::FamiliaCaptura** familia,
           captura::Documento* documento, QStringList* remisiones, QString* error) {
   const QString tabla = objeto.value(u"familia"_s).toString();
   *familia = ventas::FamiliaDeTabla(tabla);
+  if (*familia == nullptr) *familia = compras::FamiliaDeTabla(tabla);
   if (*familia == nullptr) *familia = compras::FamiliaDeProveedor(tabla);
   if (*familia == nullptr) {
     *error = u"Familia desconocida: \""_s + tabla +
-             u"\" (remisiones, cotizaciones, pedidos, cxc, facturas, notas cliente, cxp)"_s;
+             u"\" (remisiones, cotizaciones, pedidos, cxc, facturas, notas cliente, compras, "
+             u"cxp, ordenes de compra, notas proveedor)"_s;
     return false;
   }
   const QString detalles = tabla + u" detalles"_s;

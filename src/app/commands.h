@@ -20,6 +20,8 @@ bool EsAccionDeBaja(const QString& accion);
 int RunDocumentoBaja(const QStringList& args);
 // Stamping a saved CFDi document and cancelling a UUID at the PAC.
 int RunTimbrar(const QStringList& args);
+// A supplier's CFD or CFDi saved as a purchase: "compra importar FILE.xml ...".
+int RunCompra(const QStringList& args);
 int RunCancelar(const QStringList& args);
 void PrintHelp();
 

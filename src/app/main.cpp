@@ -36,6 +36,7 @@ int RunSubcommand(int argc, char** argv) {
   if (command == QLatin1String("demo")) return RunDemo(args);
   if (command == QLatin1String("mantenimiento")) return RunMantenimiento(args);
   if (command == QLatin1String("documento")) return RunDocumento(args);
+  if (command == QLatin1String("compra")) return RunCompra(args);
   if (command == QLatin1String("timbrar")) return RunTimbrar(args);
   if (command == QLatin1String("cancelar")) return RunCancelar(args);
   if (command == QLatin1String("--help") || command == QLatin1String("-h") ||

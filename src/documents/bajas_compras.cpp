@@ -13,7 +13,13 @@ using namespace Qt::StringLiterals;
 // A purchase that brought goods may not take away what was already sold from its warehouse;
 // an expense ('GASTOS') moved no stock.
 Outcome ExistenciasDeCompra(const Session& session, Connection& c, const Antes& a) {
-  if (a.encabezado.Text(u"movimiento"_s) == u"GASTOS") return Outcome::Ok();
+  const QString movimiento = a.encabezado.Text(u"movimiento"_s).trimmed().toUpper();
+  if (movimiento == u"GASTOS") return Outcome::Ok();
+  // The goods went into the warehouse the purchase names; older rows without one, the store's.
+  if (movimiento.startsWith(u"ALMACEN"_s)) {
+    return mChecarExistencias::ChecarExistenciasEntrada(session, c, u"compras"_s, u"compra"_s,
+                                                        a.llave, movimiento, true, nullptr);
+  }
   const int tienda = a.encabezado.Integer(u"tienda"_s);
   if (tienda <= 0) return Outcome::Warning(u"Se requiere conocer el número de almacen"_s);
   return mChecarExistencias::ChecarExistenciasEntrada(

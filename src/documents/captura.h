@@ -110,6 +110,13 @@ struct FamiliaCaptura {
   // the user sees instead.
   bool checar_partidas = true;
   Existencias existencias = Existencias::kNinguna;
+  // The warehouse the document names itself (a purchase's Movimiento, "ALMACEN2"), written on
+  // its rows; 0: the document moves no stock and its rows are not checked (an expense).
+  // nullptr: the session's store.
+  int (*almacen)(const Documento& d) = nullptr;
+  // Goods brought in are checked too: a change that lowers them below what was already taken
+  // out of the warehouse is refused.
+  bool checar_entrada = false;
   RangoDeFolios rango;
   // A serie and folio taken (another family's document, or a folio the sealing moved) stop the
   // save with this text, two line breaks and the key; null: the next folio is taken instead.

@@ -135,7 +135,10 @@ bool EscribirPartidas(const Session& session, Connection& c, const FamiliaCaptur
                                ? QVariant(mFunciones::ValorTexto(valor))
                                : QVariant(mFunciones::ValorNumerico(valor)));
     }
-    if (f.almacen_partida) fila.insert(QString::fromUtf8(f.almacen_partida), almacen);
+    // A document that moves no stock still names the store it was captured in.
+    if (f.almacen_partida) {
+      fila.insert(QString::fromUtf8(f.almacen_partida), almacen > 0 ? almacen : session.Tienda);
+    }
     if (f.fuente_partida) {
       const QString fuente = Texto(p, f.fuente_partida);
       fila.insert(QString::fromUtf8(f.fuente_partida), fuente);
@@ -209,6 +212,7 @@ Outcome EscribirEncabezadoNuevo(const Session& session, Connection& c, const Fam
 struct Guardado0 {
   QString llave;
   int almacen = 0;
+  int almacen_anterior = 0;  // where the stored rows moved stock, for a change
   QStringList fuentes;  // source documents of the rows, before and after
   qint32 socio_anterior = 0;
 };
@@ -242,8 +246,8 @@ Outcome EscribirCambio(const Session& session, Connection& c, const FamiliaCaptu
              valores, &error)) {
     return Outcome::Stop(error);
   }
-  if (f.existencias != Existencias::kNinguna &&
-      !mInventario::ActualizarExistencias(c, tabla, columna, d.llave, g->almacen,
+  if (f.existencias != Existencias::kNinguna && g->almacen_anterior > 0 &&
+      !mInventario::ActualizarExistencias(c, tabla, columna, d.llave, g->almacen_anterior,
                                           -Signo(f.existencias), &error)) {
     return Outcome::Stop(error);
   }
@@ -296,6 +300,7 @@ Guardado GuardarDocumento(const Session& session, Connection& c, const FamiliaCa
     }
     PonerRango(session, c, f, &d, &leido.documento);
     g.socio_anterior = static_cast<qint32>(Numero(leido.documento.encabezado, f.socio));
+    g.almacen_anterior = f.almacen ? f.almacen(leido.documento) : AlmacenDe(session, c, f, d);
   } else {
     PonerRango(session, c, f, &d, nullptr);
     if (d.folio_previsto <= 0) {
@@ -321,7 +326,7 @@ Guardado GuardarDocumento(const Session& session, Connection& c, const FamiliaCa
   if (f.totalizar) {
     if (Outcome o = f.totalizar(session, c, d, g.llave); !o) return {o, {}};
   }
-  if (f.existencias != Existencias::kNinguna &&
+  if (f.existencias != Existencias::kNinguna && g.almacen > 0 &&
       !mInventario::ActualizarExistencias(c, QString::fromUtf8(f.tabla), QString::fromUtf8(f.llave),
                                           g.llave, g.almacen, Signo(f.existencias), &error)) {
     return {Outcome::Stop(error), {}};

@@ -52,6 +52,7 @@ QDateTime FechaDe(const Documento& d) {
 }
 
 int AlmacenDe(const Session& session, Connection& c, const FamiliaCaptura& f, const Documento& d) {
+  if (f.almacen) return f.almacen(d);
   int almacen = session.Tienda;
   if (!d.llave.isEmpty()) {
     const QVariant guardado =

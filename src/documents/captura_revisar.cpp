@@ -47,14 +47,24 @@ Outcome DentroDeFecha(const Session& session, Connection& c, const Documento& d,
 
 Outcome HayExistencias(const Session& session, Connection& c, const FamiliaCaptura& f,
                        const Documento& d, bool alta) {
-  if (f.existencias != Existencias::kSalida || !f.productos) return Outcome::Ok();
+  const bool entrada = f.existencias == Existencias::kEntrada && f.checar_entrada;
+  if ((f.existencias != Existencias::kSalida && !entrada) || !f.productos) return Outcome::Ok();
   QList<mChecarExistencias::Partida> malla;
   for (const QVariantMap& p : d.partidas) {
     if (TieneCodigo(p)) malla.append({Texto(p, "codigo"), Numero(p, "cantidad")});
   }
-  return mChecarExistencias::ChecarExistenciasSalida(
-      session, c, QString::fromUtf8(f.tabla), QString::fromUtf8(f.llave), d.llave,
-      u"ALMACEN%1"_s.arg(AlmacenDe(session, c, f, d)), !alta, &malla);
+  const QString columna = u"ALMACEN%1"_s.arg(AlmacenDe(session, c, f, d));
+  const QString tabla = QString::fromUtf8(f.tabla);
+  const QString llave = QString::fromUtf8(f.llave);
+  return entrada ? mChecarExistencias::ChecarExistenciasEntrada(session, c, tabla, llave, d.llave,
+                                                                columna, !alta, &malla)
+                 : mChecarExistencias::ChecarExistenciasSalida(session, c, tabla, llave, d.llave,
+                                                               columna, !alta, &malla);
+}
+
+// An expense names no warehouse: neither its rows nor the stock are checked.
+bool MueveExistencias(const FamiliaCaptura& f, const Documento& d) {
+  return !f.almacen || f.almacen(d) > 0;
 }
 
 }  // namespace
@@ -105,6 +115,7 @@ Outcome Revisar(const Session& session, Connection& c, const FamiliaCaptura& f,
     if (Outcome o = f.revisar_campos(session, c, d, alta); !o) return o;
   }
   if (Outcome o = DentroDeFecha(session, c, d, alta); !o) return o;
+  if (!MueveExistencias(f, d)) return Outcome::Ok();
   if (f.productos && f.checar_partidas) {
     if (Outcome o = ChecarPartidas(d.partidas, f.checar_utilidad, false); !o) return o;
   }

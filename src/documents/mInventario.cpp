@@ -106,6 +106,7 @@ bool RecalcularExistencias(Connection& connection, int almacen, const Codigos& c
 bool RecalcularAlmacen(Connection& connection, const Codigos& codigos, int almacen,
                        QString* error) {
   if (almacen < 1 || almacen > 5) return Fallo(error, u"Almacén no válido: %1"_s.arg(almacen));
+  // An expense ('GASTOS') names the store on its rows but brought nothing into it.
   // The column is computed outright from sums by product, so a product on many rows counts
   // every row and nothing needs zeroing first. Transfers keep their warehouses as text. The
   // warehouse tests are written as expressions so that the engine finds the rows by product
@@ -114,7 +115,9 @@ bool RecalcularAlmacen(Connection& connection, const Codigos& codigos, int almac
       u"update productos set "_s + Columna(almacen) +
       u" = "_s
       u"coalesce((select sum(d.cantidad) from \"compras detalles\" d"
-      u" where d.codigo = productos.codigo and d.almacen + 0 = ?), 0)"
+      u" where d.codigo = productos.codigo and d.almacen + 0 = ?"
+      u" and not exists (select 1 from compras c where c.compra = d.compra"
+      u" and c.movimiento = 'GASTOS')), 0)"
       u" + coalesce((select sum(d.entradas - d.salidas) from \"ajustes de inventario detalles\" d"
       u" where d.codigo = productos.codigo and d.almacen + 0 = ?), 0)"
       u" - coalesce((select sum(d.cantidad) from \"remisiones detalles\" d"

@@ -34,6 +34,8 @@ const Permitido kPermitidos[] = {
     {u"sales/familias_ventas.cpp"_s, u"catalogs/mFunciones_precios.h"_s},
     {u"sales/aplicar_ventas.cpp"_s, u"catalogs/mFunciones_precios.h"_s},
     {u"sales/aplicar_ventas.cpp"_s, u"catalogs/price_formulas.h"_s},
+    // A purchase moves the product's cost and prices by the company's rules.
+    {u"purchasing/familia_compras.cpp"_s, u"catalogs/mFunciones_precios.h"_s},
     // An invoice or a credit note is sealed by its range's driver as the last check of its save.
     {u"sales/sellar_documento.cpp"_s, u"edocs/mDigital.h"_s},
     {u"sales/sellar_documento.cpp"_s, u"edocs/cfdi_xml.h"_s},
