@@ -22,10 +22,12 @@ QString Texto(const QVariantMap& m, const char* c) {
   return mFunciones::ValorTexto(m.value(S(c))).trimmed();
 }
 
-double TotalDe(const Documento& d, captura::PartidaPresente presente) {
+using Presente = bool (*)(const Lado& l, const QVariantMap& partida);
+
+double TotalDe(const Lado& l, const Documento& d, Presente presente) {
   double total = 0;
   for (const QVariantMap& p : d.partidas) {
-    if (presente(p)) total += Numero(p, "abono");
+    if (presente(l, p)) total += Numero(p, "abono");
   }
   return total;
 }
@@ -50,10 +52,9 @@ void NombrarDocumento(const Lado& l, QVariantMap* p) {
 }
 
 // Every row names an open document of the payment's party (any party on a settle payment).
-Outcome DocumentosAbiertos(const Lado& l, const Documento& d, captura::PartidaPresente presente,
-                           qint32 socio) {
+Outcome DocumentosAbiertos(const Lado& l, const Documento& d, Presente presente, qint32 socio) {
   for (const QVariantMap& p : d.partidas) {
-    if (!presente(p)) continue;
+    if (!presente(l, p)) continue;
     if (!p.contains(u"saldo"_s) || (socio != 0 && Numero(p, l.socio) != socio)) {
       return Outcome::Warning(
           S(l.no_abierto).arg(Texto(p, l.documento)) +
@@ -89,15 +90,13 @@ double AbonoAdmitido(double abono, double saldo) { return abono > 0 && abono <= 
 namespace motor {
 
 // A row pays a document when it names one and carries an amount; a settle row always pays
-// the whole balance, whatever it says.
-bool PagaDocumento(const QVariantMap& p) {
-  return (!Texto(p, "documento").isEmpty() || !Texto(p, "factura").isEmpty() ||
-          !Texto(p, "compra").isEmpty()) &&
-         Numero(p, "abono") != 0;
+// the whole balance, whatever it says. The screens name it "documento", the command line by
+// the side's own column.
+bool NombraDocumento(const Lado& l, const QVariantMap& p) {
+  return !Texto(p, "documento").isEmpty() || !Texto(p, l.documento).isEmpty();
 }
-bool NombraDocumento(const QVariantMap& p) {
-  return !Texto(p, "documento").isEmpty() || !Texto(p, "factura").isEmpty() ||
-         !Texto(p, "compra").isEmpty();
+bool PagaDocumento(const Lado& l, const QVariantMap& p) {
+  return NombraDocumento(l, p) && Numero(p, "abono") != 0;
 }
 
 QStringList ColumnasPartida(const Lado& l) { return {u"abono"_s, S(l.socio)}; }
@@ -109,8 +108,8 @@ Outcome RevisarPago(const Lado& l, Connection&, const Documento& d, bool alta) {
   if (Outcome o = Anotacion(l, d); !o) return o;
   // A change keeps its rows: it has neither rows to check nor a total to ask for.
   if (!alta) return Outcome::Ok();
-  if (Outcome o = DocumentosAbiertos(l, d, PagaDocumento, socio); !o) return o;
-  return Requerido(TotalDe(d, PagaDocumento) > 0, S(l.falta_abono), u"Total"_s);
+  if (Outcome o = DocumentosAbiertos(l, d, motor::PagaDocumento, socio); !o) return o;
+  return Requerido(TotalDe(l, d, motor::PagaDocumento) > 0, S(l.falta_abono), u"Total"_s);
 }
 
 Outcome RevisarSaldar(const Lado& l, Connection&, const Documento& d, bool alta) {
@@ -123,8 +122,8 @@ Outcome RevisarSaldar(const Lado& l, Connection&, const Documento& d, bool alta)
   }
   if (Outcome o = Anotacion(l, d); !o) return o;
   if (!alta) return Outcome::Ok();
-  if (Outcome o = DocumentosAbiertos(l, d, NombraDocumento, 0); !o) return o;
-  return Requerido(TotalDe(d, NombraDocumento) != 0, u"Se requiere la entrada de un abono"_s,
+  if (Outcome o = DocumentosAbiertos(l, d, motor::NombraDocumento, 0); !o) return o;
+  return Requerido(TotalDe(l, d, motor::NombraDocumento) != 0, u"Se requiere la entrada de un abono"_s,
                    u"Total"_s);
 }
 
@@ -149,7 +148,7 @@ Outcome SaldoCompleto(const Lado& l, Connection& c, QVariantMap* p) {
 Outcome SocioDelPrimerRenglon(const Lado& l, Connection& c, Documento* d) {
   if (Numero(d->encabezado, l.socio) > 0) return Outcome::Ok();
   for (QVariantMap& p : d->partidas) {
-    if (!NombraDocumento(p)) continue;
+    if (!NombraDocumento(l, p)) continue;
     NombrarDocumento(l, &p);
     d->encabezado.insert(S(l.socio), c.Scalar(u"select %1 from %2 where %3 = ?"_s.arg(
                                                   S(l.socio), S(l.documentos), S(l.documento)),

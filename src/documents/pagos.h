@@ -113,14 +113,16 @@ Outcome SaldoCompleto(const Lado& l, Connection& c, QVariantMap* partida);
 Outcome SocioDelPrimerRenglon(const Lado& l, Connection& c, captura::Documento* d);
 Outcome Totalizar(const Lado& l, Connection& c, const QString& pago);
 Outcome Saldos(const Lado& l, Connection& c, const captura::Hechos& h);
-bool PagaDocumento(const QVariantMap& partida);
-bool NombraDocumento(const QVariantMap& partida);
+bool PagaDocumento(const Lado& l, const QVariantMap& partida);
+bool NombraDocumento(const Lado& l, const QVariantMap& partida);
 QStringList ColumnasPartida(const Lado& l);
 }  // namespace motor
 
 // The capture engine calls plain functions: each side's are these, bound to its Lado.
 template <const Lado& L>
 struct Pasos {
+  static bool Paga(const QVariantMap& p) { return motor::PagaDocumento(L, p); }
+  static bool Nombra(const QVariantMap& p) { return motor::NombraDocumento(L, p); }
   static Outcome Pago(const Session&, Connection& c, const captura::Documento& d, bool alta) {
     return motor::RevisarPago(L, c, d, alta);
   }
@@ -158,7 +160,7 @@ struct Pasos {
         .status_inicial = "ALTA",
         .socio = L.socio,
         .productos = false,
-        .presente = saldar ? motor::NombraDocumento : motor::PagaDocumento,
+        .presente = saldar ? Nombra : Paga,
         .cambio_con_partidas = false,
         .checar_suspendido = false,
         .mensaje_folio = "Se requiere un número de pago mayor a cero",
