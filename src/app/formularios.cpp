@@ -12,6 +12,7 @@
 #include "edocs/ui/rpt_informe.h"
 #include "maintenance/ui/mdi_inicio_manto.h"
 #include "purchasing/ui/cxp_registro.h"
+#include "purchasing/ui/frm_compras.h"
 #include "sales/ui/cxc_registro.h"
 #include "sales/ui/frm_facturas.h"
 #include "sales/ui/frm_ventas.h"
@@ -32,6 +33,7 @@ void RegistrarFormularios(FormRegistry& registry) {
   RegistrarVentas(registry);
   RegistrarFacturas(registry);
   RegistrarCuentasPorCobrar(registry);
+  RegistrarCompras(registry);
   RegistrarCuentasPorPagar(registry);
 }
 

@@ -98,11 +98,12 @@ FormaCaptura::~FormaCaptura() {
 QWidget* FormaCaptura::CrearDato(const Dato& dato, QWidget* padre) {
   QWidget* widget = nullptr;
   CampoCaptura* campo = nullptr;
-  if (dato.campo == Campo::kCliente || dato.campo == Campo::kAgente ||
-      dato.campo == Campo::kMetodo) {
-    const Catalogo catalogo = dato.campo == Campo::kCliente  ? Catalogo::kClientes
-                              : dato.campo == Campo::kAgente ? Catalogo::kAgentes
-                                                             : Catalogo::kMetodos;
+  if (dato.campo == Campo::kCliente || dato.campo == Campo::kProveedor ||
+      dato.campo == Campo::kAgente || dato.campo == Campo::kMetodo) {
+    const Catalogo catalogo = dato.campo == Campo::kCliente     ? Catalogo::kClientes
+                              : dato.campo == Campo::kProveedor ? Catalogo::kProveedores
+                              : dato.campo == Campo::kAgente    ? Catalogo::kAgentes
+                                                                : Catalogo::kMetodos;
     auto* numero = new CampoCatalogo(session_, catalogo, padre);
     connect(numero, &CampoCatalogo::Ayuda, this, [this, numero] { AyudaDeCampo(numero); });
     campo = numero->campo();
@@ -177,6 +178,7 @@ QWidget* FormaCaptura::Encabezado() {
   primera->addWidget(fecha_);
   primera->addWidget(new QLabel(u"Tipo"_s, caja));
   primera->addWidget(tipo_);
+  if (!pantalla_.movimientos.isEmpty()) primera->addLayout(ListaDeMovimientos(caja));
   primera->addStretch();
   primera->addWidget(new QLabel(u"Status"_s, caja));
   primera->addWidget(status_);
@@ -184,6 +186,25 @@ QWidget* FormaCaptura::Encabezado() {
   rejilla->setColumnStretch(1, 1);
   rejilla->setColumnStretch(3, 1);
   return caja;
+}
+
+// Where the goods go: a warehouse ("SI Afecta Inventario de:") or an expense ("Movimiento de:").
+QHBoxLayout* FormaCaptura::ListaDeMovimientos(QWidget* caja) {
+  movimiento_ = new QComboBox(caja);
+  movimiento_->setObjectName(u"Movimiento"_s);
+  movimiento_->addItems(pantalla_.movimientos);
+  auto* titulo = new QLabel(caja);
+  auto poner_titulo = [this, titulo] {
+    titulo->setText(movimiento_->currentText().startsWith(u"ALMACEN"_s)
+                        ? u"SI Afecta Inventario de:"_s
+                        : u"Movimiento de:"_s);
+  };
+  connect(movimiento_, &QComboBox::currentTextChanged, titulo, poner_titulo);
+  poner_titulo();
+  auto* fila = new QHBoxLayout;
+  fila->addWidget(titulo);
+  fila->addWidget(movimiento_);
+  return fila;
 }
 
 QWidget* FormaCaptura::PaginaDeDatos(int pagina) {
@@ -253,6 +274,7 @@ QWidget* FormaCaptura::Botones() {
 
 void FormaCaptura::Conectar() {
   QList<QWidget*> orden{fecha_, tipo_};
+  if (movimiento_ != nullptr) orden << movimiento_;
   for (int pagina : {0, 1}) {
     for (const Dato& dato : pantalla_.datos) {
       if (dato.pagina != pagina || dato.indice == 0) continue;
@@ -330,6 +352,11 @@ void FormaCaptura::Cargar(const QString& llave) {
   const QString tipo = e.value(u"tipo"_s).toString();
   if (tipo_->findText(tipo) < 0) tipo_->addItem(tipo);
   tipo_->setCurrentIndex(tipo_->findText(tipo));
+  if (movimiento_ != nullptr) {
+    const QString movimiento = e.value(u"movimiento"_s).toString().trimmed();
+    if (movimiento_->findText(movimiento) < 0) movimiento_->addItem(movimiento);
+    movimiento_->setCurrentIndex(movimiento_->findText(movimiento));
+  }
   status_->setText(e.value(u"status"_s).toString());
   for (const Dato& dato : pantalla_.datos) {
     const QVariant valor = e.value(QString::fromUtf8(dato.columna));
@@ -375,9 +402,10 @@ void FormaCaptura::CondicionesDePago() {
 }
 
 void FormaCaptura::AyudaDeCampo(CampoCatalogo* campo) {
-  const char* palabra = campo->catalogo() == Catalogo::kClientes  ? "CLIENTES"
-                        : campo->catalogo() == Catalogo::kAgentes ? "AGENTES"
-                                                                  : "METODOS";
+  const char* palabra = campo->catalogo() == Catalogo::kClientes      ? "CLIENTES"
+                        : campo->catalogo() == Catalogo::kProveedores ? "PROVEEDORES"
+                        : campo->catalogo() == Catalogo::kAgentes     ? "AGENTES"
+                                                                      : "METODOS";
   const QString elegido = AbrirAyuda(session_, QLatin1String(palabra), this);
   if (elegido.isEmpty()) return;
   campo->setNumero(elegido.toInt());
@@ -417,6 +445,7 @@ captura::Documento FormaCaptura::Capturado() const {
   CapturarFiscales(&d);
   d.encabezado.insert(u"fecha"_s, QDateTime(fecha_->date(), QTime(0, 0)));
   d.encabezado.insert(u"tipo"_s, tipo_->currentText());
+  if (movimiento_ != nullptr) d.encabezado.insert(u"movimiento"_s, movimiento_->currentText());
   d.partidas = fg1_->Partidas();
   return d;
 }

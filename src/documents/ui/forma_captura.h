@@ -13,6 +13,7 @@
 #include "documents/ui/pantalla_captura.h"
 
 class QComboBox;
+class QHBoxLayout;
 class QDateEdit;
 class QLabel;
 class QPushButton;
@@ -81,6 +82,9 @@ class FormaCaptura : public QDialog, public LlaveGuardada {
 
   // One message box, with the focus on the field named by the outcome and its tab shown.
   void Avisar(const Outcome& outcome);
+  // A code not in productos: "Agregar código ? ", and on yes the product screen opens on it.
+  // The code of the product saved there, or empty when the clerk declined or saved nothing.
+  QString OfrecerProducto(const QString& codigo);
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;
@@ -91,6 +95,7 @@ class FormaCaptura : public QDialog, public LlaveGuardada {
   QWidget* CrearDato(const captura_ui::Dato& dato, QWidget* padre);
   QWidget* Encabezado();
   QWidget* PaginaDeDatos(int pagina);
+  QHBoxLayout* ListaDeMovimientos(QWidget* caja);
   QWidget* Totales();
   QWidget* DatosFiscales();
   void PonerRango(qint32 numero);
@@ -139,6 +144,7 @@ class FormaCaptura : public QDialog, public LlaveGuardada {
   QVariantMap leido_;
   QDateEdit* fecha_;
   QComboBox* tipo_;
+  QComboBox* movimiento_ = nullptr;
   QLabel* status_;
   QHash<int, QWidget*> datos_;
   Pestanas* tabs_;

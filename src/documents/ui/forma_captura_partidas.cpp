@@ -66,17 +66,8 @@ void FormaCaptura::CodigoEscrito(int fila) {
   }
   if (!hallada.existe) {
     fg1_->VaciarFila(fila);
-    const auto respuesta =
-        ui::Ask(this, u"Este código no existe en productos\n\nAgregar código ? "_s,
-                QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
     fg1_->setCurrentCell(fila, fg1_->Col(R::kCodigo));
-    if (respuesta != QMessageBox::Yes) return;
-    // The product screen opens on the new code; a product saved there fills the row.
-    auto* mdi =
-        qobject_cast<MDIInicio*>(parentWidget() != nullptr ? parentWidget()->window() : nullptr);
-    if (mdi == nullptr) return;
-    const QString nuevo = mdi->Abrir(u"FrmProductosA"_s, codigo);
-    activateWindow();
+    const QString nuevo = OfrecerProducto(codigo);
     fg1_->setFocus();
     if (nuevo.isEmpty()) return;
     fg1_->PonerPartida(fila, {{u"codigo"_s, nuevo}});
@@ -90,6 +81,20 @@ void FormaCaptura::CodigoEscrito(int fila) {
   }
   fg1_->PonerPartida(fila, partida);
   ChecarExistencia(fila);
+}
+
+QString FormaCaptura::OfrecerProducto(const QString& codigo) {
+  const auto respuesta =
+      ui::Ask(this, u"Este código no existe en productos\n\nAgregar código ? "_s,
+              QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
+  if (respuesta != QMessageBox::Yes) return {};
+  // The product screen opens on the code, which the clerk sees there.
+  auto* mdi =
+      qobject_cast<MDIInicio*>(parentWidget() != nullptr ? parentWidget()->window() : nullptr);
+  if (mdi == nullptr) return {};
+  const QString nuevo = mdi->Abrir(u"FrmProductosA"_s, codigo);
+  activateWindow();
+  return nuevo;
 }
 
 // Column 18 below the quantity: the row's quantity becomes 0, unless the company saves

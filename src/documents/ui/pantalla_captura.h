@@ -17,7 +17,7 @@ namespace captura_ui {
 // What a header field holds: free text, a number, or a catalogue number with its name; an
 // amount withheld (F1 asks a percentage of the subtotal, and the screen's total is the rows
 // less these amounts); a summary text (F2 opens the long-text dialog).
-enum class Campo { kTexto, kNumero, kCliente, kAgente, kMetodo, kRetencion, kResumen };
+enum class Campo { kTexto, kNumero, kCliente, kProveedor, kAgente, kMetodo, kRetencion, kResumen };
 
 // One field of the array Datos: its index, the header column it is saved in, its caption,
 // and the tab it lives on (0 above the tabs, 1 the tab of further data).
@@ -52,6 +52,9 @@ struct Pantalla {
   const char* cambio;  // "FrmRemisionesC"
   const char* titulo;  // "REMISIONES": the caption adds "ALTAS" or "CAMBIOS"
   QStringList tipos;   // entries of Tipo, the first one chosen on a new document
+  // Entries of the list Movimiento ("ALMACEN1" ... "GASTOS"), saved in `movimiento`, the first
+  // one chosen on a new document; empty: the screen has none.
+  QStringList movimientos;
   std::vector<Dato> datos;
   std::vector<Accion> acciones;
   // The order's grid has Surtir ahead of Cantidad.
