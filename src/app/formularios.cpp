@@ -13,6 +13,7 @@
 #include "maintenance/ui/mdi_inicio_manto.h"
 #include "purchasing/ui/cxp_registro.h"
 #include "purchasing/ui/frm_compras.h"
+#include "purchasing/ui/pantallas_proveedor.h"
 #include "sales/ui/cxc_registro.h"
 #include "sales/ui/frm_facturas.h"
 #include "sales/ui/frm_ventas.h"
@@ -35,6 +36,7 @@ void RegistrarFormularios(FormRegistry& registry) {
   RegistrarCuentasPorCobrar(registry);
   RegistrarCompras(registry);
   RegistrarCuentasPorPagar(registry);
+  RegistrarDocumentosProveedor(registry);
 }
 
 }  // namespace ventarix
