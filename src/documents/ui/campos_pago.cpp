@@ -1,8 +1,10 @@
 #include "documents/ui/campos_pago.h"
 
+#include <QDateEdit>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QPushButton>
 
 #include "core/mFunciones.h"
 #include "core/ui/abrir_ayuda.h"
@@ -16,6 +18,36 @@ using namespace Qt::StringLiterals;
 QString Importe(double valor) {
   static const QLocale kLocale(QLocale::English, QLocale::UnitedStates);
   return kLocale.toString(valor, 'f', 2);
+}
+
+QDateEdit* CampoFecha(QWidget* forma) {
+  auto* fecha = new QDateEdit(QDate::currentDate(), forma);
+  fecha->setObjectName(u"Fecha"_s);
+  fecha->setCalendarPopup(true);
+  fecha->setDisplayFormat(u"dd/MM/yyyy"_s);
+  return fecha;
+}
+
+QLabel* CampoTotal(QWidget* forma, const QString& ancho) {
+  auto* total = new QLabel(u"0.00"_s, forma);
+  total->setObjectName(u"Total"_s);
+  total->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  total->setFrameShape(QFrame::Panel);
+  total->setFrameShadow(QFrame::Sunken);
+  total->setMinimumWidth(total->fontMetrics().horizontalAdvance(ancho));
+  return total;
+}
+
+QHBoxLayout* PieDePago(QWidget* forma, const QString& titulo, QLabel* total, QPushButton* guardar,
+                       QPushButton* salir) {
+  auto* abajo = new QHBoxLayout;
+  abajo->addStretch();
+  abajo->addWidget(new QLabel(titulo, forma));
+  abajo->addWidget(total);
+  abajo->addSpacing(16);
+  abajo->addWidget(guardar);
+  abajo->addWidget(salir);
+  return abajo;
 }
 
 CamposPago::CamposPago(Session& session, const PantallaPagos& pantalla, QWidget* parent)

@@ -7,8 +7,11 @@
 #include "documents/captura.h"
 #include "documents/ui/pantalla_pagos.h"
 
+class QDateEdit;
 class QGridLayout;
+class QHBoxLayout;
 class QLabel;
+class QPushButton;
 
 namespace ventarix {
 
@@ -53,5 +56,13 @@ class CamposPago : public QWidget {
 
 // Amounts as the payments show them: "#,##0.00".
 QString Importe(double valor);
+
+// What both payment screens show around their grid: the date Fecha, the sunken amount Total
+// wide enough for `ancho`, and the row below the grid with that amount's caption, Guardar and
+// Salir.
+QDateEdit* CampoFecha(QWidget* forma);
+QLabel* CampoTotal(QWidget* forma, const QString& ancho);
+QHBoxLayout* PieDePago(QWidget* forma, const QString& titulo, QLabel* total, QPushButton* guardar,
+                       QPushButton* salir);
 
 }  // namespace ventarix

@@ -28,10 +28,7 @@ FormaPago::FormaPago(Session& session, const PantallaPagos& pantalla, bool cambi
   setObjectName(QString::fromUtf8(cambio ? pantalla.cambio : pantalla.alta));
   setWindowTitle(QString::fromUtf8(cambio ? pantalla.titulo_cambio : pantalla.titulo_alta));
   campos_ = new CamposPago(session_, pantalla_, this);
-  fecha_ = new QDateEdit(this);
-  fecha_->setObjectName(u"Fecha"_s);
-  fecha_->setCalendarPopup(true);
-  fecha_->setDisplayFormat(u"dd/MM/yyyy"_s);
+  fecha_ = CampoFecha(this);
   status_ = new QLabel(this);
   status_->setObjectName(u"Status"_s);
   QFont negrita = status_->font();
@@ -41,12 +38,7 @@ FormaPago::FormaPago(Session& session, const PantallaPagos& pantalla, bool cambi
   motivo_->setObjectName(u"Motivo"_s);
   motivo_->setVisible(false);
   fg1_ = new RejillaPagos(pantalla_, this);
-  total_ = new QLabel(u"0.00"_s, this);
-  total_->setObjectName(u"Total"_s);
-  total_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-  total_->setFrameShape(QFrame::Panel);
-  total_->setFrameShadow(QFrame::Sunken);
-  total_->setMinimumWidth(total_->fontMetrics().horizontalAdvance(u"000,000,000.00"_s));
+  total_ = CampoTotal(this, u"000,000,000.00"_s);
   std::tie(guardar_, salir_) = BotonesGuardarSalir(this, [this] { Guardar(); });
 
   auto* arriba = new QHBoxLayout;
@@ -59,17 +51,10 @@ FormaPago::FormaPago(Session& session, const PantallaPagos& pantalla, bool cambi
   lado->addWidget(motivo_, 2, 0, 1, 2);
   lado->setRowStretch(3, 1);
   arriba->addLayout(lado);
-  auto* abajo = new QHBoxLayout;
-  abajo->addStretch();
-  abajo->addWidget(new QLabel(u"Total"_s, this));
-  abajo->addWidget(total_);
-  abajo->addSpacing(16);
-  abajo->addWidget(guardar_);
-  abajo->addWidget(salir_);
   auto* layout = new QVBoxLayout(this);
   layout->addLayout(arriba);
   layout->addWidget(fg1_, 1);
-  layout->addLayout(abajo);
+  layout->addLayout(PieDePago(this, u"Total"_s, total_, guardar_, salir_));
 
   EncadenarFoco(QList<QWidget*>{fecha_} + campos_->Orden() +
                 QList<QWidget*>{fg1_, guardar_, salir_});

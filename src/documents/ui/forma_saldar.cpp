@@ -27,10 +27,7 @@ FormaSaldar::FormaSaldar(Session& session, const PantallaPagos& pantalla, QWidge
   setWindowTitle(QString::fromUtf8(pantalla.titulo_saldar));
   campos_ = new CamposPago(session_, pantalla_, this);
   campos_->Nuevo(pantalla_.familia_saldar());
-  fecha_ = new QDateEdit(QDate::currentDate(), this);
-  fecha_->setObjectName(u"Fecha"_s);
-  fecha_->setCalendarPopup(true);
-  fecha_->setDisplayFormat(u"dd/MM/yyyy"_s);
+  fecha_ = CampoFecha(this);
   const QDate hoy = QDate::currentDate();
   // The period and the range follow the side's fields and its annotation.
   const int primero = static_cast<int>(pantalla.campos.size()) + 3;
@@ -54,12 +51,7 @@ FormaSaldar::FormaSaldar(Session& session, const PantallaPagos& pantalla, QWidge
   fg1_->setSelectionBehavior(QAbstractItemView::SelectRows);
   fg1_->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
   fg1_->installEventFilter(this);
-  saldo_final_ = new QLabel(u"0.00"_s, this);
-  saldo_final_->setObjectName(u"Total"_s);
-  saldo_final_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-  saldo_final_->setFrameShape(QFrame::Panel);
-  saldo_final_->setFrameShadow(QFrame::Sunken);
-  saldo_final_->setMinimumWidth(saldo_final_->fontMetrics().horizontalAdvance(u"000,000.00"_s));
+  saldo_final_ = CampoTotal(this, u"000,000.00"_s);
   std::tie(guardar_, salir_) = BotonesGuardarSalir(this, [this] { Guardar(); });
 
   auto* filtro = new QGridLayout;
@@ -77,17 +69,10 @@ FormaSaldar::FormaSaldar(Session& session, const PantallaPagos& pantalla, QWidge
   auto* arriba = new QHBoxLayout;
   arriba->addWidget(campos_, 1);
   arriba->addLayout(filtro);
-  auto* abajo = new QHBoxLayout;
-  abajo->addStretch();
-  abajo->addWidget(new QLabel(u"Saldo Final"_s, this));
-  abajo->addWidget(saldo_final_);
-  abajo->addSpacing(16);
-  abajo->addWidget(guardar_);
-  abajo->addWidget(salir_);
   auto* layout = new QVBoxLayout(this);
   layout->addLayout(arriba);
   layout->addWidget(fg1_, 1);
-  layout->addLayout(abajo);
+  layout->addLayout(PieDePago(this, u"Saldo Final"_s, saldo_final_, guardar_, salir_));
   EncadenarFoco(campos_->Orden() +
                 QList<QWidget*>{fecha_, anio_, mes_, desde_, hasta_, fg1_, guardar_, salir_});
   connect(hasta_, &CampoCaptura::Dejado, this, &FormaSaldar::Consultar);
