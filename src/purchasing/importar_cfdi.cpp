@@ -79,31 +79,42 @@ FacturaDeProveedor LeerFacturaDeProveedor(const QString& archivo) {
   return f;
 }
 
+captura::Guardado ImportarCompra(const Session& session, Connection& c, const QString& archivo,
+                                 captura::Documento documento) {
+  const FacturaDeProveedor leida = LeerFacturaDeProveedor(archivo);
+  if (!leida.outcome) return {leida.outcome, {}};
+  for (const QVariantMap& p : leida.partidas) {
+    const QString codigo = p.value(u"codigo"_s).toString();
+    const mFunciones::SqlText sql = mFunciones::SqlProducto(codigo);
+    if (!c.Exec(sql.text, sql.values).next()) {
+      return {Outcome::Warning(u"Este código no existe en productos\n\n"_s + codigo, u"Fg1"_s), {}};
+    }
+  }
+  documento.encabezado.insert(u"factura"_s, leida.Factura());
+  if (documento.encabezado.value(u"obs"_s).toString().isEmpty()) {
+    documento.encabezado.insert(u"obs"_s, QFileInfo(archivo).fileName().toUpper());
+  }
+  documento.partidas = leida.partidas;
+  return captura::GuardarDocumento(session, c, Compras(), std::move(documento));
+}
+
 captura::Guardado ImportarCompra(Session& session, const QString& archivo, qint32 proveedor,
                                  const QString& movimiento, const QString& tipo,
                                  const QString& obs) {
-  const FacturaDeProveedor leida = LeerFacturaDeProveedor(archivo);
-  if (!leida.outcome) return {leida.outcome, {}};
-  {
-    Connection c(session.Cadena, Connection::Acceso::kLectura);
-    if (!c.ok()) return {Outcome::Stop(c.error()), {}};
-    for (const QVariantMap& p : leida.partidas) {
-      const QString codigo = p.value(u"codigo"_s).toString();
-      const mFunciones::SqlText sql = mFunciones::SqlProducto(codigo);
-      if (!c.Exec(sql.text, sql.values).next()) {
-        return {Outcome::Warning(u"Este código no existe en productos\n\n"_s + codigo, u"Fg1"_s),
-                {}};
-      }
-    }
-  }
+  Connection c(session.Cadena);
+  if (!c.ok()) return {Outcome::Stop(c.error()), {}};
+  Transaction t(c);
+  if (!t.ok()) return {Outcome::Stop(t.error()), {}};
   captura::Documento d;
   d.encabezado = {{u"proveedor"_s, proveedor},
-                  {u"factura"_s, leida.Factura()},
                   {u"tipo"_s, tipo},
                   {u"movimiento"_s, movimiento.toUpper()},
-                  {u"obs"_s, obs.isEmpty() ? QFileInfo(archivo).fileName().toUpper() : obs}};
-  d.partidas = leida.partidas;
-  return captura::GuardarDocumento(session, Compras(), d);
+                  {u"obs"_s, obs}};
+  const captura::Guardado g = ImportarCompra(session, c, archivo, std::move(d));
+  if (!g.outcome) return g;
+  if (!t.Commit()) return {Outcome::Stop(t.error()), {}};
+  session.CompraActual = g.llave;
+  return g;
 }
 
 }  // namespace ventarix::compras

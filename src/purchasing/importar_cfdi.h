@@ -34,5 +34,9 @@ FacturaDeProveedor LeerFacturaDeProveedor(const QString& archivo);
 captura::Guardado ImportarCompra(Session& session, const QString& archivo, qint32 proveedor,
                                  const QString& movimiento, const QString& tipo,
                                  const QString& obs);
+// The same inside a transaction the caller holds on `c`, on a header the caller gives
+// (supplier, movimiento, tipo, obs, fecha); the file adds the invoice number and the rows.
+captura::Guardado ImportarCompra(const Session& session, Connection& c, const QString& archivo,
+                                 captura::Documento documento);
 
 }  // namespace ventarix::compras
