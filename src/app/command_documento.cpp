@@ -11,6 +11,7 @@
 #include "core/schema.h"
 #include "documents/captura.h"
 #include "purchasing/familia_compras.h"
+#include "purchasing/familias_proveedor.h"
 #include "sales/facturar_remisiones.h"
 #include "sales/familias_ventas.h"
 
@@ -53,9 +54,11 @@ bool Leer(const QJsonObject& objeto, const captura::FamiliaCaptura** familia,
   const QString tabla = objeto.value(u"familia"_s).toString();
   *familia = ventas::FamiliaDeTabla(tabla);
   if (*familia == nullptr) *familia = compras::FamiliaDeTabla(tabla);
+  if (*familia == nullptr) *familia = compras::FamiliaDeProveedor(tabla);
   if (*familia == nullptr) {
     *error = u"Familia desconocida: \""_s + tabla +
-             u"\" (remisiones, cotizaciones, pedidos, cxc, facturas, notas cliente, compras)"_s;
+             u"\" (remisiones, cotizaciones, pedidos, cxc, facturas, notas cliente, compras, "
+             u"cxp, ordenes de compra, notas proveedor)"_s;
     return false;
   }
   const QString detalles = tabla + u" detalles"_s;

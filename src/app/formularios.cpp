@@ -11,7 +11,9 @@
 #include "edocs/ui/folios_registro.h"
 #include "edocs/ui/rpt_informe.h"
 #include "maintenance/ui/mdi_inicio_manto.h"
+#include "purchasing/ui/cxp_registro.h"
 #include "purchasing/ui/frm_compras.h"
+#include "purchasing/ui/pantallas_proveedor.h"
 #include "sales/ui/cxc_registro.h"
 #include "sales/ui/frm_facturas.h"
 #include "sales/ui/frm_ventas.h"
@@ -33,6 +35,8 @@ void RegistrarFormularios(FormRegistry& registry) {
   RegistrarFacturas(registry);
   RegistrarCuentasPorCobrar(registry);
   RegistrarCompras(registry);
+  RegistrarCuentasPorPagar(registry);
+  RegistrarDocumentosProveedor(registry);
 }
 
 }  // namespace ventarix

@@ -168,7 +168,9 @@ std::vector<Familia> Construir() {
        true,
        {{2, "folio", "Número de Folio a Buscar", M::kIgual},
         {3, "proveedor", "Número del Proveedor a Buscar", M::kIgual},
-        {4, "cuenta", "Cuenta Bancaria a Buscar", M::kContiene},
+        // The payment names its bank; the account is the bank's.
+        {4, "pago", "Cuenta Bancaria a Buscar", M::kSubconsulta,
+         "select p.pago from cxp p, bancos b where p.banco = b.numero and %1", "cuenta"},
         {0, "pago", "Compra a Buscar", M::kSubconsulta,
          R"(select pago from "cxp detalles" where %1)", "compra"}}},
       {"FrmNotasCliente",

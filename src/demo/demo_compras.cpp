@@ -29,12 +29,7 @@ constexpr Importada kImportadas[] = {{"proveedor_cfdi32.xml", 1, "ALMACEN2", 3},
                                      {"proveedor_cfdi40.xml", 3, "ALMACEN2", 25}};
 
 Session SesionDeCompras(Connection& c) {
-  Session s;
-  s.Sql = c.sql();
-  s.Usuario = u"ADMINISTRADOR"_s;
-  s.Equipo = u"DEMO"_s;
-  s.Tienda = 1;
-  PermisosCompletos(s.usuario, s.Usuario);
+  Session s = SesionDeDemo(c);
   s.SerieCompras = SerieDe("compras");
   return s;
 }

@@ -41,12 +41,7 @@ struct Pendiente {
 class Historia {
  public:
   Historia(Connection& c, Dice& dice, const QString& carpeta)
-      : c_(c), dice_(dice), carpeta_(carpeta) {
-    sesion_.Sql = c.sql();
-    sesion_.Usuario = u"ADMINISTRADOR"_s;
-    sesion_.Equipo = u"DEMO"_s;
-    sesion_.Tienda = 1;
-    PermisosCompletos(sesion_.usuario, sesion_.Usuario);
+      : c_(c), dice_(dice), carpeta_(carpeta), sesion_(SesionDeDemo(c)) {
     sesion_.SerieRemisiones = SerieDe("remisiones");
     sesion_.SerieCotizaciones = SerieDe("cotizaciones");
     sesion_.SeriePedidos = SerieDe("pedidos");

@@ -4,6 +4,7 @@
 #include <QStringList>
 
 #include "catalogs/empresa_cuentas.h"
+#include "core/session_load.h"
 #include "demo/demo_tables.h"
 
 // The company row and the small lists every screen reads: payment methods, client types,
@@ -135,6 +136,16 @@ constexpr Serie kSeries[] = {{"ordenescompra", "OC", "ÓRDENES DE COMPRA"},
                              {"ajustes", "AJ", "AJUSTES DE INVENTARIO"}};
 
 }  // namespace
+
+Session SesionDeDemo(Connection& c) {
+  Session s;
+  s.Sql = c.sql();
+  s.Usuario = QStringLiteral("ADMINISTRADOR");
+  s.Equipo = QStringLiteral("DEMO");
+  s.Tienda = 1;
+  PermisosCompletos(s.usuario, s.Usuario);
+  return s;
+}
 
 QString SerieDe(const char* documento) {
   for (const Serie& s : kSeries) {

@@ -30,6 +30,9 @@ bool EscribirTipos(Connection& c, QString* error);
 bool EscribirSeries(Connection& c, QString* error);
 // The serie the demo gives a document family ("remisiones" gives "R").
 QString SerieDe(const char* documento);
+// The session the demo's documents are saved under: the administrator at store 1 of
+// workstation DEMO, with every right.
+Session SesionDeDemo(Connection& c);
 bool EscribirBancos(Connection& c, QString* error);
 
 bool EscribirAgentes(Connection& c, QString* error);
@@ -54,6 +57,7 @@ bool EscribirHistoria(Connection& c, Dice& dice, const QString& carpeta, QString
 // Purchases of the last months into warehouses 2 and 3, three of them suppliers' CFDI files
 // shipped with the demo, and one expense.
 bool EscribirCompras(Connection& c, QString* error);
+bool EscribirPagosAProveedores(Connection& c, QString* error);
 
 // The session of a save that seals: the company's block as `c` holds it, the folder tree under
 // `carpeta`, the demo's default ranges.

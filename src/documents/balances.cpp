@@ -171,6 +171,11 @@ Outcome RecalcularSaldosCompras(Connection& connection, const QStringList& clave
   return RecomputeBalances(connection, kCompras, claves);
 }
 
+Outcome RecalcularSaldosCompras(Connection& connection, const QStringList& claves,
+                                const QList<qint32>& proveedores) {
+  return RecomputeTouched(connection, kCompras, claves, proveedores);
+}
+
 Outcome RecalcularSaldoClientes(Connection& connection, qint32 numero) {
   return RecomputeParties(connection, kFacturas, numero);
 }

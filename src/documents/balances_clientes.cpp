@@ -1,4 +1,5 @@
-// The clients a set of invoices belongs to, each one's balance derived again.
+// The parties a set of documents belongs to, each one's balance derived again: the clients of
+// invoices, the suppliers of purchases.
 #include <QSqlQuery>
 
 #include "documents/mSaldos.h"
@@ -6,22 +7,38 @@
 
 namespace ventarix::mSaldos {
 
-Outcome RecalcularSaldoClientesDeFacturas(Connection& connection, const QStringList& facturas) {
-  if (facturas.isEmpty()) return Outcome::Ok();  // an empty scope would mean every client
+namespace {
+
+Outcome SaldosDeLosSocios(Connection& connection, const QString& tabla, const QString& llave,
+                          const QString& socio, Outcome (*recalcular)(Connection&, qint32),
+                          const QStringList& documentos) {
+  if (documentos.isEmpty()) return Outcome::Ok();  // an empty scope would mean every party
   QVariantList valores;
   QSqlQuery q = connection.Exec(
-      QStringLiteral("select distinct cliente from facturas") +
-          InClause(QStringLiteral(" where "), QStringLiteral("factura"), facturas, &valores),
+      QStringLiteral("select distinct %1 from %2").arg(socio, tabla) +
+          InClause(QStringLiteral(" where "), llave, documentos, &valores),
       valores);
   if (!q.isActive()) return Outcome::Stop(QueryError(q));
-  QList<qint32> clientes;
-  while (q.next()) clientes << q.value(0).toInt();
+  QList<qint32> socios;
+  while (q.next()) socios << q.value(0).toInt();
   q.finish();
-  for (const qint32 cliente : clientes) {
-    if (cliente == 0) continue;  // 0 would mean every client
-    if (Outcome o = RecalcularSaldoClientes(connection, cliente); !o) return o;
+  for (const qint32 numero : socios) {
+    if (numero == 0) continue;  // 0 would mean every party
+    if (Outcome o = recalcular(connection, numero); !o) return o;
   }
   return Outcome::Ok();
+}
+
+}  // namespace
+
+Outcome RecalcularSaldoClientesDeFacturas(Connection& connection, const QStringList& facturas) {
+  return SaldosDeLosSocios(connection, QStringLiteral("facturas"), QStringLiteral("factura"),
+                           QStringLiteral("cliente"), RecalcularSaldoClientes, facturas);
+}
+
+Outcome RecalcularSaldoProveedoresDeCompras(Connection& connection, const QStringList& compras) {
+  return SaldosDeLosSocios(connection, QStringLiteral("compras"), QStringLiteral("compra"),
+                           QStringLiteral("proveedor"), RecalcularSaldoProveedores, compras);
 }
 
 }  // namespace ventarix::mSaldos

@@ -65,6 +65,9 @@ Outcome RecalcularSaldosFacturas(Connection& connection, const QStringList& clav
                                  const QList<qint32>& clientes);
 // The same for purchases, their payments and supplier notes, and the suppliers' balances.
 Outcome RecalcularSaldosCompras(Connection& connection, const QStringList& claves);
+// The purchases in scope and the balances of `proveedores` alone, on both engines.
+Outcome RecalcularSaldosCompras(Connection& connection, const QStringList& claves,
+                                const QList<qint32>& proveedores);
 // Balance of one client from its invoices; 0 means every client.
 Outcome RecalcularSaldoClientes(Connection& connection, qint32 numero);
 Outcome RecalcularSaldoProveedores(Connection& connection, qint32 numero);
@@ -72,6 +75,8 @@ Outcome RecalcularSaldoProveedores(Connection& connection, qint32 numero);
 // that settles invoices of several clients touches each of them. The list of nothing {""}
 // touches none.
 Outcome RecalcularSaldoClientesDeFacturas(Connection& connection, const QStringList& facturas);
+// The same for the suppliers who own the purchases `compras`.
+Outcome RecalcularSaldoProveedoresDeCompras(Connection& connection, const QStringList& compras);
 // Delivery notes of the current calendar year (the server's date): 'POR FACTURAR', or the key
 // and hour of the live invoice that holds them. Older notes are never touched.
 Outcome RecalcularStatusRemisiones(Connection& connection, const Session& session,

@@ -150,6 +150,11 @@ Outcome Recalcular(const Session& session, Connection& c, const Documento& d,
 
 }  // namespace
 
+Outcome CompletarPartidaDeCompra(const Session& session, Connection& c, const Documento& d,
+                                 QVariantMap* partida) {
+  return Completar(session, c, d, partida);
+}
+
 int AlmacenDeMovimiento(const QString& movimiento) {
   const QString m = movimiento.trimmed().toUpper();
   if (!m.startsWith(u"ALMACEN"_s)) return 0;

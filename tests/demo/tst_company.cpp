@@ -362,7 +362,8 @@ class TestDemoCompany : public QObject {
                                 u"invoices facturas"_s,
                                 u"credit notes notas cliente"_s,
                                 u"receipts cxc"_s,
-                                u"purchases compras"_s};
+                                u"purchases compras"_s,
+                                u"payments to suppliers cxp"_s};
     for (const QString& par : tablas) {
       const QString tabla =
           par.endsWith(u" notas cliente"_s) ? u"notas cliente"_s : par.section(u' ', -1);

@@ -33,26 +33,13 @@ Documento Recibo(std::vector<QVariantMap> partidas, qint32 cliente = kCliente) {
   return d;
 }
 
-struct Empresa {
-  std::unique_ptr<testing::TestCompany> company;
-  Session s;
-};
-
 // The demo company with client 9001 owing invoices T-1 (100, the older) and T-2 (50).
-std::optional<Empresa> ConFacturas() {
-  auto company = testing::EmpresaDemo();
-  if (!company) return std::nullopt;
-  Empresa e{std::move(company), {}};
-  e.s = e.company->MakeSession();
-  CargarSesion(e.s);
-  Connection c(e.s.Cadena);
-  if (!testing::InsertarFacturas(
-          c, {kCliente, kOtro},
-          {{u"T-1"_s, kCliente, 100, kOctubre.addDays(-20)}, {u"T-2"_s, kCliente, 50, kOctubre}})) {
-    QTest::qFail("the invoices could not be written", __FILE__, __LINE__);
-    return std::nullopt;
-  }
-  return e;
+std::optional<testing::EmpresaConSesion> ConFacturas() {
+  return testing::EmpresaDemoCon([](Connection& c) {
+    return testing::InsertarFacturas(
+        c, {kCliente, kOtro},
+        {{u"T-1"_s, kCliente, 100, kOctubre.addDays(-20)}, {u"T-2"_s, kCliente, 50, kOctubre}});
+  });
 }
 
 // "status saldo abonos" of an invoice.
@@ -104,9 +91,9 @@ class TestCuentasPorCobrar : public QObject {
                  .toInt(),
              1);
     // A paid-off invoice is offered no more.
-    const auto abiertas = ventas::FacturasPorCobrar(e->s, kCliente);
+    const auto abiertas = pagos::Abiertos(e->s, ventas::LadoCxC(), kCliente);
     QCOMPARE(int(abiertas.size()), 1);
-    QCOMPARE(abiertas[0].factura, u"T-2"_s);
+    QCOMPARE(abiertas[0].documento, u"T-2"_s);
 
     QVERIFY(bajas::DarDeBaja(e->s, u"CXC"_s, segundo.llave, u"DEPOSITO DEVUELTO"_s));
     QCOMPARE(Factura(c, u"T-1"_s), u"POR COBRAR 60 40"_s);
@@ -161,16 +148,16 @@ class TestCuentasPorCobrar : public QObject {
     QVERIFY(testing::InsertarFacturas(
         c, {},
         {{u"T-3"_s, kCliente, 20, kOctubre, 18.5}, {u"T-4"_s, kOtro, 100, kOctubre, 100.5}}));
-    const auto facturas = ventas::FacturasPorSaldar(
-        e->s, {.anio = kOctubre.year(), .mes = kOctubre.month(), .desde = -2, .hasta = 2});
+    const auto facturas = pagos::Saldables(
+        e->s, ventas::LadoCxC(), {.anio = kOctubre.year(), .mes = kOctubre.month(), .desde = -2, .hasta = 2});
     QCOMPARE(int(facturas.size()), 2);
-    QCOMPARE(facturas[0].factura, u"T-3"_s);
+    QCOMPARE(facturas[0].documento, u"T-3"_s);
     QCOMPARE(facturas[1].nombre, u"CLIENTE 9002"_s);
-    QCOMPARE(ventas::SaldoFinal(facturas), 1.0);
+    QCOMPARE(pagos::SaldoFinal(facturas), 1.0);
 
     Documento d = Recibo({});
     d.encabezado.remove(u"cliente"_s);
-    for (const auto& f : facturas) d.partidas.push_back({{u"factura"_s, f.factura}});
+    for (const auto& f : facturas) d.partidas.push_back({{u"factura"_s, f.documento}});
     QCOMPARE(captura::GuardarDocumento(e->s, ventas::CxCSaldar(), d).outcome.message,
              u"Se requiere la entrada de un periodo"_s);
     d.encabezado.insert(u"anio"_s, kOctubre.year());

@@ -18,9 +18,10 @@
 #include "core/ui/form_registry.h"
 #include "core/ui/navegador.h"
 #include "sales/facturas_por_cobrar.h"
-#include "sales/ui/frm_cxc.h"
-#include "sales/ui/frm_cxcs.h"
-#include "sales/ui/rejilla_pagos.h"
+#include "documents/ui/forma_pago.h"
+#include "documents/ui/forma_saldar.h"
+#include "sales/ui/pantalla_cxc.h"
+#include "documents/ui/rejilla_pagos.h"
 #include "support/empresa_demo.h"
 #include "support/modal_catcher.h"
 
@@ -108,7 +109,7 @@ class TestPantallasCxC : public QObject {
       R* grid = alta->rejilla();
       QCOMPARE(Foco(), grid);
       QCOMPARE(grid->rowCount(), 2);
-      QCOMPARE(grid->item(0, R::kFactura)->text(), u"T-1"_s);
+      QCOMPARE(grid->item(0, R::kDocumento)->text(), u"T-1"_s);
       QTest::keyClick(grid, Qt::Key_F8);
       QCOMPARE(grid->item(0, R::kSaldo)->text(), u"0.00"_s);
       QTest::keyClick(grid, Qt::Key_Return);
@@ -172,7 +173,7 @@ class TestPantallasCxC : public QObject {
                                          {u"T-5"_s, kCliente, 30, kOctubre.addDays(1), 29.5},
                                          {u"T-4"_s, kOtro, 100, kOctubre, 100.5}}));
     }
-    FrmCxCs saldar(session);
+    FormaSaldar saldar(session, PantallaCxC());
     QVERIFY(Mostrar(saldar));
     QCOMPARE(saldar.windowTitle(), u"SALDAR Cuentas x Cobrar de Clientes"_s);
     QTRY_VERIFY(Foco() != nullptr);

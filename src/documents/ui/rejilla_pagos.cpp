@@ -1,11 +1,11 @@
-#include "sales/ui/rejilla_pagos.h"
+#include "documents/ui/rejilla_pagos.h"
 
 #include <QHeaderView>
 #include <QKeyEvent>
 
 #include "core/mFunciones_valores.h"
 #include "core/round_half_even.h"
-#include "sales/ui/campos_pago.h"
+#include "documents/ui/campos_pago.h"
 
 namespace ventarix {
 
@@ -22,12 +22,15 @@ QTableWidgetItem* Celda(const QString& texto, bool numero) {
 
 }  // namespace
 
-RejillaPagos::RejillaPagos(QWidget* parent) : QTableWidget(0, kColumnas, parent) {
+RejillaPagos::RejillaPagos(const PantallaPagos& pantalla, QWidget* parent)
+    : QTableWidget(0, kColumnas, parent), pantalla_(pantalla) {
   setObjectName(u"Fg1"_s);
-  setHorizontalHeaderLabels({u"Factura"_s, u"Fecha"_s, u"Plazo"_s, u"Vence"_s, u"Total $"_s,
+  setHorizontalHeaderLabels({QString::fromUtf8(pantalla.documento),
+                             QString::fromUtf8(pantalla.referencia), u"Fecha"_s, u"Plazo"_s, u"Vence"_s, u"Total $"_s,
                              u"Abonos $"_s, u"Notas Crédito $"_s, u"Abono <F8>"_s, u"Saldo $"_s,
                              QString()});
   setColumnHidden(kAntes, true);
+  setColumnHidden(kReferencia, pantalla.referencia == nullptr);
   setSelectionMode(QAbstractItemView::SingleSelection);
   horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
   verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 8);
@@ -36,18 +39,19 @@ RejillaPagos::RejillaPagos(QWidget* parent) : QTableWidget(0, kColumnas, parent)
   });
 }
 
-void RejillaPagos::PonerFacturas(const std::vector<ventas::FacturaPorCobrar>& facturas,
-                                 bool editable) {
+void RejillaPagos::PonerDocumentos(const std::vector<pagos::DocumentoAbierto>& documentos,
+                                   bool editable) {
   recalculando_ = true;
   setEditTriggers(editable ? QAbstractItemView::AnyKeyPressed | QAbstractItemView::DoubleClicked |
                                  QAbstractItemView::EditKeyPressed
                            : QAbstractItemView::NoEditTriggers);
   setRowCount(0);
-  setRowCount(static_cast<int>(facturas.size()));
+  setRowCount(static_cast<int>(documentos.size()));
   for (int i = 0; i < rowCount(); ++i) {
-    const ventas::FacturaPorCobrar& f = facturas[i];
+    const pagos::DocumentoAbierto& f = documentos[i];
     const QLocale c = QLocale::c();
-    setItem(i, kFactura, Celda(f.factura, false));
+    setItem(i, kDocumento, Celda(f.documento, false));
+    setItem(i, kReferencia, Celda(f.referencia, false));
     setItem(i, kFecha, Celda(c.toString(f.fecha.date(), u"dd MMM yyyy"_s), false));
     setItem(i, kPlazo, Celda(QString::number(f.plazo), true));
     setItem(i, kVence, Celda(c.toString(f.vence.date(), u"dd MMM yyyy"_s), false));
@@ -74,13 +78,13 @@ double RejillaPagos::Numero(int fila, int columna) const {
   return celda ? mFunciones::ValorNumerico(celda->text()) : 0;
 }
 
-std::vector<QVariantMap> RejillaPagos::Partidas(qint32 cliente) const {
+std::vector<QVariantMap> RejillaPagos::Partidas(qint32 socio) const {
   std::vector<QVariantMap> partidas;
   for (int i = 0; i < rowCount(); ++i) {
     if (Numero(i, kAbono) <= 0) continue;
-    partidas.push_back({{u"factura"_s, item(i, kFactura)->text()},
+    partidas.push_back({{u"documento"_s, item(i, kDocumento)->text()},
                         {u"abono"_s, Numero(i, kAbono)},
-                        {u"cliente"_s, cliente},
+                        {QString::fromUtf8(pantalla_.lado.socio), socio},
                         {u"saldo"_s, Numero(i, kAntes)}});
   }
   return partidas;
@@ -98,7 +102,7 @@ void RejillaPagos::Recalcular() {
   recalculando_ = true;
   for (int i = 0; i < rowCount(); ++i) {
     const double antes = Numero(i, kAntes);
-    const double abono = ventas::AbonoAdmitido(Numero(i, kAbono), antes);
+    const double abono = pagos::AbonoAdmitido(Numero(i, kAbono), antes);
     item(i, kAbono)->setText(abono > 0 ? Importe(abono) : u"0"_s);
     item(i, kSaldo)->setText(Importe(RoundHalfEven(antes - abono, 2)));
   }

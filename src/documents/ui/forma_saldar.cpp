@@ -1,4 +1,4 @@
-#include "sales/ui/frm_cxcs.h"
+#include "documents/ui/forma_saldar.h"
 
 #include <QDateEdit>
 #include <QGridLayout>
@@ -15,47 +15,43 @@
 #include "core/ui/message_box.h"
 #include "core/ui/teclas_captura.h"
 #include "documents/ui/autorizar_captura.h"
-#include "sales/ui/campos_pago.h"
+#include "documents/ui/campos_pago.h"
 
 namespace ventarix {
 
 using namespace Qt::StringLiterals;
 
-FrmCxCs::FrmCxCs(Session& session, QWidget* parent) : QDialog(parent), session_(session) {
-  setObjectName(u"FrmCxCs"_s);
-  setWindowTitle(u"SALDAR Cuentas x Cobrar de Clientes"_s);
-  campos_ = new CamposPago(session_, this);
-  campos_->Nuevo(ventas::CxCSaldar());
-  fecha_ = new QDateEdit(QDate::currentDate(), this);
-  fecha_->setObjectName(u"Fecha"_s);
-  fecha_->setCalendarPopup(true);
-  fecha_->setDisplayFormat(u"dd/MM/yyyy"_s);
+FormaSaldar::FormaSaldar(Session& session, const PantallaPagos& pantalla, QWidget* parent)
+    : QDialog(parent), session_(session), pantalla_(pantalla) {
+  setObjectName(QString::fromUtf8(pantalla.saldar));
+  setWindowTitle(QString::fromUtf8(pantalla.titulo_saldar));
+  campos_ = new CamposPago(session_, pantalla_, this);
+  campos_->Nuevo(pantalla_.familia_saldar());
+  fecha_ = CampoFecha(this);
   const QDate hoy = QDate::currentDate();
-  anio_ = Filtro(5, 0);
+  // The period and the range follow the side's fields and its annotation.
+  const int primero = static_cast<int>(pantalla.campos.size()) + 3;
+  anio_ = Filtro(primero, 0);
   anio_->setText(QString::number(hoy.year()));
-  mes_ = Filtro(6, 0);
+  mes_ = Filtro(primero + 1, 0);
   mes_->setText(QString::number(hoy.month()));
-  desde_ = Filtro(7, 2);
+  desde_ = Filtro(primero + 2, 2);
   desde_->setNumero(-2);
-  hasta_ = Filtro(8, 2);
+  hasta_ = Filtro(primero + 3, 2);
   hasta_->setNumero(2);
   auto* consultar = BotonDeCaptura("&Consultar", "Consultar", this);
-  connect(consultar, &QPushButton::clicked, this, &FrmCxCs::Consultar);
+  connect(consultar, &QPushButton::clicked, this, &FormaSaldar::Consultar);
 
   fg1_ = new QTableWidget(0, 7, this);
   fg1_->setObjectName(u"Fg1"_s);
-  fg1_->setHorizontalHeaderLabels({u"Cliente"_s, u"Nombre"_s, u"Factura"_s, u"Depto"_s, u"Fecha"_s,
-                                   u"Total $"_s, u"Saldo $"_s});
+  fg1_->setHorizontalHeaderLabels(
+      {QString::fromUtf8(pantalla.titulo_socio), u"Nombre"_s, QString::fromUtf8(pantalla.documento),
+       QString::fromUtf8(pantalla.referencia_saldar), u"Fecha"_s, u"Total $"_s, u"Saldo $"_s});
   fg1_->setEditTriggers(QAbstractItemView::NoEditTriggers);
   fg1_->setSelectionBehavior(QAbstractItemView::SelectRows);
   fg1_->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
   fg1_->installEventFilter(this);
-  saldo_final_ = new QLabel(u"0.00"_s, this);
-  saldo_final_->setObjectName(u"Total"_s);
-  saldo_final_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-  saldo_final_->setFrameShape(QFrame::Panel);
-  saldo_final_->setFrameShadow(QFrame::Sunken);
-  saldo_final_->setMinimumWidth(saldo_final_->fontMetrics().horizontalAdvance(u"000,000.00"_s));
+  saldo_final_ = CampoTotal(this, u"000,000.00"_s);
   std::tie(guardar_, salir_) = BotonesGuardarSalir(this, [this] { Guardar(); });
 
   auto* filtro = new QGridLayout;
@@ -73,25 +69,18 @@ FrmCxCs::FrmCxCs(Session& session, QWidget* parent) : QDialog(parent), session_(
   auto* arriba = new QHBoxLayout;
   arriba->addWidget(campos_, 1);
   arriba->addLayout(filtro);
-  auto* abajo = new QHBoxLayout;
-  abajo->addStretch();
-  abajo->addWidget(new QLabel(u"Saldo Final"_s, this));
-  abajo->addWidget(saldo_final_);
-  abajo->addSpacing(16);
-  abajo->addWidget(guardar_);
-  abajo->addWidget(salir_);
   auto* layout = new QVBoxLayout(this);
   layout->addLayout(arriba);
   layout->addWidget(fg1_, 1);
-  layout->addLayout(abajo);
+  layout->addLayout(PieDePago(this, u"Saldo Final"_s, saldo_final_, guardar_, salir_));
   EncadenarFoco(campos_->Orden() +
                 QList<QWidget*>{fecha_, anio_, mes_, desde_, hasta_, fg1_, guardar_, salir_});
-  connect(hasta_, &CampoCaptura::Dejado, this, &FrmCxCs::Consultar);
+  connect(hasta_, &CampoCaptura::Dejado, this, &FormaSaldar::Consultar);
   resize(1000, 560);
-  campos_->cliente()->campo()->setFocus();
+  campos_->socio()->campo()->setFocus();
 }
 
-CampoCaptura* FrmCxCs::Filtro(int indice, int decimales) {
+CampoCaptura* FormaSaldar::Filtro(int indice, int decimales) {
   auto* campo = new CampoCaptura(session_, this);
   campo->setObjectName(u"Datos%1"_s.arg(indice));
   if (decimales > 0) campo->setDecimales(decimales);
@@ -100,29 +89,29 @@ CampoCaptura* FrmCxCs::Filtro(int indice, int decimales) {
   return campo;
 }
 
-void FrmCxCs::Consultar() {
+void FormaSaldar::Consultar() {
   QString error;
-  facturas_ = ventas::FacturasPorSaldar(session_,
-                                        {.cliente = campos_->cliente()->Numero(),
+  documentos_ = pagos::Saldables(session_, pantalla_.lado,
+                                 {.socio = campos_->socio()->Numero(),
                                          .anio = anio_->text().toInt(),
                                          .mes = mes_->text().toInt(),
                                          .desde = desde_->Numero(),
                                          .hasta = hasta_->Numero()},
                                         &error);
   if (!error.isEmpty()) ui::ShowOutcome(this, session_, Outcome::Stop(error));
-  MostrarFacturas();
+  MostrarDocumentos();
 }
 
-void FrmCxCs::MostrarFacturas() {
+void FormaSaldar::MostrarDocumentos() {
   fg1_->setRowCount(0);
-  fg1_->setRowCount(static_cast<int>(facturas_.size()));
+  fg1_->setRowCount(static_cast<int>(documentos_.size()));
   const QLocale c = QLocale::c();
   for (int i = 0; i < fg1_->rowCount(); ++i) {
-    const ventas::FacturaPorSaldar& f = facturas_[i];
-    const QStringList textos = {QString::number(f.cliente),
+    const pagos::PorSaldar& f = documentos_[i];
+    const QStringList textos = {QString::number(f.socio),
                                 f.nombre,
-                                f.factura,
-                                f.depto,
+                                f.documento,
+                                f.referencia,
                                 c.toString(f.fecha.date(), u"dd MMM yyyy"_s),
                                 Importe(f.total),
                                 Importe(f.saldo)};
@@ -132,46 +121,48 @@ void FrmCxCs::MostrarFacturas() {
       fg1_->setItem(i, col, celda);
     }
   }
-  saldo_final_->setText(Importe(ventas::SaldoFinal(facturas_)));
+  saldo_final_->setText(Importe(pagos::SaldoFinal(documentos_)));
   if (fg1_->rowCount() > 0) fg1_->setCurrentCell(0, 2);
 }
 
 // Two questions, each naming the invoice, before a row leaves the settle receipt.
-void FrmCxCs::Quitar(int fila) {
-  if (fila < 0 || fila >= static_cast<int>(facturas_.size())) return;
-  const QString factura = facturas_[fila].factura;
-  for (const QString& pregunta :
-       {u"Quitar factura de ajuste de pagos"_s, u"Seguro quitar factura de ajuste de pagos"_s}) {
-    if (ui::Ask(this, pregunta + u"\n\n"_s + factura) != QMessageBox::Yes) return;
+void FormaSaldar::Quitar(int fila) {
+  if (fila < 0 || fila >= static_cast<int>(documentos_.size())) return;
+  const QString documento = documentos_[fila].documento;
+  for (const char* pregunta : {pantalla_.quitar, pantalla_.seguro_quitar}) {
+    if (ui::Ask(this, QString::fromUtf8(pregunta) + u"\n\n"_s + documento) != QMessageBox::Yes) {
+      return;
+    }
   }
-  facturas_.erase(facturas_.begin() + fila);
-  MostrarFacturas();
+  documentos_.erase(documentos_.begin() + fila);
+  MostrarDocumentos();
   fg1_->setCurrentCell(qMin(fila, fg1_->rowCount() - 1), 2);
 }
 
-void FrmCxCs::Guardar() {
+void FormaSaldar::Guardar() {
   captura::Documento d;
   campos_->Poner(&d);
   d.encabezado.insert(u"fecha"_s, QDateTime(fecha_->date(), QTime(0, 0)));
   d.encabezado.insert(u"anio"_s, anio_->text().toInt());
   d.encabezado.insert(u"mes"_s, mes_->text().toInt());
-  for (const ventas::FacturaPorSaldar& f : facturas_) {
-    d.partidas.push_back({{u"factura"_s, f.factura},
-                          {u"cliente"_s, f.cliente},
+  for (const pagos::PorSaldar& f : documentos_) {
+    d.partidas.push_back({{u"documento"_s, f.documento},
+                          {QString::fromUtf8(pantalla_.lado.socio), f.socio},
                           {u"abono"_s, f.saldo},
                           {u"saldo"_s, f.saldo}});
   }
-  if (Outcome revisado = captura::RevisarDocumento(session_, ventas::CxCSaldar(), d); !revisado) {
+  const captura::FamiliaCaptura& familia = pantalla_.familia_saldar();
+  if (Outcome revisado = captura::RevisarDocumento(session_, familia, d); !revisado) {
     return ui::ShowOutcome(this, session_, revisado);
   }
-  if (!AutorizarCaptura(session_, "FrmCxCa", false, this)) return;
-  const captura::Guardado guardado = captura::GuardarDocumento(session_, ventas::CxCSaldar(), d);
+  if (!AutorizarCaptura(session_, pantalla_.alta, false, this)) return;
+  const captura::Guardado guardado = captura::GuardarDocumento(session_, familia, d);
   if (!guardado.outcome) return ui::ShowOutcome(this, session_, guardado.outcome);
   guardada_ = guardado.llave;
   accept();
 }
 
-bool FrmCxCs::eventFilter(QObject* objeto, QEvent* event) {
+bool FormaSaldar::eventFilter(QObject* objeto, QEvent* event) {
   if (objeto == fg1_ && event->type() == QEvent::KeyPress) {
     auto* tecla = static_cast<QKeyEvent*>(event);
     if (tecla->key() == Qt::Key_Delete) {
@@ -186,7 +177,7 @@ bool FrmCxCs::eventFilter(QObject* objeto, QEvent* event) {
   return QDialog::eventFilter(objeto, event);
 }
 
-void FrmCxCs::keyPressEvent(QKeyEvent* event) {
+void FormaSaldar::keyPressEvent(QKeyEvent* event) {
   if (event->key() == Qt::Key_Escape) {
     salir_->setFocus();
     return;

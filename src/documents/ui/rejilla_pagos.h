@@ -4,11 +4,13 @@
 
 #include <QTableWidget>
 
-#include "sales/cuentas_por_cobrar.h"
+#include "documents/pagos.h"
+#include "documents/ui/pantalla_pagos.h"
 
 namespace ventarix {
 
-// The grid Fg1 of a receipt: one row per invoice, "Factura", "Fecha", "Plazo", "Vence",
+// The grid Fg1 of a payment: one row per open document, its key ("Factura", "Compra") and,
+// on a side that has one, its reference ("Factura/Remisión"), "Fecha", "Plazo", "Vence",
 // "Total $", "Abonos $", "Notas Crédito $", "Abono <F8>" (the only column typed in),
 // "Saldo $" after this payment, and the balance before it, hidden. In the amount, F8 pays the
 // row's whole balance, Delete writes 0, Enter goes down. After each change every row follows
@@ -18,7 +20,8 @@ class RejillaPagos : public QTableWidget {
 
  public:
   enum Columna {
-    kFactura = 0,
+    kDocumento = 0,
+    kReferencia,
     kFecha,
     kPlazo,
     kVence,
@@ -31,14 +34,15 @@ class RejillaPagos : public QTableWidget {
     kColumnas
   };
 
-  explicit RejillaPagos(QWidget* parent = nullptr);
+  RejillaPagos(const PantallaPagos& pantalla, QWidget* parent = nullptr);
 
-  // Editable: a new payment against open invoices. Otherwise a stored receipt's rows, shown
-  // as they are: its amounts and the invoices' balances of today.
-  void PonerFacturas(const std::vector<ventas::FacturaPorCobrar>& facturas, bool editable = true);
+  // Editable: a new payment against open documents. Otherwise a stored payment's rows, shown
+  // as they are: its amounts and the documents' balances of today.
+  void PonerDocumentos(const std::vector<pagos::DocumentoAbierto>& documentos,
+                       bool editable = true);
   double Numero(int fila, int columna) const;
-  // factura, abono, cliente and saldo of the rows with an amount.
-  std::vector<QVariantMap> Partidas(qint32 cliente) const;
+  // documento, abono, the party and saldo of the rows with an amount.
+  std::vector<QVariantMap> Partidas(qint32 socio) const;
   // The sum of the amounts.
   double Total() const;
 
@@ -55,6 +59,7 @@ class RejillaPagos : public QTableWidget {
   void PonerAbono(int fila, double abono);
   void Bajar();
 
+  const PantallaPagos& pantalla_;
   bool recalculando_ = false;
 };
 

@@ -6,7 +6,8 @@
 
 #include "core/session.h"
 #include "core/ui/llave_guardada.h"
-#include "sales/cuentas_por_cobrar.h"
+#include "documents/pagos.h"
+#include "documents/ui/pantalla_pagos.h"
 
 class QDateEdit;
 class QLabel;
@@ -18,14 +19,14 @@ namespace ventarix {
 class CampoCaptura;
 class CamposPago;
 
-// "SALDAR Cuentas x Cobrar de Clientes": the month's invoices whose balance lies in a small
-// range, of one client or of all, closed by one receipt. Delete takes a row out after two
-// questions; "Saldo Final" is what the receipt will hold.
-class FrmCxCs : public QDialog, public LlaveGuardada {
+// The settle screen of a side ("SALDAR Cuentas x Cobrar de Clientes"): the month's documents
+// whose balance lies in a small range, of one party or of all, closed by one payment. Delete
+// takes a row out after two questions; "Saldo Final" is what the payment will hold.
+class FormaSaldar : public QDialog, public LlaveGuardada {
   Q_OBJECT
 
  public:
-  explicit FrmCxCs(Session& session, QWidget* parent = nullptr);
+  FormaSaldar(Session& session, const PantallaPagos& pantalla, QWidget* parent = nullptr);
 
   QString Guardada() const override { return guardada_; }
   QTableWidget* rejilla() const { return fg1_; }
@@ -37,13 +38,14 @@ class FrmCxCs : public QDialog, public LlaveGuardada {
 
  private:
   CampoCaptura* Filtro(int indice, int decimales);
-  void MostrarFacturas();
+  void MostrarDocumentos();
   void Quitar(int fila);
   void Guardar();
 
   Session& session_;
+  const PantallaPagos& pantalla_;
   QString guardada_;
-  std::vector<ventas::FacturaPorSaldar> facturas_;
+  std::vector<pagos::PorSaldar> documentos_;
   CamposPago* campos_;
   QDateEdit* fecha_;
   CampoCaptura* anio_;

@@ -1,4 +1,4 @@
-#include "sales/ui/frm_cxc.h"
+#include "documents/ui/forma_pago.h"
 
 #include <QDateEdit>
 #include <QGridLayout>
@@ -15,23 +15,20 @@
 #include "core/ui/message_box.h"
 #include "core/ui/teclas_captura.h"
 #include "documents/ui/autorizar_captura.h"
-#include "sales/cuentas_por_cobrar.h"
-#include "sales/ui/campos_pago.h"
-#include "sales/ui/rejilla_pagos.h"
+#include "documents/ui/campos_pago.h"
+#include "documents/ui/rejilla_pagos.h"
 
 namespace ventarix {
 
 using namespace Qt::StringLiterals;
 
-FormaPago::FormaPago(Session& session, bool cambio, const QString& llave, QWidget* parent)
-    : QDialog(parent), session_(session), cambio_(cambio) {
-  setObjectName(cambio ? u"FrmCxCc"_s : u"FrmCxCa"_s);
-  setWindowTitle(cambio ? u"CUENTAS POR COBRAR - CAMBIOS"_s : u"CUENTAS POR COBRAR - ALTAS"_s);
-  campos_ = new CamposPago(session_, this);
-  fecha_ = new QDateEdit(this);
-  fecha_->setObjectName(u"Fecha"_s);
-  fecha_->setCalendarPopup(true);
-  fecha_->setDisplayFormat(u"dd/MM/yyyy"_s);
+FormaPago::FormaPago(Session& session, const PantallaPagos& pantalla, bool cambio,
+                     const QString& llave, QWidget* parent)
+    : QDialog(parent), session_(session), pantalla_(pantalla), cambio_(cambio) {
+  setObjectName(QString::fromUtf8(cambio ? pantalla.cambio : pantalla.alta));
+  setWindowTitle(QString::fromUtf8(cambio ? pantalla.titulo_cambio : pantalla.titulo_alta));
+  campos_ = new CamposPago(session_, pantalla_, this);
+  fecha_ = CampoFecha(this);
   status_ = new QLabel(this);
   status_->setObjectName(u"Status"_s);
   QFont negrita = status_->font();
@@ -40,13 +37,8 @@ FormaPago::FormaPago(Session& session, bool cambio, const QString& llave, QWidge
   motivo_ = new QLabel(this);
   motivo_->setObjectName(u"Motivo"_s);
   motivo_->setVisible(false);
-  fg1_ = new RejillaPagos(this);
-  total_ = new QLabel(u"0.00"_s, this);
-  total_->setObjectName(u"Total"_s);
-  total_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-  total_->setFrameShape(QFrame::Panel);
-  total_->setFrameShadow(QFrame::Sunken);
-  total_->setMinimumWidth(total_->fontMetrics().horizontalAdvance(u"000,000,000.00"_s));
+  fg1_ = new RejillaPagos(pantalla_, this);
+  total_ = CampoTotal(this, u"000,000,000.00"_s);
   std::tie(guardar_, salir_) = BotonesGuardarSalir(this, [this] { Guardar(); });
 
   auto* arriba = new QHBoxLayout;
@@ -59,43 +51,36 @@ FormaPago::FormaPago(Session& session, bool cambio, const QString& llave, QWidge
   lado->addWidget(motivo_, 2, 0, 1, 2);
   lado->setRowStretch(3, 1);
   arriba->addLayout(lado);
-  auto* abajo = new QHBoxLayout;
-  abajo->addStretch();
-  abajo->addWidget(new QLabel(u"Total"_s, this));
-  abajo->addWidget(total_);
-  abajo->addSpacing(16);
-  abajo->addWidget(guardar_);
-  abajo->addWidget(salir_);
   auto* layout = new QVBoxLayout(this);
   layout->addLayout(arriba);
   layout->addWidget(fg1_, 1);
-  layout->addLayout(abajo);
+  layout->addLayout(PieDePago(this, u"Total"_s, total_, guardar_, salir_));
 
   EncadenarFoco(QList<QWidget*>{fecha_} + campos_->Orden() +
                 QList<QWidget*>{fg1_, guardar_, salir_});
   connect(fg1_, &RejillaPagos::Recalculada, this,
           [this] { total_->setText(Importe(fg1_->Total())); });
   connect(fg1_, &RejillaPagos::Salir, this, [this] { guardar_->setFocus(); });
-  connect(campos_->cliente()->campo(), &CampoCaptura::Dejado, this, &FormaPago::FacturasDelCliente);
-  connect(campos_->cliente(), &CampoCatalogo::ClienteLeido, this, &FormaPago::FacturasDelCliente);
+  connect(campos_->socio()->campo(), &CampoCaptura::Dejado, this, &FormaPago::DocumentosDelSocio);
+  connect(campos_->socio(), &CampoCatalogo::ClienteLeido, this, &FormaPago::DocumentosDelSocio);
   resize(1000, 560);
   if (cambio_) {
     Cargar(llave);
   } else {
     Nuevo();
   }
-  campos_->cliente()->campo()->setFocus();
+  campos_->socio()->campo()->setFocus();
 }
 
 void FormaPago::Nuevo() {
-  campos_->Nuevo(ventas::CxC());
+  campos_->Nuevo(pantalla_.familia());
   fecha_->setDate(QDate::currentDate());
   status_->setText(u"ALTA"_s);
 }
 
 void FormaPago::Cargar(const QString& llave) {
   llave_ = llave;
-  const captura::Leido leido = captura::LeerDocumento(session_, ventas::CxC(), llave);
+  const captura::Leido leido = captura::LeerDocumento(session_, pantalla_.familia(), llave);
   if (!leido.outcome) {
     guardar_->setEnabled(false);
     QTimer::singleShot(0, this, [this, o = leido.outcome] {
@@ -106,23 +91,23 @@ void FormaPago::Cargar(const QString& llave) {
   }
   const QVariantMap& e = leido.documento.encabezado;
   campos_->Mostrar(e);
-  cliente_cargado_ = e.value(u"cliente"_s).toInt();
+  socio_cargado_ = e.value(QString::fromUtf8(pantalla_.lado.socio)).toInt();
   fecha_->setDate(dialect::ReadDate(e.value(u"fecha"_s)).date());
   status_->setText(e.value(u"status"_s).toString());
   const QString motivo = e.value(u"motivo de baja"_s).toString().trimmed();
   motivo_->setText(u"Motivo de baja: "_s + motivo);
   motivo_->setVisible(!motivo.isEmpty());
-  fg1_->PonerFacturas(ventas::FacturasDelPago(session_, llave), false);
+  fg1_->PonerDocumentos(pagos::DelPago(session_, pantalla_.lado, llave), false);
   guardar_->setEnabled(leido.modificable);
 }
 
-// Leaving the client's field of a new receipt brings that client's open invoices.
-void FormaPago::FacturasDelCliente() {
-  const qint32 cliente = campos_->cliente()->Numero();
-  if (cambio_ || cliente == cliente_cargado_) return;
-  cliente_cargado_ = cliente;
+// Leaving the party's field of a new payment brings that party's open documents.
+void FormaPago::DocumentosDelSocio() {
+  const qint32 socio = campos_->socio()->Numero();
+  if (cambio_ || socio == socio_cargado_) return;
+  socio_cargado_ = socio;
   QString error;
-  fg1_->PonerFacturas(ventas::FacturasPorCobrar(session_, cliente, &error));
+  fg1_->PonerDocumentos(pagos::Abiertos(session_, pantalla_.lado, socio, &error));
   if (!error.isEmpty()) ui::ShowOutcome(this, session_, Outcome::Stop(error));
 }
 
@@ -131,17 +116,18 @@ captura::Documento FormaPago::Capturado() const {
   d.llave = cambio_ ? llave_ : QString();
   campos_->Poner(&d);
   d.encabezado.insert(u"fecha"_s, QDateTime(fecha_->date(), QTime(0, 0)));
-  if (!cambio_) d.partidas = fg1_->Partidas(campos_->cliente()->Numero());
+  if (!cambio_) d.partidas = fg1_->Partidas(campos_->socio()->Numero());
   return d;
 }
 
 void FormaPago::Guardar() {
   const captura::Documento documento = Capturado();
-  if (Outcome revisado = captura::RevisarDocumento(session_, ventas::CxC(), documento); !revisado) {
+  const captura::FamiliaCaptura& familia = pantalla_.familia();
+  if (Outcome revisado = captura::RevisarDocumento(session_, familia, documento); !revisado) {
     return ui::ShowOutcome(this, session_, revisado);
   }
-  if (!AutorizarCaptura(session_, "FrmCxCa", cambio_, this)) return;
-  const captura::Guardado guardado = captura::GuardarDocumento(session_, ventas::CxC(), documento);
+  if (!AutorizarCaptura(session_, pantalla_.alta, cambio_, this)) return;
+  const captura::Guardado guardado = captura::GuardarDocumento(session_, familia, documento);
   if (!guardado.outcome) return ui::ShowOutcome(this, session_, guardado.outcome);
   guardada_ = guardado.llave;
   accept();
