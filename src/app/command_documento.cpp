@@ -10,6 +10,7 @@
 #include "app/empresa_abierta.h"
 #include "core/schema.h"
 #include "documents/captura.h"
+#include "inventory/familias_inventario.h"
 #include "sales/facturar_remisiones.h"
 #include "sales/familias_ventas.h"
 
@@ -51,9 +52,11 @@ bool Leer(const QJsonObject& objeto, const captura::FamiliaCaptura** familia,
           captura::Documento* documento, QStringList* remisiones, QString* error) {
   const QString tabla = objeto.value(u"familia"_s).toString();
   *familia = ventas::FamiliaDeTabla(tabla);
+  if (*familia == nullptr) *familia = inventario::FamiliaDeTabla(tabla);
   if (*familia == nullptr) {
     *error = u"Familia desconocida: \""_s + tabla +
-             u"\" (remisiones, cotizaciones, pedidos, cxc, facturas, notas cliente)"_s;
+             u"\" (remisiones, cotizaciones, pedidos, cxc, facturas, notas cliente,"
+             u" ajustes de inventario, traspasos, produccion)"_s;
     return false;
   }
   const QString detalles = tabla + u" detalles"_s;
