@@ -10,6 +10,7 @@
 #include "documents/ui/bajas_registro.h"
 #include "edocs/ui/folios_registro.h"
 #include "edocs/ui/rpt_informe.h"
+#include "inventory/ui/frm_inventario.h"
 #include "maintenance/ui/mdi_inicio_manto.h"
 #include "sales/ui/cxc_registro.h"
 #include "sales/ui/frm_facturas.h"
@@ -31,6 +32,7 @@ void RegistrarFormularios(FormRegistry& registry) {
   RegistrarVentas(registry);
   RegistrarFacturas(registry);
   RegistrarCuentasPorCobrar(registry);
+  RegistrarInventario(registry);
 }
 
 }  // namespace ventarix

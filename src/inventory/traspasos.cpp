@@ -40,6 +40,9 @@ Outcome CompletarTraspaso(const Session&, Connection& c, const Documento& d, QVa
   PonerSiFalta(p, "impuesto", producto.Number(u"impuesto"_s));
   PonerSiFalta(p, "costo", producto.Number(u"costo"_s));
   PonerSiFalta(p, "com", producto.Number(u"comision"_s));
+  // What the grid shows beside the row: the stock of every warehouse.
+  for (int n = 1; n <= 5; ++n)
+    p->insert(u"almacen%1"_s.arg(n), producto.Number(u"almacen%1"_s.arg(n)));
   p->insert(u"de"_s, d.encabezado.value(u"de"_s));
   p->insert(u"a"_s, d.encabezado.value(u"a"_s));
   return Outcome::Ok();
