@@ -27,7 +27,7 @@ bool EscribirTodo(Connection& c, const QString& carpeta, QString* error) {
          demo::EscribirProductoTerminado(c, dice, error) &&
          demo::EscribirClientesUtilidades(c, error) && demo::EscribirPreciosPorCliente(c, error) &&
          demo::EscribirInventarioInicial(c, error) && demo::EscribirFolios(c, error) &&
-         demo::EscribirHistoria(c, dice, carpeta, error);
+         demo::EscribirHistoria(c, dice, carpeta, error) && demo::EscribirInventario(c, error);
 }
 
 }  // namespace

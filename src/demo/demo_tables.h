@@ -51,6 +51,8 @@ bool EscribirFolios(Connection& c, QString* error);
 // Invoices of the notes asked for with one, free invoices and credit notes sealed among them,
 // their XML in the xml folder of the company's folder tree under `carpeta`.
 bool EscribirHistoria(Connection& c, Dice& dice, const QString& carpeta, QString* error);
+// A count adjustment, a transfer and a closed production order of the last days.
+bool EscribirInventario(Connection& c, QString* error);
 
 // The session of a save that seals: the company's block as `c` holds it, the folder tree under
 // `carpeta`, the demo's default ranges.
