@@ -175,6 +175,38 @@ class TestPantallasInventario : public QObject {
     testing::SaveShot(cambio, u"frm_traspasos_c"_s);
     delete cambio;
   }
+
+  // The finished product and 3 of it bring its materials for 3; the order saved, Terminar's
+  // date closes it and the sets come in.
+  void ProduccionYSuCierre() {
+    const auto company = testing::EmpresaDemo();
+    if (!company) return;
+    Session session = company->MakeSession();
+    CargarSesion(session);
+    const QString juego =
+        Valor(session, u"select codigo from \"productos consumos\" order by codigo"_s).toString();
+    const double juegos = Existencia(session, juego, 1);
+    FormRegistry registry;
+    RegistrarFormularios(registry);
+    auto* alta = qobject_cast<FormaInventario*>(registry.Create(u"FrmProduccionA"_s, session));
+    QVERIFY(alta != nullptr && Mostrar(*alta));
+    Capturar({juego, u"3"_s, QString(), u"taller"_s, u"exhibicion"_s});
+    QCOMPARE(alta->rejilla()->Partidas().size(), size_t(3));
+    QCOMPARE(alta->rejilla()->Numero(0, u"consumo"_s), 3.0);
+    testing::SaveShot(alta, u"frm_produccion_a"_s);
+    Guardar(*alta);
+    QCOMPARE(alta->result(), int(QDialog::Accepted));
+    const QString llave = alta->Guardada();
+    delete alta;
+    auto* cierre = qobject_cast<QDialog*>(registry.Create(u"FrmProduccionT"_s, session, llave));
+    QVERIFY(cierre != nullptr && Mostrar(*cierre));
+    Capturar({QDate::currentDate().toString(u"dd/MM/yyyy"_s), u"juan"_s});
+    testing::SaveShot(cierre, u"frm_produccion_t"_s);
+    QTest::keyClick(Foco(), Qt::Key_Return);  // Aceptar
+    QCOMPARE(cierre->result(), int(QDialog::Accepted));
+    delete cierre;
+    QCOMPARE(Existencia(session, juego, 1), juegos + 3);
+  }
 };
 
 QTEST_MAIN(TestPantallasInventario)
