@@ -10,6 +10,7 @@
 #include "app/empresa_abierta.h"
 #include "core/schema.h"
 #include "documents/captura.h"
+#include "inventory/familias_inventario.h"
 #include "purchasing/familia_compras.h"
 #include "purchasing/familias_proveedor.h"
 #include "sales/facturar_remisiones.h"
@@ -55,10 +56,12 @@ bool Leer(const QJsonObject& objeto, const captura::FamiliaCaptura** familia,
   *familia = ventas::FamiliaDeTabla(tabla);
   if (*familia == nullptr) *familia = compras::FamiliaDeTabla(tabla);
   if (*familia == nullptr) *familia = compras::FamiliaDeProveedor(tabla);
+  if (*familia == nullptr) *familia = inventario::FamiliaDeTabla(tabla);
   if (*familia == nullptr) {
     *error = u"Familia desconocida: \""_s + tabla +
              u"\" (remisiones, cotizaciones, pedidos, cxc, facturas, notas cliente, compras, "
-             u"cxp, ordenes de compra, notas proveedor)"_s;
+             u"cxp, ordenes de compra, notas proveedor, ajustes de inventario, traspasos, "
+             u"produccion)"_s;
     return false;
   }
   const QString detalles = tabla + u" detalles"_s;

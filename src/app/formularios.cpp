@@ -10,6 +10,7 @@
 #include "documents/ui/bajas_registro.h"
 #include "edocs/ui/folios_registro.h"
 #include "edocs/ui/rpt_informe.h"
+#include "inventory/ui/frm_inventario.h"
 #include "maintenance/ui/mdi_inicio_manto.h"
 #include "purchasing/ui/cxp_registro.h"
 #include "purchasing/ui/frm_compras.h"
@@ -37,6 +38,7 @@ void RegistrarFormularios(FormRegistry& registry) {
   RegistrarCompras(registry);
   RegistrarCuentasPorPagar(registry);
   RegistrarDocumentosProveedor(registry);
+  RegistrarInventario(registry);
 }
 
 }  // namespace ventarix

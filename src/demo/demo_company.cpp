@@ -28,7 +28,7 @@ bool EscribirTodo(Connection& c, const QString& carpeta, QString* error) {
          demo::EscribirClientesUtilidades(c, error) && demo::EscribirPreciosPorCliente(c, error) &&
          demo::EscribirInventarioInicial(c, error) && demo::EscribirFolios(c, error) &&
          demo::EscribirHistoria(c, dice, carpeta, error) && demo::EscribirCompras(c, error) &&
-         demo::EscribirPagosAProveedores(c, error);
+         demo::EscribirPagosAProveedores(c, error) && demo::EscribirInventario(c, error);
 }
 
 }  // namespace

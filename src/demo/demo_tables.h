@@ -58,6 +58,8 @@ bool EscribirHistoria(Connection& c, Dice& dice, const QString& carpeta, QString
 // shipped with the demo, and one expense.
 bool EscribirCompras(Connection& c, QString* error);
 bool EscribirPagosAProveedores(Connection& c, QString* error);
+// A count adjustment, a transfer and a closed production order of the last days.
+bool EscribirInventario(Connection& c, QString* error);
 
 // The session of a save that seals: the company's block as `c` holds it, the folder tree under
 // `carpeta`, the demo's default ranges.

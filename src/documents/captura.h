@@ -71,6 +71,11 @@ using Recalcular = Outcome (*)(const Session& session, Connection& c, const Docu
 // fills (the emitter's, the receptor's, the seal). A refusal is the driver's message, on Msg1.
 using Sellar = Outcome (*)(const Session& session, Connection& c, const Documento& d,
                            const QString& serie, qint32* folio, QVariantMap* columnas);
+// Stock moved by the stored rows of `llave` when they go otherwise than by their quantities in
+// the store's warehouse (an adjustment's warehouse, a transfer's two, production's components):
+// `signo` +1 applies them after they are written, -1 undoes them before a change rewrites them.
+using MoverExistencias = Outcome (*)(const Session& session, Connection& c, const QString& llave,
+                                     int signo);
 
 // The families whose serie is a folio range's (invoices, credit notes) rather than the session's.
 struct RangoDeFolios {
@@ -88,7 +93,7 @@ struct FamiliaCaptura {
   QString Session::*actual;       // current-document variable: &Session::RemisionActual
   QString Session::*serie;        // default serie: &Session::SerieRemisiones
   const char* status_inicial;     // "POR FACTURAR"
-  const char* socio = "cliente";  // the header's party column
+  const char* socio = "cliente";  // the header's party column; nullptr: none
   // Rows name products (code, description, unit, quantity): the row check and the stock
   // check apply. A receipt's rows name invoices instead.
   bool productos = true;
@@ -117,6 +122,7 @@ struct FamiliaCaptura {
   // Goods brought in are checked too: a change that lowers them below what was already taken
   // out of the warehouse is refused.
   bool checar_entrada = false;
+  MoverExistencias mover = nullptr;  // in place of `existencias`
   RangoDeFolios rango;
   // A serie and folio taken (another family's document, or a folio the sealing moved) stop the
   // save with this text, two line breaks and the key; null: the next folio is taken instead.
@@ -125,6 +131,8 @@ struct FamiliaCaptura {
   // family's required fields after the suspended client.
   RevisarFamilia revisar_credito = nullptr;
   RevisarFamilia revisar_campos = nullptr;
+  // The family's own stock check, last, where `existencias` has none.
+  RevisarFamilia revisar_existencias = nullptr;
   CompletarEncabezado completar_encabezado = nullptr;
   CompletarPartida completar = nullptr;
   Totalizar totalizar = nullptr;

@@ -96,8 +96,9 @@ QVariantMap Encabezado(const Session& session, const FamiliaCaptura& f, const Do
   fila.insert(u"usuario"_s, session.Usuario);
   fila.insert(u"equipo"_s, session.Equipo);
   fila.insert(u"impuesto"_s, ImpuestoDe(d));
-  const QString socio = QString::fromUtf8(f.socio);
-  fila.insert(socio, static_cast<qint32>(Numero(d.encabezado, f.socio)));
+  // Stock documents name no party.
+  if (f.socio)
+    fila.insert(QString::fromUtf8(f.socio), static_cast<qint32>(Numero(d.encabezado, f.socio)));
   if (!TieneColumna(tabla, u"equipo"_s)) fila.remove(u"equipo"_s);
   return fila;
 }
@@ -119,7 +120,7 @@ bool EscribirPartidas(const Session& session, Connection& c, const FamiliaCaptur
     fila.insert(QString::fromUtf8(f.llave), llave);
     fila.insert(u"item"_s, ++item);
     fila.insert(u"fecha"_s, fecha);
-    if (TieneColumna(tabla, QString::fromUtf8(f.socio))) {
+    if (f.socio && TieneColumna(tabla, QString::fromUtf8(f.socio))) {
       fila.insert(QString::fromUtf8(f.socio), static_cast<qint32>(Numero(d.encabezado, f.socio)));
     }
     if (f.productos) {
@@ -246,9 +247,11 @@ Outcome EscribirCambio(const Session& session, Connection& c, const FamiliaCaptu
              valores, &error)) {
     return Outcome::Stop(error);
   }
-  if (f.existencias != Existencias::kNinguna && g->almacen_anterior > 0 &&
-      !mInventario::ActualizarExistencias(c, tabla, columna, d.llave, g->almacen_anterior,
-                                          -Signo(f.existencias), &error)) {
+  if (f.mover) {
+    if (Outcome o = f.mover(session, c, d.llave, -1); !o) return o;
+  } else if (f.existencias != Existencias::kNinguna && g->almacen_anterior > 0 &&
+             !mInventario::ActualizarExistencias(c, tabla, columna, d.llave, g->almacen_anterior,
+                                                 -Signo(f.existencias), &error)) {
     return Outcome::Stop(error);
   }
   if (f.cambio_con_partidas && !mFunciones::BorrarDetalles(c, tabla, columna, d.llave)) {
@@ -299,7 +302,8 @@ Guardado GuardarDocumento(const Session& session, Connection& c, const FamiliaCa
       return {Outcome::Stop(u"Este documento ya no se puede modificar"_s), {}};
     }
     PonerRango(session, c, f, &d, &leido.documento);
-    g.socio_anterior = static_cast<qint32>(Numero(leido.documento.encabezado, f.socio));
+    if (f.socio)
+      g.socio_anterior = static_cast<qint32>(Numero(leido.documento.encabezado, f.socio));
     g.almacen_anterior = f.almacen ? f.almacen(leido.documento) : AlmacenDe(session, c, f, d);
   } else {
     PonerRango(session, c, f, &d, nullptr);
@@ -326,9 +330,12 @@ Guardado GuardarDocumento(const Session& session, Connection& c, const FamiliaCa
   if (f.totalizar) {
     if (Outcome o = f.totalizar(session, c, d, g.llave); !o) return {o, {}};
   }
-  if (f.existencias != Existencias::kNinguna && g.almacen > 0 &&
-      !mInventario::ActualizarExistencias(c, QString::fromUtf8(f.tabla), QString::fromUtf8(f.llave),
-                                          g.llave, g.almacen, Signo(f.existencias), &error)) {
+  if (f.mover) {
+    if (Outcome o = f.mover(session, c, g.llave, +1); !o) return {o, {}};
+  } else if (f.existencias != Existencias::kNinguna && g.almacen > 0 &&
+             !mInventario::ActualizarExistencias(c, QString::fromUtf8(f.tabla),
+                                                 QString::fromUtf8(f.llave), g.llave, g.almacen,
+                                                 Signo(f.existencias), &error)) {
     return {Outcome::Stop(error), {}};
   }
   if (f.recalcular) {

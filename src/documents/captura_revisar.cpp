@@ -23,7 +23,7 @@ Outcome FolioMayorACero(const FamiliaCaptura& f, const Documento& d) {
 
 Outcome ClienteActivo(const Session& session, Connection& c, const FamiliaCaptura& f,
                       const Documento& d) {
-  if (QLatin1String(f.socio) != "cliente"_L1 || !f.checar_suspendido) return Outcome::Ok();
+  if (!f.socio || QLatin1String(f.socio) != "cliente"_L1 || !f.checar_suspendido) return Outcome::Ok();
   const QVariant suspendido =
       c.Scalar(u"select numero from clientes where juridico = 'S' and numero = ?"_s,
                {static_cast<qint32>(Numero(d.encabezado, "cliente"))});
@@ -119,6 +119,7 @@ Outcome Revisar(const Session& session, Connection& c, const FamiliaCaptura& f,
   if (f.productos && f.checar_partidas) {
     if (Outcome o = ChecarPartidas(d.partidas, f.checar_utilidad, false); !o) return o;
   }
+  if (f.revisar_existencias) return f.revisar_existencias(session, c, d, alta);
   return HayExistencias(session, c, f, d, alta);
 }
 

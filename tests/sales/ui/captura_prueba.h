@@ -24,7 +24,7 @@ inline void Capturar(const QStringList& valores) {
 }
 
 // The first key opens the cell, the rest go to its editor, Enter writes it and moves on.
-inline void EnCelda(RejillaCaptura* grid, const QString& texto) {
+inline void EnCelda(QWidget* grid, const QString& texto) {
   QTest::keyClicks(grid, texto.left(1));
   QVERIFY2(Foco() != nullptr, qPrintable(texto));
   QTest::keyClicks(Foco(), texto.mid(1));
