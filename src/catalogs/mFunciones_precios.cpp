@@ -89,10 +89,12 @@ Outcome ActualizarCostoDesdeCompra(Connection& c, const RowValues& empresa, cons
   if (aplicado) *aplicado = false;
   const catalogs::Formula formula = catalogs::FormulaDeEmpresa(empresa);
   if (formula == catalogs::Formula::kNinguna) return Outcome::Ok();
-  QSqlQuery q = c.Exec(u"select * from productos where codigo = ?"_s, {codigo});
+  // A purchase runs this for every row: the statements are prepared once per connection.
+  QSqlQuery& q = c.ExecRepetida(u"select * from productos where codigo = ?"_s, {codigo});
   if (q.lastError().isValid()) return Outcome::Stop(QueryError(q));
   if (!q.next()) return Outcome::Ok();
   const RowValues producto = RegistroLeido(q);
+  q.finish();
   if (!AplicaCosto(empresa, costo, producto.Number(u"costo"_s))) return Outcome::Ok();
 
   PreciosDeCompra p;
@@ -104,11 +106,12 @@ Outcome ActualizarCostoDesdeCompra(Connection& c, const RowValues& empresa, cons
   QVariantList valores;
   const QString texto = Asignaciones(p, costo, producto.Number(u"impuesto"_s), valores);
   valores << codigo;
-  QString error;
-  if (!RunInTransaction(c, u"update productos set "_s + texto + u" where codigo = ?"_s, valores,
-                        &error)) {
-    return Outcome::Stop(error);
-  }
+  Transaction transaction(c);
+  if (!transaction.ok()) return Outcome::Stop(transaction.error());
+  QSqlQuery& cambio =
+      c.ExecRepetida(u"update productos set "_s + texto + u" where codigo = ?"_s, valores);
+  if (cambio.lastError().isValid()) return Outcome::Stop(QueryError(cambio));
+  if (!transaction.Commit()) return Outcome::Stop(transaction.error());
   if (aplicado) *aplicado = true;
   return Outcome::Ok();
 }

@@ -69,10 +69,12 @@ bool Insertar(Connection& c, const QString& tabla, const QVariantMap& fila, bool
               bool* escrito, QString* error) {
   QStringList nombres;
   for (const QString& columna : fila.keys()) nombres << dialect::Name(columna);
-  QSqlQuery q = c.Exec(u"insert into "_s + dialect::Name(tabla) + u" ("_s + nombres.join(u", "_s) +
-                           u") values ("_s + QStringList(fila.size(), u"?"_s).join(u", "_s) +
-                           u")"_s + (sin_choque ? u" on conflict do nothing"_s : QString()),
-                       fila.values());
+  // The rows of a document share their columns: one statement prepared for all of them.
+  QSqlQuery& q =
+      c.ExecRepetida(u"insert into "_s + dialect::Name(tabla) + u" ("_s + nombres.join(u", "_s) +
+                         u") values ("_s + QStringList(fila.size(), u"?"_s).join(u", "_s) + u")"_s +
+                         (sin_choque ? u" on conflict do nothing"_s : QString()),
+                     fila.values());
   if (q.lastError().isValid()) {
     *error = QueryError(q);
     return false;
