@@ -16,10 +16,9 @@ namespace {
 void PrintContents(const QString& path) {
   Connection connection(CadenaDeRuta(path));
   if (!connection.ok()) return;
-  for (const char* table :
-       {"clientes", "agentes", "proveedores", "bancos", "marcas", "lineas", "productos",
-        "remisiones", "cotizaciones", "pedidos", "facturas", "notas cliente", "cxc", "compras",
-        "cxp"}) {
+  for (const char* table : {"clientes", "agentes", "proveedores", "bancos", "marcas", "lineas",
+                            "productos", "remisiones", "cotizaciones", "pedidos", "facturas",
+                            "notas cliente", "cxc", "compras", "cxp"}) {
     const QString name = QString::fromLatin1(table);
     const qint64 rows =
         connection.Scalar(QStringLiteral("select count(*) from ") + dialect::Name(name))

@@ -25,12 +25,13 @@ struct Compra {
 
 std::vector<Compra> Compras(Connection& c, const QString& tipo) {
   std::vector<Compra> compras;
-  QSqlQuery q = c.Exec(u"select compra, proveedor, fecha, saldo from compras where tipo = ? and "
-                       u"status = 'POR PAGAR' order by fecha, compra"_s,
-                       {tipo});
+  QSqlQuery q = c.Exec(
+      u"select compra, proveedor, fecha, saldo from compras where tipo = ? and "
+      u"status = 'POR PAGAR' order by fecha, compra"_s,
+      {tipo});
   while (q.next()) {
-    compras.push_back({q.value(0).toString(), q.value(1).toInt(),
-                       dialect::ReadDate(q.value(2)), q.value(3).toDouble()});
+    compras.push_back({q.value(0).toString(), q.value(1).toInt(), dialect::ReadDate(q.value(2)),
+                       q.value(3).toDouble()});
   }
   return compras;
 }
@@ -40,8 +41,7 @@ bool Pagar(const Session& s, Connection& c, const Compra& compra, double abono, 
            bool cheque, int dias, QString* error) {
   const compras::MediosSiguientes siguientes = compras::SiguientesDelBanco(c, banco);
   const QString beneficiario =
-      c.Scalar(u"select nombre from proveedores where numero = ?"_s, {compra.proveedor})
-          .toString();
+      c.Scalar(u"select nombre from proveedores where numero = ?"_s, {compra.proveedor}).toString();
   captura::Documento d;
   d.encabezado = {{u"proveedor"_s, compra.proveedor},
                   {u"banco"_s, banco},

@@ -14,10 +14,10 @@ Outcome SaldosDeLosSocios(Connection& connection, const QString& tabla, const QS
                           const QStringList& documentos) {
   if (documentos.isEmpty()) return Outcome::Ok();  // an empty scope would mean every party
   QVariantList valores;
-  QSqlQuery q = connection.Exec(
-      QStringLiteral("select distinct %1 from %2").arg(socio, tabla) +
-          InClause(QStringLiteral(" where "), llave, documentos, &valores),
-      valores);
+  QSqlQuery q =
+      connection.Exec(QStringLiteral("select distinct %1 from %2").arg(socio, tabla) +
+                          InClause(QStringLiteral(" where "), llave, documentos, &valores),
+                      valores);
   if (!q.isActive()) return Outcome::Stop(QueryError(q));
   QList<qint32> socios;
   while (q.next()) socios << q.value(0).toInt();

@@ -23,7 +23,8 @@ Outcome FolioMayorACero(const FamiliaCaptura& f, const Documento& d) {
 
 Outcome ClienteActivo(const Session& session, Connection& c, const FamiliaCaptura& f,
                       const Documento& d) {
-  if (!f.socio || QLatin1String(f.socio) != "cliente"_L1 || !f.checar_suspendido) return Outcome::Ok();
+  if (!f.socio || QLatin1String(f.socio) != "cliente"_L1 || !f.checar_suspendido)
+    return Outcome::Ok();
   const QVariant suspendido =
       c.Scalar(u"select numero from clientes where juridico = 'S' and numero = ?"_s,
                {static_cast<qint32>(Numero(d.encabezado, "cliente"))});

@@ -56,9 +56,8 @@ Outcome DocumentosAbiertos(const Lado& l, const Documento& d, Presente presente,
   for (const QVariantMap& p : d.partidas) {
     if (!presente(l, p)) continue;
     if (!p.contains(u"saldo"_s) || (socio != 0 && Numero(p, l.socio) != socio)) {
-      return Outcome::Warning(
-          S(l.no_abierto).arg(Texto(p, l.documento)) +
-              (socio != 0 ? S(l.del_socio).arg(socio) : QString()),
+      return Outcome::Warning(S(l.no_abierto).arg(Texto(p, l.documento)) +
+                                  (socio != 0 ? S(l.del_socio).arg(socio) : QString()),
                               u"Fg1"_s);
     }
   }
@@ -71,8 +70,8 @@ Outcome Requerido(bool hay, const QString& mensaje, const QString& campo) {
 
 Outcome Medios(const Lado& l, const Documento& d) {
   for (const Requisito& r : l.medios) {
-    const bool hay = r.numero ? Numero(d.encabezado, r.columna) > 0
-                              : !Texto(d.encabezado, r.columna).isEmpty();
+    const bool hay =
+        r.numero ? Numero(d.encabezado, r.columna) > 0 : !Texto(d.encabezado, r.columna).isEmpty();
     if (Outcome o = Requerido(hay, S(r.mensaje), S(r.campo)); !o) return o;
   }
   return Outcome::Ok();
@@ -123,8 +122,8 @@ Outcome RevisarSaldar(const Lado& l, Connection&, const Documento& d, bool alta)
   if (Outcome o = Anotacion(l, d); !o) return o;
   if (!alta) return Outcome::Ok();
   if (Outcome o = DocumentosAbiertos(l, d, motor::NombraDocumento, 0); !o) return o;
-  return Requerido(TotalDe(l, d, motor::NombraDocumento) != 0, u"Se requiere la entrada de un abono"_s,
-                   u"Total"_s);
+  return Requerido(TotalDe(l, d, motor::NombraDocumento) != 0,
+                   u"Se requiere la entrada de un abono"_s, u"Total"_s);
 }
 
 Outcome AbonoAdmitidoDe(const Lado& l, Connection& c, QVariantMap* p) {

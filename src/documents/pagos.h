@@ -75,8 +75,8 @@ struct DocumentoAbierto {
 std::vector<DocumentoAbierto> Abiertos(const Session& session, const Lado& lado, qint32 socio,
                                        QString* error = nullptr);
 // The rows of a stored payment, in their order, with the documents' figures of today.
-std::vector<DocumentoAbierto> DelPago(const Session& session, const Lado& lado,
-                                      const QString& pago, QString* error = nullptr);
+std::vector<DocumentoAbierto> DelPago(const Session& session, const Lado& lado, const QString& pago,
+                                      QString* error = nullptr);
 
 // What the settle screen searches: an optional party, the documents' year and month, and a
 // range of balance ("Ejemplo:  -2.00    y    2.00").

@@ -14,9 +14,7 @@ using namespace Qt::StringLiterals;
 QString S(const char* texto) { return QString::fromUtf8(texto); }
 
 // The expression of the side's reference over `f`, or an empty text.
-QString Referencia(const char* expresion) {
-  return expresion ? S(expresion) : u"''"_s;
-}
+QString Referencia(const char* expresion) { return expresion ? S(expresion) : u"''"_s; }
 
 // documento, referencia, fecha, plazo, total, abonos, descuentos, abono, saldo: the columns
 // both grids read.
@@ -66,8 +64,8 @@ std::vector<DocumentoAbierto> DelPago(const Session& session, const Lado& l, con
               {pago}, error);
 }
 
-std::vector<PorSaldar> Saldables(const Session& session, const Lado& l,
-                                 const FiltroSaldar& filtro, QString* error) {
+std::vector<PorSaldar> Saldables(const Session& session, const Lado& l, const FiltroSaldar& filtro,
+                                 QString* error) {
   std::vector<PorSaldar> documentos;
   const QDate desde(filtro.anio, filtro.mes, 1);
   if (!desde.isValid()) return documentos;
@@ -79,16 +77,15 @@ std::vector<PorSaldar> Saldables(const Session& session, const Lado& l,
       u"select f.%1, l.nombre, f.%2, %3, f.fecha, f.total, f.saldo from %4 f, %5 l "
       u"where f.%1 = l.numero and f.status = ? and f.fecha >= ? and f.fecha < ? "
       u"and f.saldo between ? and ?"_s.arg(S(l.socio), S(l.documento),
-                                            Referencia(l.referencia_saldar), S(l.documentos),
-                                            S(l.socios));
+                                           Referencia(l.referencia_saldar), S(l.documentos),
+                                           S(l.socios));
   if (filtro.socio != 0) {
     sentencia += u" and f.%1 = ?"_s.arg(S(l.socio));
     valores << filtro.socio;
   }
   Connection c(session.Cadena);
-  QSqlQuery q =
-      c.Exec(sentencia + u" order by f.%1, f.fecha, f.%2"_s.arg(S(l.socio), S(l.documento)),
-             valores);
+  QSqlQuery q = c.Exec(
+      sentencia + u" order by f.%1, f.fecha, f.%2"_s.arg(S(l.socio), S(l.documento)), valores);
   if (!q.isActive()) {
     if (error) *error = c.ok() ? QueryError(q) : c.error();
     return documentos;

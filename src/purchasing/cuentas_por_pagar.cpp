@@ -31,7 +31,9 @@ const pagos::Lado kCxP{
     .falta_abono = "Se requiere la entrada de un abono",
     .no_abierto = "La compra %1 no está por pagar",
     .del_socio = " al proveedor %1",
-    .medios = {{.columna = "banco", .mensaje = "Se requiere la entrada de un banco", .campo = "Datos2"},
+    .medios = {{.columna = "banco",
+                .mensaje = "Se requiere la entrada de un banco",
+                .campo = "Datos2"},
                {.columna = "beneficiario",
                 .mensaje = "Se requiere la entrada de un beneficiario",
                 .campo = "Datos5",
@@ -58,8 +60,7 @@ qint64 Siguiente(Connection& c, const QString& columna, qint32 banco) {
 const pagos::Lado& LadoCxP() { return kCxP; }
 
 const captura::FamiliaCaptura& CxP() {
-  static const captura::FamiliaCaptura f =
-      pagos::Pasos<kCxP>::Familia(&Session::PagoActual, false);
+  static const captura::FamiliaCaptura f = pagos::Pasos<kCxP>::Familia(&Session::PagoActual, false);
   return f;
 }
 

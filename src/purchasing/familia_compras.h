@@ -18,8 +18,8 @@ const captura::FamiliaCaptura* FamiliaDeTabla(const QString& tabla);
 
 // What the screen fills on a row of a known code of any supplier's document: the
 // catalogue's description, unit and tax, and its cost as the price when none is typed.
-Outcome CompletarPartidaDeCompra(const Session& session, Connection& c,
-                                 const captura::Documento& d, QVariantMap* partida);
+Outcome CompletarPartidaDeCompra(const Session& session, Connection& c, const captura::Documento& d,
+                                 QVariantMap* partida);
 
 // The warehouse number of a Movimiento: "ALMACEN2" is 2; "GASTOS" (or anything else) is 0.
 int AlmacenDeMovimiento(const QString& movimiento);

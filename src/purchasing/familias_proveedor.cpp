@@ -49,9 +49,9 @@ Outcome CamposNota(const Session& session, Connection& c, const Documento& d, bo
     QSqlQuery& q = c.ExecRepetida(
         u"select proveedor from compras where compra = ? and status <> 'BAJA'"_s, {compra});
     if (!q.next() || q.value(0).toInt() != Proveedor(d)) {
-      return Outcome::Warning(u"La compra "_s + compra + u" no es del proveedor "_s +
-                                  QString::number(Proveedor(d)),
-                              u"Fg1"_s);
+      return Outcome::Warning(
+          u"La compra "_s + compra + u" no es del proveedor "_s + QString::number(Proveedor(d)),
+          u"Fg1"_s);
     }
   }
   return Outcome::Ok();
@@ -65,8 +65,8 @@ Outcome TotalizarNota(const Session&, Connection& c, const Documento&, const QSt
 // names now: their stock is derived again, as the sweep derives it.
 QStringList CodigosDeLaNota(Connection& c, const QString& nota, const QStringList& compras,
                             QString* error) {
-  QStringList codigos = mInventario::ListaCodigosDocumento(c, u"notas proveedor"_s, u"nota"_s,
-                                                           nota, error);
+  QStringList codigos =
+      mInventario::ListaCodigosDocumento(c, u"notas proveedor"_s, u"nota"_s, nota, error);
   QVariantList valores;
   QSqlQuery q = c.Exec(u"select distinct codigo from \"compras detalles\""_s +
                            InClause(u" where "_s, u"compra"_s, compras, &valores),

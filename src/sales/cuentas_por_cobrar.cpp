@@ -32,7 +32,9 @@ const pagos::Lado kCxC{
     .medios = {{.columna = "metodo",
                 .mensaje = "Se requiere la entrada de un método de pago",
                 .campo = "Datos2"},
-               {.columna = "banco", .mensaje = "Se requiere la entrada de un banco", .campo = "Datos3"}},
+               {.columna = "banco",
+                .mensaje = "Se requiere la entrada de un banco",
+                .campo = "Datos3"}},
     .columnas = {u"metodo"_s, u"banco"_s, u"anotacion"_s},
     .saldos = SaldosDeLasFacturas,
 };
@@ -42,8 +44,7 @@ const pagos::Lado kCxC{
 const pagos::Lado& LadoCxC() { return kCxC; }
 
 const captura::FamiliaCaptura& CxC() {
-  static const captura::FamiliaCaptura f =
-      pagos::Pasos<kCxC>::Familia(&Session::PagoActual, false);
+  static const captura::FamiliaCaptura f = pagos::Pasos<kCxC>::Familia(&Session::PagoActual, false);
   return f;
 }
 

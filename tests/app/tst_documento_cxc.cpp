@@ -18,8 +18,8 @@ namespace {
 
 // "status saldo" of T-1 in `tabla` (invoices or purchases).
 QString Documento(Connection& c, const QString& tabla) {
-  QSqlQuery q = c.Exec(u"select status, saldo from "_s + tabla + u" where "_s +
-                       tabla.chopped(1) + u" = 'T-1'"_s);
+  QSqlQuery q = c.Exec(u"select status, saldo from "_s + tabla + u" where "_s + tabla.chopped(1) +
+                       u" = 'T-1'"_s);
   return q.next() ? u"%1 %2"_s.arg(q.value(0).toString()).arg(q.value(1).toDouble()) : QString();
 }
 

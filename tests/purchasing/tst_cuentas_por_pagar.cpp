@@ -31,8 +31,10 @@ QVariantMap Abono(const QString& compra, double abono) {
 
 Documento Cheque(const QString& cheque, std::vector<QVariantMap> partidas) {
   Documento d;
-  d.encabezado = {{u"proveedor"_s, kProveedor},     {u"banco"_s, kBanco},
-                  {u"cheque"_s, cheque},            {u"beneficiario"_s, u"FERRETERA DEL NORTE"_s},
+  d.encabezado = {{u"proveedor"_s, kProveedor},
+                  {u"banco"_s, kBanco},
+                  {u"cheque"_s, cheque},
+                  {u"beneficiario"_s, u"FERRETERA DEL NORTE"_s},
                   {u"anotacion"_s, u"PAGO FACTURAS"_s}};
   d.partidas = std::move(partidas);
   return d;
@@ -41,9 +43,9 @@ Documento Cheque(const QString& cheque, std::vector<QVariantMap> partidas) {
 // The demo company with supplier 9001 owed purchases C-1 (100, the older) and C-2 (50).
 std::optional<testing::EmpresaConSesion> ConCompras() {
   return testing::EmpresaDemoCon([](Connection& c) {
-    return testing::InsertarCompras(c, {kProveedor, kOtro},
-                                    {{u"C-1"_s, kProveedor, 100, kOctubre.addDays(-20)},
-                                     {u"C-2"_s, kProveedor, 50, kOctubre}});
+    return testing::InsertarCompras(
+        c, {kProveedor, kOtro},
+        {{u"C-1"_s, kProveedor, 100, kOctubre.addDays(-20)}, {u"C-2"_s, kProveedor, 50, kOctubre}});
   });
 }
 
@@ -106,13 +108,14 @@ class TestCuentasPorPagar : public QObject {
     QCOMPARE(Compra(c, u"C-2"_s), u"POR PAGAR 30 20"_s);
     QCOMPARE(SaldoProveedor(c, kProveedor), 30.0);
     QCOMPARE(SaldoProveedor(c, kOtro), 0.0);
-    QCOMPARE(c.Scalar(u"select abono from cxp where pago = ?"_s, {primero.llave}).toDouble(), 120.0);
+    QCOMPARE(c.Scalar(u"select abono from cxp where pago = ?"_s, {primero.llave}).toDouble(),
+             120.0);
     const auto abiertas = pagos::Abiertos(e->s, compras::LadoCxP(), kProveedor);
     QCOMPARE(int(abiertas.size()), 1);
     QCOMPARE(abiertas[0].referencia, u"FC-2/RC-2"_s);
 
-    const captura::Guardado segundo = captura::GuardarDocumento(
-        e->s, compras::CxP(), Cheque(u"10"_s, {Abono(u"C-2"_s, 30)}));
+    const captura::Guardado segundo =
+        captura::GuardarDocumento(e->s, compras::CxP(), Cheque(u"10"_s, {Abono(u"C-2"_s, 30)}));
     QVERIFY2(segundo.outcome.ok, qPrintable(segundo.outcome.message));
     QCOMPARE(Compra(c, u"C-2"_s), u"LIQUIDADA 0 50"_s);
     QCOMPARE(compras::SiguientesDelBanco(c, kBanco).cheque, 11);
@@ -129,9 +132,10 @@ class TestCuentasPorPagar : public QObject {
     const captura::Guardado ordenada =
         captura::GuardarDocumento(e->s, compras::OrdenesCompra(), orden);
     QVERIFY2(ordenada.outcome.ok, qPrintable(ordenada.outcome.message));
-    QSqlQuery q = c.Exec(u"select o.status, d.surtir, d.descripcion from \"ordenes de compra\" o, "
-                         u"\"ordenes de compra detalles\" d where o.orden = d.orden and o.orden = ?"_s,
-                         {ordenada.llave});
+    QSqlQuery q = c.Exec(
+        u"select o.status, d.surtir, d.descripcion from \"ordenes de compra\" o, "
+        u"\"ordenes de compra detalles\" d where o.orden = d.orden and o.orden = ?"_s,
+        {ordenada.llave});
     QVERIFY(q.next());
     QCOMPARE(q.value(0).toString(), u"POR SURTIR"_s);
     QCOMPARE(q.value(1).toDouble(), 4.0);
@@ -190,9 +194,9 @@ class TestCuentasPorPagar : public QObject {
     Connection c(e->s.Cadena);
     QCOMPARE(captura::GuardarDocumento(e->s, compras::CxP(), d).outcome.message, mensaje);
     // The demo's own payments stay; none pays the test's purchases.
-    QCOMPARE(c.Scalar(u"select count(*) from \"cxp detalles\" where compra in ('C-1', 'C-2')"_s)
-                 .toInt(),
-             0);
+    QCOMPARE(
+        c.Scalar(u"select count(*) from \"cxp detalles\" where compra in ('C-1', 'C-2')"_s).toInt(),
+        0);
     QCOMPARE(Compra(c, u"C-1"_s), u"POR PAGAR 100 0"_s);
   }
 };

@@ -149,7 +149,8 @@ class TestCuentasPorCobrar : public QObject {
         c, {},
         {{u"T-3"_s, kCliente, 20, kOctubre, 18.5}, {u"T-4"_s, kOtro, 100, kOctubre, 100.5}}));
     const auto facturas = pagos::Saldables(
-        e->s, ventas::LadoCxC(), {.anio = kOctubre.year(), .mes = kOctubre.month(), .desde = -2, .hasta = 2});
+        e->s, ventas::LadoCxC(),
+        {.anio = kOctubre.year(), .mes = kOctubre.month(), .desde = -2, .hasta = 2});
     QCOMPARE(int(facturas.size()), 2);
     QCOMPARE(facturas[0].documento, u"T-3"_s);
     QCOMPARE(facturas[1].nombre, u"CLIENTE 9002"_s);

@@ -71,8 +71,8 @@ CamposPago::CamposPago(Session& session, const PantallaPagos& pantalla, QWidget*
   numero->addStretch();
   rejilla_->addWidget(new QLabel(u"Pago"_s, this), 0, 0);
   rejilla_->addLayout(numero, 0, 1);
-  socio_ = Catalogo(QString::fromUtf8(pantalla.titulo_socio), pantalla.socio, pantalla.ayuda_socio,
-                    1);
+  socio_ =
+      Catalogo(QString::fromUtf8(pantalla.titulo_socio), pantalla.socio, pantalla.ayuda_socio, 1);
   int indice = 2;
   const auto anotacion = CampoDePago{.columna = "anotacion", .titulo = "Anotación"};
   std::vector<CampoDePago> campos = pantalla.campos;

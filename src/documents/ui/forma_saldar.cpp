@@ -93,11 +93,11 @@ void FormaSaldar::Consultar() {
   QString error;
   documentos_ = pagos::Saldables(session_, pantalla_.lado,
                                  {.socio = campos_->socio()->Numero(),
-                                         .anio = anio_->text().toInt(),
-                                         .mes = mes_->text().toInt(),
-                                         .desde = desde_->Numero(),
-                                         .hasta = hasta_->Numero()},
-                                        &error);
+                                  .anio = anio_->text().toInt(),
+                                  .mes = mes_->text().toInt(),
+                                  .desde = desde_->Numero(),
+                                  .hasta = hasta_->Numero()},
+                                 &error);
   if (!error.isEmpty()) ui::ShowOutcome(this, session_, Outcome::Stop(error));
   MostrarDocumentos();
 }

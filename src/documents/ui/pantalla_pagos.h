@@ -36,16 +36,15 @@ struct PantallaPagos {
   const char* titulo_saldar;  // "SALDAR Cuentas x Cobrar de Clientes"
   const char* titulo_socio;   // "Cliente"
   Catalogo socio;
-  const char* ayuda_socio;              // "CLIENTES"
-  std::vector<CampoDePago> campos;      // between the party and the annotation
-  const char* documento;                // the grids' first heading: "Factura"
-  const char* referencia = nullptr;     // the payment grid's second heading, if any
-  const char* referencia_saldar;        // the settle grid's: "Depto"
-  const char* quitar;                   // "Quitar factura de ajuste de pagos"
-  const char* seguro_quitar;            // "Seguro quitar factura de ajuste de pagos"
+  const char* ayuda_socio;           // "CLIENTES"
+  std::vector<CampoDePago> campos;   // between the party and the annotation
+  const char* documento;             // the grids' first heading: "Factura"
+  const char* referencia = nullptr;  // the payment grid's second heading, if any
+  const char* referencia_saldar;     // the settle grid's: "Depto"
+  const char* quitar;                // "Quitar factura de ajuste de pagos"
+  const char* seguro_quitar;         // "Seguro quitar factura de ajuste de pagos"
   // What choosing a catalogue field fills in the others (the next cheque of a bank).
-  QVariantMap (*al_elegir)(const Session& session, const QString& columna, qint32 numero) =
-      nullptr;
+  QVariantMap (*al_elegir)(const Session& session, const QString& columna, qint32 numero) = nullptr;
 };
 
 }  // namespace ventarix

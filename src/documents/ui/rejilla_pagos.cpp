@@ -26,9 +26,9 @@ RejillaPagos::RejillaPagos(const PantallaPagos& pantalla, QWidget* parent)
     : QTableWidget(0, kColumnas, parent), pantalla_(pantalla) {
   setObjectName(u"Fg1"_s);
   setHorizontalHeaderLabels({QString::fromUtf8(pantalla.documento),
-                             QString::fromUtf8(pantalla.referencia), u"Fecha"_s, u"Plazo"_s, u"Vence"_s, u"Total $"_s,
-                             u"Abonos $"_s, u"Notas Crédito $"_s, u"Abono <F8>"_s, u"Saldo $"_s,
-                             QString()});
+                             QString::fromUtf8(pantalla.referencia), u"Fecha"_s, u"Plazo"_s,
+                             u"Vence"_s, u"Total $"_s, u"Abonos $"_s, u"Notas Crédito $"_s,
+                             u"Abono <F8>"_s, u"Saldo $"_s, QString()});
   setColumnHidden(kAntes, true);
   setColumnHidden(kReferencia, pantalla.referencia == nullptr);
   setSelectionMode(QAbstractItemView::SingleSelection);

@@ -15,8 +15,8 @@ using namespace Qt::StringLiterals;
 void Imprimir(Navegador& navegador) {
   const QString pago = navegador.LlaveActual();
   if (pago.isEmpty()) return;
-  ui::Inform(&navegador, u"POLIZA DE EGRESO No. "_s + pago +
-                             u"\n\nEsta función aún no está disponible."_s);
+  ui::Inform(&navegador,
+             u"POLIZA DE EGRESO No. "_s + pago + u"\n\nEsta función aún no está disponible."_s);
 }
 
 }  // namespace

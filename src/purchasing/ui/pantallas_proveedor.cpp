@@ -27,7 +27,8 @@ void CompraDeLaNota(FormaCaptura& forma) {
   if (!aceptado || compra.isEmpty()) return;
   RejillaCaptura* grid = forma.rejilla();
   for (int fila = 0; fila < grid->rowCount(); ++fila) {
-    if (grid->Codigo(fila).isEmpty() || !grid->Partida(fila).value(u"compra"_s).toString().isEmpty()) {
+    if (grid->Codigo(fila).isEmpty() ||
+        !grid->Partida(fila).value(u"compra"_s).toString().isEmpty()) {
       continue;
     }
     grid->PonerPartida(fila, {{u"compra"_s, compra}});
@@ -42,12 +43,12 @@ const captura_ui::Pantalla& OrdenesCompra() {
       .cambio = "FrmOrdenesCompraC",
       .titulo = "ORDENES DE COMPRA",
       .tipos = {u"DIRECTA"_s, u"PEDIDO"_s, u"CONSIGNACION"_s},
-      .datos = {{.indice = 0, .columna = "folio", .titulo = "Folio", .campo = Campo::kNumero},
-                {.indice = 1, .columna = "proveedor", .titulo = "Proveedor",
-                 .campo = Campo::kProveedor},
-                {.indice = 3, .columna = "plazo", .titulo = "Plazo", .campo = Campo::kNumero},
-                {.indice = 20, .columna = "referencia", .titulo = "Referencia"},
-                {.indice = 5, .columna = "obs", .titulo = "Observaciones"}},
+      .datos =
+          {{.indice = 0, .columna = "folio", .titulo = "Folio", .campo = Campo::kNumero},
+           {.indice = 1, .columna = "proveedor", .titulo = "Proveedor", .campo = Campo::kProveedor},
+           {.indice = 3, .columna = "plazo", .titulo = "Plazo", .campo = Campo::kNumero},
+           {.indice = 20, .columna = "referencia", .titulo = "Referencia"},
+           {.indice = 5, .columna = "obs", .titulo = "Observaciones"}},
       .con_surtir = true,
       .fuente = nullptr,
   };
@@ -62,12 +63,14 @@ const captura_ui::Pantalla& NotasProveedor() {
       .cambio = "FrmNotasProveedorC",
       .titulo = "NOTAS DE CREDITO PROVEEDOR",
       .tipos = {u"DEVOLUCION"_s, u"DESCUENTO"_s},
-      .datos = {{.indice = 0, .columna = "folio", .titulo = "Folio", .campo = Campo::kNumero},
-                {.indice = 1, .columna = "proveedor", .titulo = "Proveedor",
-                 .campo = Campo::kProveedor},
-                {.indice = 2, .columna = "nota proveedor", .titulo = "Nota del proveedor",
-                 .longitud = 20},
-                {.indice = 5, .columna = "obs", .titulo = "Observaciones"}},
+      .datos =
+          {{.indice = 0, .columna = "folio", .titulo = "Folio", .campo = Campo::kNumero},
+           {.indice = 1, .columna = "proveedor", .titulo = "Proveedor", .campo = Campo::kProveedor},
+           {.indice = 2,
+            .columna = "nota proveedor",
+            .titulo = "Nota del proveedor",
+            .longitud = 20},
+           {.indice = 5, .columna = "obs", .titulo = "Observaciones"}},
       .acciones = {{.nombre = "Compra", .texto = "C&ompra", .hacer = CompraDeLaNota}},
       .fuente = "compra",
       .titulo_fuente = "Compra",
@@ -78,7 +81,8 @@ const captura_ui::Pantalla& NotasProveedor() {
 }  // namespace compras_ui
 
 void RegistrarDocumentosProveedor(FormRegistry& registry) {
-  for (const captura_ui::Pantalla* p : {&compras_ui::OrdenesCompra(), &compras_ui::NotasProveedor()}) {
+  for (const captura_ui::Pantalla* p :
+       {&compras_ui::OrdenesCompra(), &compras_ui::NotasProveedor()}) {
     for (const bool cambio : {false, true}) {
       registry.Add(QLatin1String(cambio ? p->cambio : p->alta),
                    [p, cambio](Session& session, const QString& llave) -> QWidget* {

@@ -62,13 +62,19 @@ class TestPantallasCxP : public QObject {
                                       {{u"C-2"_s, kProveedor, 50, kOctubre},
                                        {u"C-1"_s, kProveedor, 100, kOctubre.addDays(-20)}}) &&
              testing::InsertarFila(c, u"cxp"_s,
-                                   {{u"pago"_s, u"X-1"_s}, {u"folio"_s, 1}, {u"fecha"_s, kOctubre},
+                                   {{u"pago"_s, u"X-1"_s},
+                                    {u"folio"_s, 1},
+                                    {u"fecha"_s, kOctubre},
                                     {u"periodo"_s, kOctubre.year()},
-                                    {u"banco"_s, 2}, {u"cheque"_s, u"7"_s}}) &&
+                                    {u"banco"_s, 2},
+                                    {u"cheque"_s, u"7"_s}}) &&
              testing::InsertarFila(c, u"cxp"_s,
-                                   {{u"pago"_s, u"X-2"_s}, {u"folio"_s, 2}, {u"fecha"_s, kOctubre},
+                                   {{u"pago"_s, u"X-2"_s},
+                                    {u"folio"_s, 2},
+                                    {u"fecha"_s, kOctubre},
                                     {u"periodo"_s, kOctubre.year()},
-                                    {u"banco"_s, 1}, {u"cheque"_s, u"30"_s}});
+                                    {u"banco"_s, 1},
+                                    {u"cheque"_s, u"30"_s}});
     });
     if (!e) return;
     Session session = e->s;
@@ -100,8 +106,8 @@ class TestPantallasCxP : public QObject {
     const QString llave = session.PagoActual;
     QVERIFY(llave.startsWith(session.SerieCxP + u'-'));
     Connection c(session.Cadena);
-    QSqlQuery q = c.Exec(u"select cheque, transferencia, beneficiario, abono from cxp where pago = ?"_s,
-                         {llave});
+    QSqlQuery q = c.Exec(
+        u"select cheque, transferencia, beneficiario, abono from cxp where pago = ?"_s, {llave});
     QVERIFY(q.next());
     QCOMPARE(q.value(0).toString(), u"8"_s);
     QCOMPARE(q.value(1).toString(), QString());

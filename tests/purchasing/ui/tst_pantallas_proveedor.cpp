@@ -77,10 +77,9 @@ class TestPantallasProveedor : public QObject {
     testing::SaveShot(&nota, u"frm_notas_proveedor_a"_s);
     testing::Guardar(nota);
     QCOMPARE(nota.result(), int(QDialog::Accepted));
-    const double total =
-        Valor(session, u"select total from \"notas proveedor\" where nota = ?"_s,
-              {session.NotaActual})
-            .toDouble();
+    const double total = Valor(session, u"select total from \"notas proveedor\" where nota = ?"_s,
+                               {session.NotaActual})
+                             .toDouble();
     QVERIFY(total > 0);
     QCOMPARE(Valor(session, u"select saldo from compras where compra = 'C-1'"_s).toDouble(),
              std::round((100 - total) * 100) / 100);  // a balance keeps two places

@@ -17,11 +17,11 @@
 #include "core/ui/browse_model.h"
 #include "core/ui/form_registry.h"
 #include "core/ui/navegador.h"
-#include "sales/facturas_por_cobrar.h"
 #include "documents/ui/forma_pago.h"
 #include "documents/ui/forma_saldar.h"
-#include "sales/ui/pantalla_cxc.h"
 #include "documents/ui/rejilla_pagos.h"
+#include "sales/facturas_por_cobrar.h"
+#include "sales/ui/pantalla_cxc.h"
 #include "support/empresa_demo.h"
 #include "support/modal_catcher.h"
 
